@@ -1,0 +1,8 @@
+# quillmark_room(NAME SOURCES file... USES target...): the static library of one folder of src/.
+# What a room may include is what it USES, so that an include against the arrows does not link.
+function(quillmark_room NAME)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+  add_library(quillmark_${NAME} STATIC ${ROOM_SOURCES})
+  target_include_directories(quillmark_${NAME} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(quillmark_${NAME} PUBLIC ${ROOM_USES} PRIVATE quillmark_warnings)
+endfunction()

@@ -1,0 +1,6 @@
+# Every target of the project links this one: the warnings it must compile without.
+# -Wno-restrict: g++ 12 sees overlapping copies in std::string's own operator+ (GCC bug 105329).
+add_library(quillmark_warnings INTERFACE)
+target_compile_options(quillmark_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wimplicit-fallthrough -Wno-restrict)

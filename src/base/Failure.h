@@ -1,0 +1,47 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <system_error>
+
+namespace quillmark {
+
+/// The one exception of the engine, the settings and the adapters: what went wrong, as the number and
+/// the description that a run's failure message shows to the user. The manual lists every number.
+class Failure : public std::runtime_error {
+public:
+    Failure(int number, const std::string& description)
+        : std::runtime_error(description), number_(number) {}
+
+    int number() const { return number_; }
+    std::string description() const { return what(); }
+
+private:
+    int number_;
+};
+
+/// 5: a text or a position that the called procedure cannot work with.
+Failure invalidProcedureCall();
+/// 6: a number that does not fit the field it is meant for.
+Failure overflow();
+/// 53: a file that is not there.
+Failure fileNotFound();
+/// 70: a file or folder that the user may not read or write.
+Failure permissionDenied();
+/// 76: a folder that is not there.
+Failure pathNotFound();
+/// 1001: a settings file that ends before its last field.
+Failure unexpectedEndOfFile();
+/// 1002: a disk without room for what is to be written.
+Failure diskFull();
+/// 1003: any other refusal of the local disk; `detail` is the system's own wording.
+Failure diskFailure(const std::string& detail);
+
+/// The failure that stands for an error of the local disk; `missing` is what a path that is not there
+/// means to the caller (fileNotFound() or pathNotFound()).
+Failure failureFromError(const std::error_code& error, const Failure& missing);
+
+/// "An Error Has Occurred (Overflow(6))": the message that a failure inside a run leaves.
+std::string errorMessage(const Failure& failure);
+
+} // namespace quillmark

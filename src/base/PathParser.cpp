@@ -1,0 +1,52 @@
+#include "base/PathParser.h"
+
+namespace quillmark {
+
+namespace {
+
+std::size_t nextSeparator(std::string_view spec, std::size_t from) {
+    const std::size_t backslash = spec.find('\\', from);
+    return backslash != std::string_view::npos ? backslash : spec.find('/', from);
+}
+
+std::size_t nameStartOf(std::string_view spec) {
+    std::size_t last = nextSeparator(spec, 0);
+    if (last == std::string_view::npos) {
+        const std::size_t colon = spec.find(':');
+        return colon == std::string_view::npos ? 1 : colon + 2;
+    }
+    for (std::size_t next = last; next != std::string_view::npos;) {
+        last = next;
+        next = nextSeparator(spec, last + 1);
+    }
+    return last + 2;
+}
+
+} // namespace
+
+void PathParser::FileSpec(std::string_view spec) {
+    spec_.assign(spec);
+    nameStart_ = nameStartOf(spec_);
+}
+
+std::string_view PathParser::Extension() const {
+    const std::size_t dot = spec_.rfind('.');
+    return dot == std::string::npos ? std::string_view() : std::string_view(spec_).substr(dot + 1);
+}
+
+std::string_view PathParser::BaseName() const {
+    const std::string_view name = FileName();
+    return name.substr(0, name.find('.'));
+}
+
+std::string_view PathParser::HostPath() const {
+    const std::size_t server = spec_.find("//");
+    if (server == std::string::npos) {
+        return {};
+    }
+    const std::size_t path = spec_.find('/', server + 2);
+    return path == std::string::npos ? std::string_view()
+                                     : std::string_view(spec_).substr(path + 1);
+}
+
+} // namespace quillmark

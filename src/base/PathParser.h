@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quillmark {
+
+/// Takes a file specification apart, in "/" form, "\" form or a mix of both. A plain character search:
+/// nothing consults the file system. The parts are views that hold until the next FileSpec().
+class PathParser {
+public:
+    PathParser() = default;
+    explicit PathParser(std::string_view spec) { FileSpec(spec); }
+
+    /// Gives a new specification; all parts below are those of the last one given.
+    void FileSpec(std::string_view spec);
+    std::string_view FileSpec() const { return spec_; }
+
+    /// 1-based position of the first character of the file name: behind the last separator of either
+    /// kind, or, without any separator, behind the first ":" ("C:page.htm" gives 3), or 1.
+    std::size_t NameStart() const { return nameStart_; }
+    /// Everything before the name, with the final separator.
+    std::string_view Path() const { return std::string_view(spec_).substr(0, nameStart_ - 1); }
+    /// Everything from the name start on; empty when the specification ends in a separator.
+    std::string_view FileName() const { return std::string_view(spec_).substr(nameStart_ - 1); }
+    /// What follows the last "." of the whole specification ("site.dir/readme" gives "dir/readme":
+    /// callers compare with known extensions, so that a stray match is harmless).
+    std::string_view Extension() const;
+    /// The file name before its first "." ("a.b.html" gives "a").
+    std::string_view BaseName() const;
+    /// Of "scheme://server/dir/a.htm", "dir/a.htm"; empty without "//" or without a "/" behind it.
+    std::string_view HostPath() const;
+
+private:
+    std::string spec_;
+    std::size_t nameStart_ = 1;
+};
+
+} // namespace quillmark

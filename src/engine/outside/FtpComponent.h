@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace quillmark {
+
+/// What it takes to log in at a web host.
+struct FtpLogin {
+    bool passiveDisabled = false;
+    std::string host;
+    std::int16_t port = 21;
+    std::string userName;
+    std::string password;
+    std::string account;
+};
+
+/// The conversation with one web host. Paths are host paths, "/" form, as the bytes that the host or a
+/// page gave. A connection that is lost, and stays lost after one attempt to log in anew, is a Failure.
+class FtpComponent {
+public:
+    using DirItem = std::function<void(std::string_view line)>;
+
+    virtual ~FtpComponent() = default;
+
+    /// Connects and logs in, ready for binary transfers in stream mode. What went wrong shows in
+    /// connected() afterwards.
+    virtual void connect(const FtpLogin& login) = 0;
+    /// Whether the connection state is 1, connected.
+    virtual bool connected() const = 0;
+    virtual void disconnect() = 0;
+
+    /// Lists a directory; each line of the listing, as the host sent it, goes to `item` before the call
+    /// returns. Throws a Failure when the listing fails.
+    virtual void list(std::string_view directory, const DirItem& item) = 0;
+    /// The same for the directory that the host calls the current one.
+    virtual void listWorkingDirectory(const DirItem& item) = 0;
+
+    /// Retrieves a file into a local one ("\" form). False when the host refuses the transfer; there is
+    /// no local file then.
+    virtual bool retrieve(std::string_view remoteFile, std::string_view localFile) = 0;
+};
+
+} // namespace quillmark

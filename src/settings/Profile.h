@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quillmark {
+
+/// The settings of one web site. Flags hold 0 or 1 and are on when they equal 1, CHECK_DUPES when it is
+/// not 0. IGNORE_VALUE, which a profile file holds too, is a value of the Configuration.
+struct Profile {
+    std::string HOST_NAME; ///< Name or address of the FTP server.
+    std::string USER_NAME;
+    std::string START_PATH; ///< The start file; with a "\" it is a local one.
+    std::string ACCOUNT_NAME;
+    std::string USER_PASSWORD; ///< In clear; stored scrambled.
+    std::int16_t GET_STATS = 0;
+    std::int16_t CHECK_DUPES = 0;
+    std::int16_t IGNORE_TOPICS = 0;
+    std::int16_t IGNORE_CGI = 0;
+    std::int16_t CHECK_URL = 0;
+    std::int16_t MAX_LEVELS = 0; ///< Depth to which directories are listed; 0 is all.
+    std::int16_t START_COL = 0;  ///< 1-based column at which the size begins in a listing line.
+    std::int16_t END_COL = 0;    ///< The column behind the size.
+    std::int16_t HOST_PORT = 0;
+    std::int16_t DISABLE_PASV = 0;
+    std::int16_t UPPER_LEVELS = 0; ///< Follow "../" references above the start.
+    std::int16_t ROOT_LEVEL = 0;   ///< Allow references that begin with "/".
+    std::string HOST_ALIAS;        ///< The site's web host name in absolute references.
+
+    bool operator==(const Profile&) const = default;
+};
+
+} // namespace quillmark

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <memory_resource>
+#include <string_view>
+#include <vector>
+
+namespace quillmark {
+
+/// An ordered list of text lines (bytes), indexed from 0, in the order of their appending. A line stays
+/// where it is in memory until Clear(), whatever is appended or removed, so that a view of a line may be
+/// kept as long as the list keeps its run.
+///
+///     lines_  | kept | kept | gap | gap | kept | kept |      gapStart_ = 2, gapLength_ = 2
+///     index      0      1                  2      3
+///
+/// Removed places gather in one gap that moves to the place of the next removal: a pass that walks the
+/// list and removes here and there moves each line once, as one compaction would.
+class ResultList {
+public:
+    /// The number of lines at which a list ends the run that fills it.
+    static constexpr int Maximum = 31000;
+
+    ResultList();
+    ResultList(const ResultList& other);
+    ResultList& operator=(const ResultList& other);
+    ~ResultList() = default;
+
+    /// Adds a copy of the line at the end.
+    void Append(std::string_view line);
+    /// Line i, with 0 <= i < Count().
+    std::string_view Line(int i) const;
+    int Count() const;
+    void Clear();
+    /// Removes line i; the later lines move down by one.
+    void Remove(int i);
+
+private:
+    std::size_t place(int i) const;
+    std::string_view stored(std::string_view line);
+    void moveGapTo(std::size_t index);
+
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> bytes_;
+    std::vector<std::string_view> lines_;
+    std::size_t gapStart_ = 0;
+    std::size_t gapLength_ = 0;
+};
+
+bool operator==(const ResultList& a, const ResultList& b);
+
+} // namespace quillmark
