@@ -6,8 +6,9 @@
 
 namespace quillmark {
 
-/// The one exception of the engine, the settings and the adapters: what went wrong, as the number and
-/// the description that a run's failure message shows to the user. The manual lists every number.
+/// The one exception of the engine, the settings and the adapters: what went wrong, as the number
+/// and the description that a run's failure message shows to the user. The manual lists every
+/// number.
 class Failure : public std::runtime_error {
 public:
     Failure(int number, const std::string& description)
@@ -37,8 +38,8 @@ Failure diskFull();
 /// 1003: any other refusal of the local disk; `detail` is the system's own wording.
 Failure diskFailure(const std::string& detail);
 
-/// The failure that stands for an error of the local disk; `missing` is what a path that is not there
-/// means to the caller (fileNotFound() or pathNotFound()).
+/// The failure that stands for an error of the local disk; `missing` is what a path that is not
+/// there means to the caller (fileNotFound() or pathNotFound()).
 Failure failureFromError(const std::error_code& error, const Failure& missing);
 
 /// "An Error Has Occurred (Overflow(6))": the message that a failure inside a run leaves.

@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::string_view Digits = "0123456789";
 
-/// Digits, and one "." with further digits: never the "inf", "nan" or exponents that from_chars knows.
+/// Digits, and one "." with further digits: never the "inf", "nan" or exponents that from_chars
+/// knows.
 std::string_view plainDecimalPrefix(std::string_view text) {
     std::size_t end = std::min(text.find_first_not_of(Digits), text.size());
     if (end < text.size() && text[end] == '.') {

@@ -6,8 +6,9 @@
 
 namespace quillmark {
 
-/// Takes a file specification apart, in "/" form, "\" form or a mix of both. A plain character search:
-/// nothing consults the file system. The parts are views that hold until the next FileSpec().
+/// Takes a file specification apart, in "/" form, "\" form or a mix of both. A plain character
+/// search: nothing consults the file system. The parts are views that hold until the next
+/// FileSpec().
 class PathParser {
 public:
     PathParser() = default;
@@ -17,8 +18,8 @@ public:
     void FileSpec(std::string_view spec);
     std::string_view FileSpec() const { return spec_; }
 
-    /// 1-based position of the first character of the file name: behind the last separator of either
-    /// kind, or, without any separator, behind the first ":" ("C:page.htm" gives 3), or 1.
+    /// 1-based position of the first character of the file name: behind the last separator of
+    /// either kind, or, without any separator, behind the first ":" ("C:page.htm" gives 3), or 1.
     std::size_t NameStart() const { return nameStart_; }
     /// Everything before the name, with the final separator.
     std::string_view Path() const { return std::string_view(spec_).substr(0, nameStart_ - 1); }

@@ -25,8 +25,9 @@ std::optional<std::string> upperUtf8(std::string_view text) {
     result.reserve(text.size());
     while (!text.empty()) {
         utf8proc_int32_t codePoint = 0;
-        const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                             static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
+        const auto length =
+            utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                             static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
         if (length <= 0) {
             return std::nullopt;
         }

@@ -6,8 +6,8 @@
 
 namespace quillmark {
 
-/// A short list of the newest lines, indexed from 0. Unlike a result list it gives the memory of its
-/// oldest lines back, so that it can run for as long as the program does.
+/// A short list of the newest lines, indexed from 0. Unlike a result list it gives the memory of
+/// its oldest lines back, so that it can run for as long as the program does.
 class CappedList {
 public:
     void Append(std::string_view line) { lines_.emplace_back(line); }

@@ -13,9 +13,11 @@ enum class FileCategory { All, Code, Image, Multimedia, Document, Archive, UserD
 
 /// The selector's entries, index for index with FileCategory.
 inline constexpr std::array<std::string_view, 7> FileCategoryNames = {
-    "All Files", "Code Files", "Image Files", "Multimedia", "Documents", "Archives", "User Defined"};
+    "All Files", "Code Files", "Image Files", "Multimedia",
+    "Documents", "Archives",   "User Defined"};
 
-/// The extensions of each category: upper case, without the leading "." (user-defined ones may have it).
+/// The extensions of each category: upper case, without the leading "." (user-defined ones may have
+/// it).
 struct CategoryMasks {
     ResultList lstFileMasks;
     ResultList lstCodeMask;
@@ -28,8 +30,8 @@ struct CategoryMasks {
 /// Whether any line of the list equals the text exactly.
 bool ListContains(const ResultList& list, std::string_view text);
 
-/// Whether a file name, already in upper case, belongs to the selected category; no selection has no
-/// files.
+/// Whether a file name, already in upper case, belongs to the selected category; no selection has
+/// no files.
 bool subCheckMask(std::string_view name, std::optional<FileCategory> selected,
                   const CategoryMasks& masks);
 

@@ -8,8 +8,8 @@
 
 namespace quillmark {
 
-/// Answers "does the list hold a line equal to this one" with one probe instead of a walk. It follows
-/// a list that only grows; removals and Clear() end its use.
+/// Answers "does the list hold a line equal to this one" with one probe instead of a walk. It
+/// follows a list that only grows; removals and Clear() end its use.
 class LineIndex {
 public:
     LineIndex(const ResultList& list, NameComparison comparison);

@@ -4,7 +4,8 @@
 
 namespace quillmark {
 
-/// Shows how far a long loop has come. One indicator is open at a time; opening it again re-titles it.
+/// Shows how far a long loop has come. One indicator is open at a time; opening it again re-titles
+/// it.
 class Progress {
 public:
     virtual ~Progress() = default;

@@ -8,15 +8,15 @@
 
 namespace quillmark {
 
-/// An ordered list of text lines (bytes), indexed from 0, in the order of their appending. A line stays
-/// where it is in memory until Clear(), whatever is appended or removed, so that a view of a line may be
-/// kept as long as the list keeps its run.
+/// An ordered list of text lines (bytes), indexed from 0, in the order of their appending. A line
+/// stays where it is in memory until Clear(), whatever is appended or removed, so that a view of a
+/// line may be kept as long as the list keeps its run.
 ///
 ///     lines_  | kept | kept | gap | gap | kept | kept |      gapStart_ = 2, gapLength_ = 2
 ///     index      0      1                  2      3
 ///
-/// Removed places gather in one gap that moves to the place of the next removal: a pass that walks the
-/// list and removes here and there moves each line once, as one compaction would.
+/// Removed places gather in one gap that moves to the place of the next removal: a pass that walks
+/// the list and removes here and there moves each line once, as one compaction would.
 class ResultList {
 public:
     /// The number of lines at which a list ends the run that fills it.

@@ -5,9 +5,9 @@
 
 namespace quillmark {
 
-/// Everything that a check run finds. Each pair of lists is parallel: line i of a ...From list is the
-/// file that refers to line i of its partner, and line i of FileSizes is line i of FileList followed by
-/// the file's size. They keep what they hold after a run, until the next one begins.
+/// Everything that a check run finds. Each pair of lists is parallel: line i of a ...From list is
+/// the file that refers to line i of its partner, and line i of FileSizes is line i of FileList
+/// followed by the file's size. They keep what they hold after a run, until the next one begins.
 struct ResultLists {
     ResultList DirectoryList; ///< Directories of the inventory, "/" form, ending in "/".
     ResultList FileList;      ///< Files of the inventory, full path in "/" form.

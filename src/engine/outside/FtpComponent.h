@@ -17,8 +17,9 @@ struct FtpLogin {
     std::string account;
 };
 
-/// The conversation with one web host. Paths are host paths, "/" form, as the bytes that the host or a
-/// page gave. A connection that is lost, and stays lost after one attempt to log in anew, is a Failure.
+/// The conversation with one web host. Paths are host paths, "/" form, as the bytes that the host
+/// or a page gave. A connection that is lost, and stays lost after one attempt to log in anew, is a
+/// Failure. Once the run is being aborted a waiting operation returns soon, with what it has.
 class FtpComponent {
 public:
     using DirItem = std::function<void(std::string_view line)>;
@@ -30,17 +31,23 @@ public:
     virtual void connect(const FtpLogin& login) = 0;
     /// Whether the connection state is 1, connected.
     virtual bool connected() const = 0;
+    /// Never fails.
     virtual void disconnect() = 0;
 
-    /// Lists a directory; each line of the listing, as the host sent it, goes to `item` before the call
-    /// returns. Throws a Failure when the listing fails.
+    /// Lists a directory; each line of the listing, as the host sent it, goes to `item` before the
+    /// call returns. Throws a Failure when the listing fails.
     virtual void list(std::string_view directory, const DirItem& item) = 0;
     /// The same for the directory that the host calls the current one.
     virtual void listWorkingDirectory(const DirItem& item) = 0;
 
-    /// Retrieves a file into a local one ("\" form). False when the host refuses the transfer; there is
-    /// no local file then.
+    /// Retrieves a file into a local one ("\" form). False when the host refuses the transfer;
+    /// there is no local file then.
     virtual bool retrieve(std::string_view remoteFile, std::string_view localFile) = 0;
+
+    /// Deletes a file of the host. Throws a Failure when the host refuses.
+    virtual void deleteFile(std::string_view remoteFile) = 0;
+    /// Removes a directory of the host. Throws a Failure when the host refuses.
+    virtual void removeDirectory(std::string_view directory) = 0;
 };
 
 } // namespace quillmark

@@ -22,9 +22,10 @@ public:
     /// Throws a Failure when the folder cannot be read.
     virtual FolderListing list(std::string_view folder) = 0;
 
-    /// Copies a file in whole blocks of 1,025 bytes, the last one filled up with zero bytes. When the
-    /// source has no such spelling on the disk, a name that differs in the case of ASCII letters is
-    /// taken for it, component by component. Returns 0, or 1 when opening, reading or writing failed.
+    /// Copies a file in whole blocks of 1,025 bytes, the last one filled up with zero bytes. When
+    /// the source has no such spelling on the disk, a name that differs in the case of ASCII
+    /// letters is taken for it, component by component. Returns 0, or 1 when opening, reading or
+    /// writing failed.
     virtual int CopyFileBinary(std::string_view source, std::string_view target) = 0;
 
     /// Hands the bytes of a file over, block by block; does nothing when there is no such file.

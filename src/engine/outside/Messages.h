@@ -10,11 +10,13 @@ class Messages {
 public:
     virtual ~Messages() = default;
 
-    /// Posts one message. Debug messages are for the log of somebody who hunts a fault and go nowhere
-    /// unless the user asked for them. Throws a Failure when the log file cannot be written.
+    /// Posts one message. Debug messages are for the log of somebody who hunts a fault and go
+    /// nowhere unless the user asked for them. Throws a Failure when the log file cannot be
+    /// written.
     virtual void MessageHandler(bool debug, std::string_view text) = 0;
 
-    /// Whether a debug message would go anywhere; what is known to be dropped is not even put together.
+    /// Whether a debug message would go anywhere; what is known to be dropped is not even put
+    /// together.
     virtual bool wantsDebug() const = 0;
 
     /// Posts a normal message made of the parts.

@@ -9,7 +9,8 @@ class SoundPlayer {
 public:
     virtual ~SoundPlayer() = default;
 
-    /// Starts the file of that name followed by ".WAV" and returns at once; what goes wrong is ignored.
+    /// Starts the file of that name followed by ".WAV" and returns at once; what goes wrong is
+    /// ignored.
     virtual void play(std::string_view name) = 0;
 };
 

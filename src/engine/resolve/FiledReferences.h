@@ -1,0 +1,36 @@
+#pragma once
+
+#include "store/ResultLists.h"
+
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+namespace quillmark {
+
+/// ReferenceList with ReferenceListFrom, and one probe instead of a walk for "did this page file
+/// this reference before". All appends and removals of the pair during a run go through here.
+class FiledReferences {
+public:
+    explicit FiledReferences(ResultLists& lists)
+        : pair_(lists.ReferenceList, lists.ReferenceListFrom) {}
+
+    bool contains(std::string_view reference, std::string_view from) const;
+    void append(std::string_view reference, std::string_view from);
+    /// Removes line i of both lists.
+    void remove(int i);
+
+    const ResultList& lines() const { return pair_.lines(); }
+    const ResultList& from() const { return pair_.from(); }
+
+private:
+    using Entry = std::pair<std::string_view, std::string_view>;
+    struct EntryHash {
+        std::size_t operator()(const Entry& entry) const;
+    };
+
+    ListPair pair_;
+    std::unordered_set<Entry, EntryHash> filed_;
+};
+
+} // namespace quillmark

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string_view>
+
+namespace quillmark {
+
+/// What a reader of pages hands its findings to.
+class ReferenceSink {
+public:
+    virtual ~ReferenceSink() = default;
+
+    /// Takes one reference of the run's current file: its directory part (with the last separator,
+    /// may be empty), its file part, and the whole text as the page writes it.
+    virtual void MakeAddition(std::string_view targetDirectory, std::string_view target,
+                              std::string_view reference) = 0;
+};
+
+} // namespace quillmark
