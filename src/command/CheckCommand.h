@@ -1,0 +1,10 @@
+#pragma once
+
+#include "command/Options.h"
+
+namespace quillmark {
+
+/// Runs one check as the command line asks, writes its results and returns the exit status.
+int runCheck(const Options& options);
+
+} // namespace quillmark

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace quillmark {
+
+/// Why a check cannot begin, in words that tell the user what to do about it.
+class CannotStart : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The START_PATH ("\" form, absolute) of a start file that the user names in the machine's own form.
+/// Throws CannotStart when there is no such file.
+std::string startPathOf(const std::string& file);
+
+/// Throws CannotStart when a Local Mode start path ("\" form) leads to no file, in any spelling.
+void requireStartFile(const std::string& startPath);
+
+} // namespace quillmark

@@ -1,0 +1,7 @@
+#include "command/CheckCommand.h"
+#include "command/Options.h"
+
+int main(int argc, char* argv[]) {
+    const auto parsed = quillmark::parseOptions(argc, argv);
+    return parsed.exitStatus ? *parsed.exitStatus : quillmark::runCheck(parsed.options);
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <system_error>
+#include <utility>
+
+namespace quillmark {
+
+/// An open file of the operating system, closed at the end of the scope; or none.
+class FileDescriptor {
+public:
+    /// Takes what open() gave, -1 included.
+    explicit FileDescriptor(int number) : number_(number) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(FileDescriptor&&) = delete;
+    ~FileDescriptor();
+
+    bool isOpen() const { return number_ >= 0; }
+    int number() const { return number_; }
+
+private:
+    int number_;
+};
+
+/// Why the last call of the operating system was refused.
+std::error_code lastSystemError();
+
+} // namespace quillmark

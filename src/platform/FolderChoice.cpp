@@ -1,0 +1,73 @@
+#include "platform/FolderChoice.h"
+
+#include "base/Failure.h"
+
+#include <cstdlib>
+#include <string>
+
+#include <unistd.h>
+
+namespace quillmark {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::optional<fs::path> environmentPath(const char* name) {
+    const char* value = std::getenv(name);
+    if (value == nullptr || *value == '\0') {
+        return std::nullopt;
+    }
+    return fs::path(value);
+}
+
+bool canBeWritten(const fs::path& folder) {
+    return access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+std::optional<fs::path> executableFolder() {
+    std::error_code error;
+    const fs::path executable = fs::read_symlink("/proc/self/exe", error);
+    if (error || !canBeWritten(executable.parent_path())) {
+        return std::nullopt;
+    }
+    return executable.parent_path();
+}
+
+fs::path userDataFolder() {
+    const auto data = environmentPath("XDG_DATA_HOME");
+    if (data && data->is_absolute()) {
+        return *data / "quillmark";
+    }
+    return environmentPath("HOME").value_or("/") / ".local" / "share" / "quillmark";
+}
+
+fs::path preferredFolder(const std::optional<fs::path>& asked) {
+    if (asked) {
+        return *asked;
+    }
+    if (const auto folder = environmentPath("QUILLMARK_FOLDER")) {
+        return *folder;
+    }
+    return executableFolder().value_or(userDataFolder());
+}
+
+} // namespace
+
+fs::path chooseProgramFolder(const std::optional<fs::path>& asked) {
+    const fs::path folder = fs::absolute(preferredFolder(asked)).lexically_normal();
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) {
+        throw failureFromError(error, pathNotFound());
+    }
+    if (!fs::is_directory(folder, error)) {
+        throw pathNotFound();
+    }
+    if (!canBeWritten(folder)) {
+        throw permissionDenied();
+    }
+    return folder;
+}
+
+} // namespace quillmark

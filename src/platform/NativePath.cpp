@@ -1,0 +1,15 @@
+#include "platform/NativePath.h"
+
+#include "base/Paths.h"
+
+namespace quillmark {
+
+std::filesystem::path nativePath(std::string_view backslashForm) {
+    if constexpr (std::filesystem::path::preferred_separator == '/') {
+        return ToForwardSlashes(backslashForm);
+    } else {
+        return backslashForm;
+    }
+}
+
+} // namespace quillmark

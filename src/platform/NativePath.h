@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace quillmark {
+
+/// A path in "\" form as this machine's file system takes it: where its own separator is "/", every
+/// "\" becomes one, so that a name with a "\" in it cannot be reached there.
+std::filesystem::path nativePath(std::string_view backslashForm);
+
+} // namespace quillmark

@@ -1,0 +1,77 @@
+#include "settings/ConfigurationFile.h"
+
+#include "base/Failure.h"
+#include "base/Version.h"
+#include "settings/DefaultSettings.h"
+#include "settings/FieldReader.h"
+#include "settings/SettingKeys.h"
+#include "store/FileMasks.h"
+
+#include <string>
+
+namespace quillmark {
+
+namespace {
+
+constexpr std::string_view VersionPrefix = "#QUILLMARK=";
+constexpr std::string_view VersionKey = VersionPrefix.substr(1, VersionPrefix.size() - 2);
+constexpr std::string_view OlderVersionMessage =
+    "Your configuration file is from an older version of Quillmark\r\nSettings will be reset";
+
+/// A reset file is written here and once more by the caller, to whom it is a file that was not
+/// read.
+void resetSettings(Settings& settings, SettingsFiles& files,
+                   const std::function<void(std::string_view)>& messageBox) {
+    messageBox(OlderVersionMessage);
+    SetDefaultSettings(settings);
+    SaveConfigurations(settings, files);
+}
+
+/// Whether the file was read to its end.
+bool readWholeFile(Settings& settings, SettingsFiles& files,
+                   const std::function<void(std::string_view)>& messageBox) {
+    try {
+        const std::string bytes = files.read(ConfigurationFileName);
+        FieldReader reader(bytes);
+        if (!reader.readLine().starts_with(VersionPrefix)) {
+            resetSettings(settings, files, messageBox);
+            return false;
+        }
+        for (const SettingKey& setting : ConfigurationKeys) {
+            readSetting(reader, settings, setting);
+        }
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+/// The last line holds DEBUG in IGNORECASE's place, on purpose: that is how every file in use was
+/// written, and what a user who saves the options finds at the next start.
+SettingKey asWritten(SettingKey setting) {
+    if (setting.place == SettingPlace(&Configuration::IGNORECASE)) {
+        setting.place = &Configuration::DEBUG;
+    }
+    return setting;
+}
+
+} // namespace
+
+void ReadConfigurations(Settings& settings, SettingsFiles& files,
+                        const std::function<void(std::string_view)>& messageBox) {
+    if (!readWholeFile(settings, files, messageBox)) {
+        SaveConfigurations(settings, files);
+    }
+}
+
+void SaveConfigurations(Settings& settings, SettingsFiles& files) {
+    SplitFileMasks(settings.configuration.fileMasksText, settings.configuration.masks.lstFileMasks);
+    std::string bytes;
+    appendLine(bytes, VersionKey, ApplicationVersion);
+    for (const SettingKey& setting : ConfigurationKeys) {
+        appendSetting(bytes, settings, asWritten(setting));
+    }
+    files.replace(ConfigurationFileName, bytes, FileAccess::Everyone);
+}
+
+} // namespace quillmark

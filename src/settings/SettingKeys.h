@@ -1,0 +1,106 @@
+#pragma once
+
+#include "settings/FieldReader.h"
+#include "settings/Settings.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace quillmark {
+
+/// Where a setting lives in Settings.
+using SettingPlace =
+    std::variant<std::int16_t Configuration::*, std::int16_t Profile::*, std::string Profile::*,
+                 ResultList Configuration::*, ResultList CategoryMasks::*>;
+
+/// A setting as the files name it.
+struct SettingKey {
+    std::string_view key; ///< Without the "#" and "=" around it.
+    SettingPlace place;
+    std::string_view itemKey = {}; ///< For a list: the key of the item lines behind its count.
+};
+
+/// The configuration file behind its first line, in its order.
+inline constexpr std::array<SettingKey, 24> ConfigurationKeys = {{
+    {"SAVE_DIRECTORY", &Configuration::SAVE_DIRECTORY},
+    {"SAVE_FILE", &Configuration::SAVE_FILE},
+    {"SAVE_MESSAGES", &Configuration::SAVE_MESSAGES},
+    {"SAVE_REFERENCES", &Configuration::SAVE_REFERENCES},
+    {"SAVE_UNUSED", &Configuration::SAVE_UNUSED},
+    {"SAVE_INVALID", &Configuration::SAVE_INVALID},
+    {"SAVE_IGNORED", &Configuration::SAVE_IGNORED},
+    {"SAVE_DUPLICATE", &Configuration::SAVE_DUPLICATE},
+    {"TRACE_WINDOW", &Configuration::TRACE_WINDOW},
+    {"SOUND", &Configuration::SOUND},
+    {"CHECK_VERSION", &Configuration::CHECK_VERSION},
+    {"LOG_FILE", &Configuration::LOG_FILE},
+    {"DEBUG", &Configuration::DEBUG},
+    {"FILEMASKS", &CategoryMasks::lstFileMasks, "MASK"},
+    {"IGNORE_VALUE", &Configuration::IGNORE_VALUE},
+    {"CODE_MASKS", &CategoryMasks::lstCodeMask, "MASK"},
+    {"IMAGE_MASKS", &CategoryMasks::lstImageMask, "MASK"},
+    {"MULTIMEDIA_MASKS", &CategoryMasks::lstMultimediaMask, "MASK"},
+    {"DOCUMENT_MASKS", &CategoryMasks::lstDocumentMask, "MASK"},
+    {"ARCHIVE_MASKS", &CategoryMasks::lstArchiveMask, "MASK"},
+    {"CHECK_COMMAND", &Configuration::lstCheckCommand, "COMMAND"},
+    {"MAKE_ADDITION", &Configuration::lstMakeAddition, "COMMAND"},
+    {"CHECK_HTML", &Configuration::lstCheckHTML, "COMMAND"},
+    {"IGNORECASE", &Configuration::IGNORECASE},
+}};
+
+/// A profile file, in its order.
+inline constexpr std::array<SettingKey, 19> ProfileKeys = {{
+    {"HOST_NAME", &Profile::HOST_NAME},
+    {"USER_NAME", &Profile::USER_NAME},
+    {"START_PATH", &Profile::START_PATH},
+    {"ACCOUNT_NAME", &Profile::ACCOUNT_NAME},
+    {"USER_PASSWORD", &Profile::USER_PASSWORD},
+    {"GET_STATS", &Profile::GET_STATS},
+    {"CHECK_DUPES", &Profile::CHECK_DUPES},
+    {"IGNORE_TOPICS", &Profile::IGNORE_TOPICS},
+    {"IGNORE_CGI", &Profile::IGNORE_CGI},
+    {"CHECK_URL", &Profile::CHECK_URL},
+    {"IGNORE_VALUE", &Configuration::IGNORE_VALUE},
+    {"MAX_LEVELS", &Profile::MAX_LEVELS},
+    {"START_COL", &Profile::START_COL},
+    {"END_COL", &Profile::END_COL},
+    {"HOST_PORT", &Profile::HOST_PORT},
+    {"DISABLE_PASV", &Profile::DISABLE_PASV},
+    {"UPPER_LEVELS", &Profile::UPPER_LEVELS},
+    {"ROOT_LEVEL", &Profile::ROOT_LEVEL},
+    {"HOST_ALIAS", &Profile::HOST_ALIAS},
+}};
+
+/// The setting that the files hold scrambled.
+inline constexpr SettingPlace PasswordPlace = &Profile::USER_PASSWORD;
+/// The list that fileMasksText is another form of.
+inline constexpr SettingPlace UserMasksPlace = &CategoryMasks::lstFileMasks;
+
+/// The value at a place, of a Settings or a const Settings.
+template <typename Owner, typename Value>
+auto& valueAt(Owner& settings, Value Configuration::*place) {
+    return settings.configuration.*place;
+}
+template <typename Owner, typename Value>
+auto& valueAt(Owner& settings, Value CategoryMasks::*place) {
+    return settings.configuration.masks.*place;
+}
+template <typename Owner, typename Value> auto& valueAt(Owner& settings, Value Profile::*place) {
+    return settings.profile.*place;
+}
+
+/// Reads the next field of a settings file, or the count and the items of a list, into its place;
+/// the key that the file has there is not looked at. Throws a Failure when that is not possible: a
+/// number or a text then keeps its value, a list holds the items that were read.
+void readSetting(FieldReader& reader, Settings& settings, const SettingKey& setting);
+
+/// Appends the line of a settings file that holds the setting, or the lines of a list.
+void appendSetting(std::string& bytes, const Settings& settings, const SettingKey& setting);
+
+/// Appends "#", the key, "=", the value and the end of the line.
+void appendLine(std::string& bytes, std::string_view key, std::string_view value);
+
+} // namespace quillmark

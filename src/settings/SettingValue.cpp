@@ -1,0 +1,71 @@
+#include "settings/SettingValue.h"
+
+#include "settings/SettingKeys.h"
+#include "store/FileMasks.h"
+
+#include <algorithm>
+#include <charconv>
+#include <span>
+#include <string>
+
+namespace quillmark {
+
+namespace {
+
+std::string quoted(std::string_view text) {
+    return std::string("\"").append(text).append("\"");
+}
+
+const SettingKey* findSetting(std::span<const SettingKey> settings, std::string_view key) {
+    const auto found = std::find_if(settings.begin(), settings.end(),
+                                    [key](const SettingKey& s) { return s.key == key; });
+    return found == settings.end() ? nullptr : &*found;
+}
+
+const SettingKey& requireSetting(std::string_view key) {
+    const SettingKey* found = findSetting(ConfigurationKeys, key);
+    if (found == nullptr) {
+        found = findSetting(ProfileKeys, key);
+    }
+    if (found == nullptr) {
+        throw SettingError("there is no setting " + quoted(key));
+    }
+    return *found;
+}
+
+void setValue(std::int16_t& number, std::string_view key, std::string_view value) {
+    std::int16_t read = 0;
+    const char* const end = value.data() + value.size();
+    const auto result = std::from_chars(value.data(), end, read);
+    if (result.ec != std::errc() || result.ptr != end) {
+        throw SettingError(std::string(key) + " takes a whole number from -32768 to 32767, not " +
+                           quoted(value));
+    }
+    number = read;
+}
+
+void setValue(std::string& text, std::string_view /*key*/, std::string_view value) {
+    text = value;
+}
+
+void setValue(ResultList& list, std::string_view /*key*/, std::string_view value) {
+    SplitFileMasks(value, list);
+}
+
+} // namespace
+
+void setByKey(Settings& settings, std::string_view key, std::string_view value) {
+    const SettingKey& setting = requireSetting(key);
+    if (setting.place == PasswordPlace) {
+        throw SettingError(std::string(key) +
+                           " is refused: a password is not taken from the command "
+                           "line, where other users of the machine can read it");
+    }
+    std::visit([&](auto place) { setValue(valueAt(settings, place), key, value); }, setting.place);
+    if (setting.place == UserMasksPlace) {
+        settings.configuration.fileMasksText =
+            JoinFileMasks(settings.configuration.masks.lstFileMasks);
+    }
+}
+
+} // namespace quillmark
