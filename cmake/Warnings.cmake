@@ -3,4 +3,4 @@
 add_library(quillmark_warnings INTERFACE)
 target_compile_options(quillmark_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
-  -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Wno-restrict)
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)

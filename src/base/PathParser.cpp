@@ -4,22 +4,13 @@ namespace quillmark {
 
 namespace {
 
-std::size_t nextSeparator(std::string_view spec, std::size_t from) {
-    const std::size_t backslash = spec.find('\\', from);
-    return backslash != std::string_view::npos ? backslash : spec.find('/', from);
-}
-
 std::size_t nameStartOf(std::string_view spec) {
-    std::size_t last = nextSeparator(spec, 0);
-    if (last == std::string_view::npos) {
-        const std::size_t colon = spec.find(':');
-        return colon == std::string_view::npos ? 1 : colon + 2;
+    const std::size_t separator = spec.find_last_of("\\/");
+    if (separator != std::string_view::npos) {
+        return separator + 2;
     }
-    for (std::size_t next = last; next != std::string_view::npos;) {
-        last = next;
-        next = nextSeparator(spec, last + 1);
-    }
-    return last + 2;
+    const std::size_t colon = spec.find(':');
+    return colon == std::string_view::npos ? 1 : colon + 2;
 }
 
 } // namespace

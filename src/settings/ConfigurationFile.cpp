@@ -27,6 +27,15 @@ void resetSettings(Settings& settings, SettingsFiles& files,
     SaveConfigurations(settings, files);
 }
 
+/// A file that is cut short within its lists leaves the later ones empty: it held some items there,
+/// and nobody knows which, so they are not taken from the built-in ones.
+void clearLists(Configuration& configuration) {
+    configuration.masks = {};
+    configuration.lstCheckCommand.Clear();
+    configuration.lstMakeAddition.Clear();
+    configuration.lstCheckHTML.Clear();
+}
+
 /// Whether the file was read to its end.
 bool readWholeFile(Settings& settings, SettingsFiles& files,
                    const std::function<void(std::string_view)>& messageBox) {
@@ -38,6 +47,9 @@ bool readWholeFile(Settings& settings, SettingsFiles& files,
             return false;
         }
         for (const SettingKey& setting : ConfigurationKeys) {
+            if (setting.place == UserMasksPlace) {
+                clearLists(settings.configuration);
+            }
             readSetting(reader, settings, setting);
         }
         return true;

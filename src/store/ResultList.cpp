@@ -64,6 +64,10 @@ std::string_view ResultList::stored(std::string_view line) {
 }
 
 void ResultList::moveGapTo(std::size_t index) {
+    if (gapLength_ == 0) {
+        gapStart_ = index;
+        return;
+    }
     const auto at = [this](std::size_t offset) {
         return lines_.begin() + static_cast<std::ptrdiff_t>(offset);
     };

@@ -1,0 +1,168 @@
+#pragma once
+
+#include "base/Failure.h"
+#include "base/PathParser.h"
+#include "base/Paths.h"
+#include "engine/outside/Outside.h"
+#include "engine/run/CheckRun.h"
+#include "platform/disk/DiskAdapter.h"
+#include "settings/DefaultSettings.h"
+#include "support/TempFolder.h"
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quillmark::test {
+
+using Lines = std::vector<std::string>;
+
+inline Lines linesOf(const ResultList& list) {
+    Lines lines;
+    for (int i = 0; i < list.Count(); ++i) {
+        lines.emplace_back(list.Line(i));
+    }
+    return lines;
+}
+
+class RecordingMessages : public Messages {
+public:
+    void MessageHandler(bool debug, std::string_view text) override {
+        (debug ? debugs : normals).emplace_back(text);
+        if (onPost) {
+            onPost(text);
+        }
+    }
+    bool wantsDebug() const override { return true; }
+
+    bool has(std::string_view text) const {
+        return std::find(normals.begin(), normals.end(), text) != normals.end();
+    }
+
+    Lines normals;
+    Lines debugs;
+    std::function<void(std::string_view)> onPost;
+};
+
+/// A web host that is a folder of this machine: "/" on the host is that folder. It can be told to
+/// refuse and to fail, at points that a real server cannot be brought to.
+class FolderHost : public FtpComponent {
+public:
+    void connect(const FtpLogin& login) override {
+        connected_ = !refuses;
+        lastLogin = login;
+    }
+    bool connected() const override { return connected_; }
+    void disconnect() override { connected_ = false; }
+    void list(std::string_view directory, const DirItem& item) override {
+        loseConnectionAt(directory);
+        const FolderListing listing = disk.list(local(directory));
+        for (const std::string& name : listing.folders) {
+            item("drwxr-xr-x   2 me       me           4096 Jan  1 12:00 " + name);
+        }
+        for (const std::string& name : listing.files) {
+            std::string size =
+                std::to_string(std::filesystem::file_size(root / nativeTail(directory) / name));
+            size.insert(0, 10 - size.size(), ' ');
+            item("-rw-r--r--   1 me       me      " + size + " Jan  1 12:00 " + name);
+        }
+    }
+    void listWorkingDirectory(const DirItem& item) override { list("/", item); }
+    bool retrieve(std::string_view remoteFile, std::string_view localFile) override {
+        loseConnectionAt(remoteFile);
+        return disk.CopyFileBinary(local(remoteFile), localFile) == 0;
+    }
+    void deleteFile(std::string_view /*remoteFile*/) override {}
+    void removeDirectory(std::string_view /*directory*/) override {}
+
+    std::filesystem::path root;
+    bool refuses = false;
+    std::string lostAt; ///< The path at which the connection is lost for good.
+    FtpLogin lastLogin;
+
+private:
+    static std::string nativeTail(std::string_view path) { return std::string(path.substr(1)); }
+    std::string local(std::string_view path) const { return (root / nativeTail(path)).string(); }
+    void loseConnectionAt(std::string_view path) const {
+        if (!lostAt.empty() && path == lostAt) {
+            throw Failure(1099, "Connection lost");
+        }
+    }
+
+    DiskAdapter disk;
+    bool connected_ = false;
+};
+
+class ScriptedWeb : public UrlFetcher {
+public:
+    void expect(std::vector<std::string> urls) override { expected = std::move(urls); }
+    std::string OpenURL(std::string_view url) override {
+        if (url.find("dead") != std::string_view::npos) {
+            throw Failure(1099, "No answer");
+        }
+        return url.find("missing") != std::string_view::npos ? "x 404 File Not Found x" : "fine";
+    }
+    Lines expected;
+};
+
+class RecordingWindow : public RunWindow, public SoundPlayer, public Progress {
+public:
+    void enterRunState() override { calls.emplace_back("enter"); }
+    void leaveRunState() override { calls.emplace_back("leave"); }
+    void showTraceWindow() override { calls.emplace_back("trace"); }
+    void ShowResults() override { calls.emplace_back("results"); }
+    void play(std::string_view name) override { calls.emplace_back(name); }
+    void InitializeThinking(std::string_view title) override { titles.emplace_back(title); }
+    void UpdateThinking(int /*current*/, int /*total*/) override {}
+    void RemoveThinking() override { titles.emplace_back("-"); }
+
+    Lines calls;
+    Lines titles;
+};
+
+class HookedEvents : public EventLoop {
+public:
+    void DoEvents() override {
+        if (hook) {
+            hook();
+        }
+    }
+    std::function<void()> hook;
+};
+
+/// A run over a temporary site, with everything around it.
+struct RunBench {
+    TempFolder site;
+    TempFolder program;
+    ResultLists lists;
+    RunState state;
+    Settings settings;
+    RecordingMessages messages;
+    DiskAdapter disk;
+    FolderHost host;
+    ScriptedWeb web;
+    RecordingWindow window;
+    HookedEvents events;
+    Outside outside{messages, disk, host, web, window, window, window, events};
+    RunContext context{lists, state, settings, outside,
+                       ToBackSlashes((program.path() / "Quillmark.html").string())};
+    CheckRun run{lists, state, settings, outside, ToBackSlashes(program.path().string())};
+
+    RunBench() {
+        SetDefaultSettings(settings);
+        host.root = site.path();
+    }
+    /// The "/" form path of a file of the site.
+    std::string path(std::string_view name) const { return (site.path() / name).string(); }
+    RunOutcome runLocal(std::string_view startFile = "index.html") {
+        settings.profile.START_PATH = ToBackSlashes(path(startFile));
+        return run.start();
+    }
+    RunOutcome runRemote(const std::string& startPath = "/index.html") {
+        settings.profile.START_PATH = startPath;
+        return run.start();
+    }
+};
+
+} // namespace quillmark::test

@@ -1,0 +1,154 @@
+#!/usr/bin/env python3
+"""A web server with every habit, good and bad, that a link check meets.
+
+Usage: web_server.py PORT [TLS_PORT CERTIFICATE_AND_KEY]. It listens on all of 127.0.0.0/8 and counts
+the requests of each path; /report answers with one line "COUNT PATH" for each, and with the most
+requests that were under way at once, in all and to one host.
+"""
+
+import asyncio
+import gzip
+import ssl
+import sys
+from collections import Counter
+
+NOT_FOUND = b"<h1>404 File Not Found</h1>"
+MEGABYTE = b"x" * 1024 * 1024
+
+
+class Report:
+    """What has been asked for."""
+
+    def __init__(self):
+        self.requests = Counter()
+        self.busy = Counter()
+        self.most = Counter()
+
+    def begin(self, host, path):
+        self.requests[path] += 1
+        for key in ("in all", host):
+            self.busy[key] += 1
+            name = key if key == "in all" else "to one host"
+            self.most[name] = max(self.most[name], self.busy[key])
+
+    def end(self, host):
+        self.busy["in all"] -= 1
+        self.busy[host] -= 1
+
+    def text(self):
+        lines = [f"{count} {path}" for path, count in sorted(self.requests.items())]
+        lines += [f"{most} {name}" for name, most in sorted(self.most.items())]
+        return "".join(line + "\n" for line in lines).encode()
+
+
+REPORT = Report()
+
+
+def answer(body, status="200 OK", *headers):
+    head = [f"HTTP/1.1 {status}", f"Content-Length: {len(body)}", *headers]
+    return "\r\n".join(head).encode() + b"\r\n\r\n" + body
+
+
+def redirect(target):
+    return answer(b"", "302 Found", f"Location: {target}")
+
+
+def zipped(body):
+    return answer(gzip.compress(body), "200 OK", "Content-Encoding: gzip")
+
+
+async def page(path, _writer):
+    return answer(f"This is {path}".encode())
+
+
+async def missing(path, _writer):
+    return answer(NOT_FOUND if path.endswith("text") else b"Nothing here", "404 Not Found")
+
+
+async def hop(path, _writer):
+    left = int(path.rsplit("/", 1)[1])
+    return redirect(f"/hop/{left - 1}") if left else answer(b"Arrived")
+
+
+async def slow(path, _writer):
+    await asyncio.sleep(0.05)
+    return await page(path, _writer)
+
+
+async def late_redirect(path, _writer):
+    await asyncio.sleep(0.3)
+    return redirect(path.split("?", 1)[1])
+
+
+async def never(_path, _writer):
+    await asyncio.sleep(3600)
+
+
+async def big(_path, writer):
+    writer.write(f"HTTP/1.1 200 OK\r\nContent-Length: {8 * len(MEGABYTE)}\r\n\r\n".encode())
+    for _ in range(8):
+        writer.write(MEGABYTE)
+        await writer.drain()
+
+
+async def without_end(head, piece, writer):
+    writer.write(b"HTTP/1.1 200 OK\r\n" + head)
+    while True:
+        writer.write(piece)
+        await writer.drain()
+
+
+HABITS = {
+    "page": page,
+    "missing": missing,
+    "hop": hop,
+    "slow": slow,
+    "late": late_redirect,
+    "never": never,
+    "big": big,
+    "to": lambda path, _: page_of(redirect(path.split("?", 1)[1])),
+    "loop": lambda path, _: page_of(redirect(path)),
+    "lie": lambda *_: page_of(answer(NOT_FOUND)),
+    "zipped": lambda *_: page_of(zipped(NOT_FOUND)),
+    "damaged": lambda *_: page_of(answer(b"no gzip", "200 OK", "Content-Encoding: gzip")),
+    "bomb": lambda *_: page_of(BOMB),
+    "endless": lambda _, writer: without_end(b"\r\n", MEGABYTE, writer),
+    "header": lambda _, writer: without_end(b"", b"a: b\r\n" * 1000, writer),
+    "report": lambda *_: page_of(answer(REPORT.text())),
+}
+BOMB = zipped(bytes(200 * len(MEGABYTE)))
+
+
+async def page_of(whole):
+    return whole
+
+
+async def serve(reader, writer):
+    host = writer.get_extra_info("sockname")[0]
+    try:
+        while head := await reader.readuntil(b"\r\n\r\n"):
+            path = head.split(b" ", 2)[1].decode("latin-1")
+            REPORT.begin(host, path)
+            try:
+                whole = await HABITS[path.split("/")[1].split("?")[0]](path, writer)
+            finally:
+                REPORT.end(host)
+            writer.write(whole or b"")
+            await writer.drain()
+    except (ConnectionError, asyncio.IncompleteReadError, KeyError):
+        pass
+    finally:
+        writer.close()
+
+
+async def main(port, tls_port=None, certificate=None):
+    servers = [await asyncio.start_server(serve, "0.0.0.0", int(port), backlog=1024)]
+    if certificate:
+        context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+        context.load_cert_chain(certificate)
+        servers.append(await asyncio.start_server(serve, "0.0.0.0", int(tls_port), ssl=context))
+    await asyncio.gather(*(server.serve_forever() for server in servers))
+
+
+if __name__ == "__main__":
+    asyncio.run(main(*sys.argv[1:]))
