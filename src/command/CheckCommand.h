@@ -1,6 +1,6 @@
 #pragma once
 
-#include "command/Options.h"
+#include "command/start/Options.h"
 
 namespace quillmark {
 

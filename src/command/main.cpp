@@ -1,5 +1,5 @@
 #include "command/CheckCommand.h"
-#include "command/Options.h"
+#include "command/start/Options.h"
 
 int main(int argc, char* argv[]) {
     const auto parsed = quillmark::parseOptions(argc, argv);

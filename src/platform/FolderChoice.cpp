@@ -21,10 +21,6 @@ std::optional<fs::path> environmentPath(const char* name) {
     return fs::path(value);
 }
 
-bool canBeWritten(const fs::path& folder) {
-    return access(folder.c_str(), W_OK | X_OK) == 0;
-}
-
 std::optional<fs::path> executableFolder() {
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
@@ -54,8 +50,12 @@ fs::path preferredFolder(const std::optional<fs::path>& asked) {
 
 } // namespace
 
+bool canBeWritten(const fs::path& folder) {
+    return access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
 fs::path chooseProgramFolder(const std::optional<fs::path>& asked) {
-    const fs::path folder = fs::absolute(preferredFolder(asked)).lexically_normal();
+    fs::path folder = fs::absolute(preferredFolder(asked)).lexically_normal();
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) {

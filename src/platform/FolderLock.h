@@ -7,7 +7,8 @@
 namespace quillmark {
 
 /// Keeps a program's own folder for one program at a time: two runs would overwrite each other's
-/// working copy and so report each other's pages. Held until its end, also when the program crashes.
+/// working copy and so report each other's pages. Held until its end, also when the program
+/// crashes.
 class FolderLock {
 public:
     explicit FolderLock(const std::filesystem::path& folder);

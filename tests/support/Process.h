@@ -12,8 +12,8 @@ namespace quillmark::test {
 /// How a child process is started: its words, its folder, and variables beside the test's own.
 struct Command {
     std::vector<std::string> words;
-    std::filesystem::path folder;
-    std::map<std::string, std::string> environment;
+    std::filesystem::path folder = {};
+    std::map<std::string, std::string> environment = {};
 };
 
 /// What a finished process left. `status` is its exit status, or 128 plus the signal that ended it.

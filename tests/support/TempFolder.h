@@ -30,7 +30,7 @@ public:
     const std::filesystem::path& path() const { return path_; }
     /// Writes a file, with the folders it needs, and returns its path.
     std::filesystem::path write(const std::filesystem::path& name, std::string_view bytes) const {
-        const std::filesystem::path file = path_ / name;
+        std::filesystem::path file = path_ / name;
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << bytes;
         return file;

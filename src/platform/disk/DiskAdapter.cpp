@@ -37,7 +37,7 @@ FileDescriptor openInAnySpelling(const fs::path& file) {
 }
 
 bool isPlainFile(const FileDescriptor& file) {
-    struct stat status{};
+    struct stat status {};
     return fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 

@@ -7,8 +7,8 @@
 
 namespace quillmark {
 
-/// Writes what a person wants to know of a run: the counts, each invalid reference under the page that
-/// makes it, and how to see the rest. Names below the start directory are shown from there on.
+/// Writes what a person wants to know of a run: the counts, each invalid reference under the page
+/// that makes it, and how to see the rest. Names below the start directory are shown from there on.
 void writeSummary(std::ostream& out, RunOutcome outcome, const Workspace& workspace, bool color);
 
 } // namespace quillmark

@@ -1,6 +1,7 @@
-#include "command/TerminalMessages.h"
+#include "command/output/TerminalMessages.h"
 
-#include "command/Terminal.h"
+#include "command/output/Terminal.h"
+#include "platform/Console.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -19,7 +20,8 @@ void write(std::string_view text) {
 }
 
 std::string bar(int current, int total) {
-    const auto filled = BarWidth * static_cast<std::size_t>(current) / static_cast<std::size_t>(total);
+    const auto filled =
+        BarWidth * static_cast<std::size_t>(current) / static_cast<std::size_t>(total);
     return "[" + std::string(filled, '#') + std::string(BarWidth - filled, '.') + "] ";
 }
 
@@ -76,7 +78,7 @@ bool TerminalMessages::timeToDraw() {
 void TerminalMessages::draw(std::string_view line) {
     const std::string shown = printable(line);
     write(EraseLine);
-    write(std::string_view(shown).substr(0, terminalWidth() - 1));
+    write(std::string_view(shown).substr(0, terminalWidth(Stream::Error) - 1));
     drawn_ = true;
 }
 

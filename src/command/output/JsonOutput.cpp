@@ -1,6 +1,6 @@
-#include "command/JsonOutput.h"
+#include "command/output/JsonOutput.h"
 
-#include "command/NamedLists.h"
+#include "command/output/NamedLists.h"
 
 #include <cmath>
 #include <string>
@@ -53,8 +53,8 @@ void writeJson(std::ostream& out, RunOutcome outcome, const Workspace& workspace
     const RunState& run = workspace.run;
     out << "{\n  \"outcome\": " << text(outcomeName(outcome))
         << ",\n  \"mode\": " << text(run.localMode ? "local" : "remote")
-        << ",\n  \"baseUrl\": " << text(run.baseUrl)
-        << ",\n  \"statistics\": " << statistics(run) << ",\n  \"lists\": {\n";
+        << ",\n  \"baseUrl\": " << text(run.baseUrl) << ",\n  \"statistics\": " << statistics(run)
+        << ",\n  \"lists\": {\n";
     for (const NamedList& list : namedLists()) {
         writeList(out, list.name, workspace.lists.*list.lines);
         out << ",\n";

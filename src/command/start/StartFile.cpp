@@ -1,4 +1,4 @@
-#include "command/StartFile.h"
+#include "command/start/StartFile.h"
 
 #include "base/Paths.h"
 #include "platform/NativePath.h"

@@ -1,9 +1,9 @@
-#include "command/Summary.h"
+#include "command/output/Summary.h"
 
 #include "base/PathParser.h"
 #include "base/Paths.h"
 #include "base/Version.h"
-#include "command/Terminal.h"
+#include "command/output/Terminal.h"
 
 #include <algorithm>
 #include <map>
@@ -104,8 +104,8 @@ private:
         const int ignored = lists_.IgnoredReferences.Count();
         const int unused = lists_.UnusedList.Count();
         const int duplicates = lists_.DuplicateList.Count();
-        writeCount(counted(ignored, "ignored reference", "ignored references"),
-                   "IgnoredReferences", ignored > 0);
+        writeCount(counted(ignored, "ignored reference", "ignored references"), "IgnoredReferences",
+                   ignored > 0);
         writeCount(counted(unused, "unused file", "unused files"), "UnusedList", unused > 0);
         if (workspace_.settings.profile.CHECK_DUPES == 0) {
             writeCount("duplicates not looked for" + std::string(5, ' ') +

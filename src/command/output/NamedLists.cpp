@@ -1,4 +1,4 @@
-#include "command/NamedLists.h"
+#include "command/output/NamedLists.h"
 
 #include "base/UpperCase.h"
 

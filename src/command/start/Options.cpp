@@ -1,8 +1,8 @@
-#include "command/Options.h"
+#include "command/start/Options.h"
 
 #include "base/Version.h"
 #include "command/ExitStatus.h"
-#include "command/NamedLists.h"
+#include "command/output/NamedLists.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,7 +27,8 @@ constexpr const char* Footer =
 
 void addSource(CLI::App& app, Options& options) {
     auto* start = app.add_option("START", options.start,
-                                 "The start file of a local site, such as site/index.html")->type_name("");
+                                 "The start file of a local site, such as site/index.html")
+                      ->type_name("");
     app.add_option("--profile", options.profile, "Run the profile NAME of the program's folder")
         ->type_name("NAME")
         ->excludes(start);
@@ -66,7 +67,8 @@ void checkTogether(const Options& options) {
         throw CLI::RequiredError("a start file or --profile NAME");
     }
     if (options.json == "-" && !options.list.empty()) {
-        throw CLI::ValidationError("--json - and --list both want standard output: give --json a file");
+        throw CLI::ValidationError(
+            "--json - and --list both want standard output: give --json a file");
     }
     if (!options.list.empty() && findList(options.list) == nullptr) {
         throw CLI::ValidationError("there is no list \"" + options.list + "\"; the lists are\n" +

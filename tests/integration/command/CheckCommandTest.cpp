@@ -1,0 +1,219 @@
+#include "base/Paths.h"
+#include "integration/command/CommandBench.h"
+#include "platform/ProgramFolder.h"
+#include "settings/DefaultSettings.h"
+#include "settings/ProfileFile.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace quillmark::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+TEST(CheckCommand, TellsWhatIsWrongWithTheSite) {
+    const CommandBench bench;
+    bench.writeBrokenSite();
+    const Finished result = bench.check({bench.start()});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.out, HasSubstr("1 page read, 2 references, 3 files in 1 folder"));
+    EXPECT_THAT(result.out, HasSubstr("1 invalid reference\n  index.html\n      gone.html\n"));
+    EXPECT_THAT(result.out, HasSubstr("1 unused file "));
+    EXPECT_THAT(result.out, Not(HasSubstr("\x1B")));
+    EXPECT_THAT(result.err, HasSubstr("Starting...\n"));
+    EXPECT_THAT(result.err, HasSubstr("Quillmark Finished\n"));
+    EXPECT_THAT(result.err, Not(HasSubstr("Check Command: ")));
+    const Finished again = bench.check({"-q", "--color", bench.start()});
+    EXPECT_THAT(again.err, IsEmpty());
+    EXPECT_THAT(again.out, HasSubstr("\x1B[1;31m1 invalid reference"));
+    EXPECT_THAT(bench.check({"-v", bench.start()}).err,
+                HasSubstr("Check Command: a href=\"#top\"\n"));
+}
+
+TEST(CheckCommand, CleanSiteExitsWithZero) {
+    const CommandBench bench;
+    bench.site.write("index.html", "");
+    const Finished result = bench.check({bench.start()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, HasSubstr("0 invalid references"));
+}
+
+TEST(CheckCommand, JsonHoldsEveryList) {
+    const CommandBench bench;
+    bench.site.write("index.html", "<a href=\"m\xFC.html\">\r\n");
+    const Finished result = bench.check({"--json", "-", bench.start()});
+    const auto json = nlohmann::ordered_json::parse(result.out);
+    EXPECT_EQ(json["outcome"], "finished");
+    EXPECT_EQ(json["mode"], "local");
+    EXPECT_EQ(json["baseUrl"], "");
+    EXPECT_TRUE(json["statistics"].is_null());
+    Words names;
+    for (const auto& list : json["lists"].items()) {
+        names.push_back(list.key());
+    }
+    EXPECT_EQ(names, (Words{"DirectoryList", "FileList", "FileSizes", "GetFileList",
+                            "ReferenceList", "ReferenceListFrom", "InvalidReferences",
+                            "InvalidReferencesFrom", "IgnoredReferences", "IgnoredReferencesFrom",
+                            "UnusedList", "DuplicateList", "Message"}));
+    EXPECT_EQ(json["lists"]["InvalidReferences"],
+              Words{bench.site.path().string() + "/m\xEF\xBF\xBD.html"});
+    EXPECT_EQ(json["lists"]["Message"].back(), "Quillmark Finished");
+    EXPECT_THAT(bench.check({"--list", "invalidreferences", "-q", bench.start()}).out,
+                HasSubstr("/m\xFC.html\t" + bench.start() + "\n"));
+}
+
+TEST(CheckCommand, WritesFilesOnlyWhereItIsTold) {
+    const CommandBench bench;
+    bench.writeBrokenSite();
+    const Finished result = bench.check({"--report", "r.txt", "--json", "r.json", bench.start()});
+    EXPECT_THAT(result.out, IsEmpty());
+    EXPECT_THAT(bench.workingFolder.read("r.txt"),
+                HasSubstr("Quillmark Version 3.5.0\r\nResults For \r\n"));
+    EXPECT_EQ(nlohmann::json::parse(bench.workingFolder.read("r.json"))["outcome"], "finished");
+    EXPECT_EQ(bench.site.read("orphan.txt"), "?");
+    const auto files =
+        std::distance(std::filesystem::recursive_directory_iterator(bench.site.path()), {});
+    EXPECT_EQ(files, 3) << "nothing is added to the site";
+}
+
+struct RefusedCase {
+    const char* name;
+    Words words;
+    std::string error;
+};
+
+TEST(CheckCommand, RefusesWhatCannotStart) {
+    const CommandBench bench;
+    bench.writeBrokenSite();
+    bench.site.write("file", "");
+    const std::string start = bench.start();
+    const std::vector<RefusedCase> cases = {
+        {"Nothing", {}, "a start file or --profile NAME"},
+        {"NoSuchFile", {"nowhere.html"}, "there is no start file \"nowhere.html\""},
+        {"AFolder",
+         {bench.site.path().string()},
+         "is a folder; name the start file in it, such as " + start},
+        {"NoSuchProfile", {"--profile", "x"}, "there is no profile \"x\""},
+        {"ProfileAndStart", {"--profile", "x", start}, "--profile"},
+        {"UnknownOption", {"--frob", start}, "--frob"},
+        {"UnknownSetting", {"--set", "FOO=1", start}, "there is no setting \"FOO\""},
+        {"SettingWithoutValue", {"--set", "MAX_LEVELS", start}, "--set takes KEY=VALUE"},
+        {"SettingNoNumber", {"--set", "MAX_LEVELS=many", start}, "MAX_LEVELS takes a whole number"},
+        {"PasswordInSight", {"--set", "USER_PASSWORD=secret", start}, "password"},
+        {"UnknownList", {"--list", "Foo", start}, "there is no list \"Foo\""},
+        {"TwoForStandardOutput", {"--json", "-", "--list", "FileList", start}, "standard output"},
+        {"ReportNowhere", {"--report", "none/r.txt", start}, "\"none/r.txt\" cannot be written"},
+        {"FolderIsAFile", {"--folder", (bench.site.path() / "file").string(), start}, "own folder"},
+        {"StartPathGone",
+         {"--set", "START_PATH=\\none\\index.html", start},
+         "there is no start file"},
+    };
+    for (const RefusedCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        const Finished result = bench.check(row.words);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_THAT(result.out, IsEmpty());
+        EXPECT_THAT(result.err, HasSubstr("quillmark-check: "));
+        EXPECT_THAT(result.err, HasSubstr(row.error));
+        EXPECT_THAT(result.err, Not(HasSubstr("secret")));
+    }
+}
+
+TEST(CheckCommand, RunsAProfileAndSettingsForOneRun) {
+    const CommandBench bench;
+    bench.writeBrokenSite();
+    bench.site.write("deep/pic.gif", "GIF");
+    Settings settings;
+    SetDefaultSettings(settings);
+    settings.profile.START_PATH = ToBackSlashes(bench.start());
+    settings.profile.CHECK_DUPES = 1;
+    ProgramFolder files(ToBackSlashes(bench.program.path().string()));
+    SaveProfile(settings, files, "My Site");
+    const auto lists = bench.json({"--profile", "My Site"})["lists"];
+    EXPECT_EQ(lists["DuplicateList"].size(), 1U);
+    const auto shallow = bench.json(
+        {"--profile", "My Site", "--set", "MAX_LEVELS=1", "--set", "CHECK_COMMAND=HREF"})["lists"];
+    EXPECT_EQ(shallow["DuplicateList"].size(), 0U);
+    EXPECT_EQ(shallow["ReferenceList"].size(), 1U);
+    EXPECT_EQ(bench.json({"--profile", "My Site"})["lists"], lists) << "--set is forgotten";
+    EXPECT_THAT(bench.check({"--profile", "none"}).err, HasSubstr("the profiles are: My Site"));
+}
+
+TEST(CheckCommand, ResetsAnOldConfigurationWithANotice) {
+    const CommandBench bench;
+    bench.site.write("index.html", "");
+    bench.program.write("Quillmark.ini", "[old]\r\n");
+    const Finished result = bench.check({"-q", bench.start()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.err, HasSubstr("older version of Quillmark"));
+    EXPECT_THAT(result.err, HasSubstr("Settings will be reset"));
+    EXPECT_THAT(bench.program.read("Quillmark.ini"), HasSubstr("#CODE_MASKS=6\r\n"));
+    EXPECT_THAT(bench.check({"-q", bench.start()}).err, IsEmpty());
+}
+
+TEST(CheckCommand, HostileNamesDoNotSteerTheTerminal) {
+    const CommandBench bench;
+    bench.site.write("index.html", "<a href=\"\x1B]0;owned\x07.gif\">\r\n");
+    const Finished result = bench.check({bench.start()});
+    EXPECT_THAT(result.out + result.err, Not(HasSubstr("\x1B")));
+    EXPECT_THAT(result.out, HasSubstr("\\x1B]0;owned\\x07.gif"));
+}
+
+/// Pages large enough that a run is still reading them when the signal comes.
+void writeLongSite(const TempFolder& site) {
+    std::string index;
+    for (int i = 0; i < 200; ++i) {
+        const std::string name = "p" + std::to_string(i) + ".html";
+        index += "<a href=\"" + name + "\">\r\n";
+        std::filesystem::resize_file(site.write(name, ""), 4'000'000);
+    }
+    site.write("index.html", index);
+}
+
+bool waitForOutput(Process& process, std::string_view text) {
+    while (process.running()) {
+        if (process.errSoFar().find(text) != std::string::npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST(CheckCommand, InterruptStopsTheRunAndKeepsItsResults) {
+    const CommandBench bench;
+    writeLongSite(bench.site);
+    Process process(bench.command({"--json", "r.json", bench.start()}));
+    ASSERT_TRUE(waitForOutput(process, "Retrieving"));
+    process.signal(SIGINT);
+    const Finished result = process.wait();
+    EXPECT_EQ(result.status, 3);
+    EXPECT_THAT(result.err, HasSubstr("Stopping Quillmark...Please Wait\n"));
+    EXPECT_THAT(result.err, HasSubstr("Quillmark Aborted\n"));
+    const auto json = nlohmann::json::parse(bench.workingFolder.read("r.json"));
+    EXPECT_EQ(json["outcome"], "aborted");
+    EXPECT_EQ(json["lists"]["FileList"].size(), 201U);
+    EXPECT_LT(json["lists"]["GetFileList"].size(), 201U);
+}
+
+TEST(CheckCommand, OneRunAtATimeUsesAFolder) {
+    const CommandBench bench;
+    writeLongSite(bench.site);
+    Process process(bench.command({bench.start()}));
+    ASSERT_TRUE(waitForOutput(process, "Retrieving"));
+    const Finished second = bench.check({bench.start()});
+    EXPECT_EQ(second.status, 2);
+    EXPECT_THAT(second.err, HasSubstr("another check is running"));
+    EXPECT_EQ(bench
+                  .check({"--folder", "other", "-q", "--set", "MAX_LEVELS=1", "--list",
+                          "UnusedList", (bench.site.path() / "p1.html").string()})
+                  .status,
+              0);
+}
+
+} // namespace
+} // namespace quillmark::test
