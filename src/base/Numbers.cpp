@@ -35,7 +35,8 @@ double leadingNumber(std::string_view text) {
     double number = 0;
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number,
                                       std::chars_format::fixed);
-    if (read.ec == std::errc::result_out_of_range && digits.find_first_not_of("0.") < digits.find('.')) {
+    if (read.ec == std::errc::result_out_of_range &&
+        digits.find_first_not_of("0.") < digits.find('.')) {
         number = std::numeric_limits<double>::max();
     }
     return negative ? -number : number;

@@ -5,8 +5,8 @@
 
 namespace quillmark {
 
-/// The settings of one web site. Flags hold 0 or 1 and are on when they equal 1, CHECK_DUPES when it is
-/// not 0. IGNORE_VALUE, which a profile file holds too, is a value of the Configuration.
+/// The settings of one web site. Flags hold 0 or 1 and are on when they equal 1, CHECK_DUPES when
+/// it is not 0. IGNORE_VALUE, which a profile file holds too, is a value of the Configuration.
 struct Profile {
     std::string HOST_NAME; ///< Name or address of the FTP server.
     std::string USER_NAME;

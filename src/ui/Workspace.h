@@ -7,8 +7,8 @@
 
 namespace quillmark {
 
-/// What a program owns for its whole life, and lends to its parts: the lists, the state of the run, the
-/// settings and the trace.
+/// What a program owns for its whole life, and lends to its parts: the lists, the state of the run,
+/// the settings and the trace.
 struct Workspace {
     ResultLists lists;
     RunState run;

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 /// What each room of src/ may include beside itself.
 const std::map<std::string, std::set<std::string>>& allowedRooms() {
-    static const std::map<std::string, std::set<std::string>> Allowed = {
+    static const std::map<std::string, std::set<std::string>> allowed = {
         {"base", {}},
         {"store", {"base"}},
         {"settings", {"base", "store"}},
@@ -25,17 +25,17 @@ const std::map<std::string, std::set<std::string>>& allowedRooms() {
         {"platform", {"base", "store", "settings", "engine"}},
         {"command", {"base", "store", "settings", "engine", "ui", "platform"}},
     };
-    return Allowed;
+    return allowed;
 }
 
 /// Headers of one library or system, and the only folder of src/ that may know them.
 const std::map<std::string, std::string>& tiedHeaders() {
-    static const std::map<std::string, std::string> Tied = {
+    static const std::map<std::string, std::string> tied = {
         {"utf8proc.h", "base/"},  {"curl/", "platform/"},    {"unistd.h", "platform/"},
         {"fcntl.h", "platform/"}, {"sys/", "platform/"},     {"netinet/", "platform/"},
         {"CLI/", "command/"},     {"nlohmann/", "command/"},
     };
-    return Tied;
+    return tied;
 }
 
 struct Include {

@@ -135,7 +135,10 @@ int freePort() {
     const int socketHandle = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address = loopback(0);
     socklen_t length = sizeof address;
-    bind(socketHandle, reinterpret_cast<sockaddr*>(&address), length);
+    if (bind(socketHandle, reinterpret_cast<sockaddr*>(&address), length) != 0) {
+        close(socketHandle);
+        throw std::runtime_error("no free port");
+    }
     getsockname(socketHandle, reinterpret_cast<sockaddr*>(&address), &length);
     close(socketHandle);
     return ntohs(address.sin_port);

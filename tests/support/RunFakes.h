@@ -57,21 +57,25 @@ public:
     void disconnect() override { connected_ = false; }
     void list(std::string_view directory, const DirItem& item) override {
         loseConnectionAt(directory);
-        const FolderListing listing = disk.list(local(directory));
+        const FolderListing listing = disk_.list(local(directory));
         for (const std::string& name : listing.folders) {
             item("drwxr-xr-x   2 me       me           4096 Jan  1 12:00 " + name);
         }
         for (const std::string& name : listing.files) {
-            std::string size =
+            const std::string size =
                 std::to_string(std::filesystem::file_size(root / nativeTail(directory) / name));
-            size.insert(0, 10 - size.size(), ' ');
-            item("-rw-r--r--   1 me       me      " + size + " Jan  1 12:00 " + name);
+            std::string line = "-rw-r--r--   1 me       me      ";
+            line.append(10 - std::min(size.size(), std::size_t{10}), ' ')
+                .append(size)
+                .append(" Jan  1 12:00 ")
+                .append(name);
+            item(line);
         }
     }
     void listWorkingDirectory(const DirItem& item) override { list("/", item); }
     bool retrieve(std::string_view remoteFile, std::string_view localFile) override {
         loseConnectionAt(remoteFile);
-        return disk.CopyFileBinary(local(remoteFile), localFile) == 0;
+        return disk_.CopyFileBinary(local(remoteFile), localFile) == 0;
     }
     void deleteFile(std::string_view /*remoteFile*/) override {}
     void removeDirectory(std::string_view /*directory*/) override {}
@@ -90,7 +94,7 @@ private:
         }
     }
 
-    DiskAdapter disk;
+    DiskAdapter disk_;
     bool connected_ = false;
 };
 

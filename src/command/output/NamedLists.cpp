@@ -12,7 +12,7 @@ constexpr std::size_t LineWidth = 64;
 
 const std::vector<NamedList>& namedLists() {
     using Lists = ResultLists;
-    static const std::vector<NamedList> All = {
+    static const std::vector<NamedList> all = {
         {"DirectoryList", &Lists::DirectoryList, nullptr},
         {"FileList", &Lists::FileList, nullptr},
         {"FileSizes", &Lists::FileSizes, nullptr},
@@ -26,7 +26,7 @@ const std::vector<NamedList>& namedLists() {
         {"UnusedList", &Lists::UnusedList, nullptr},
         {"DuplicateList", &Lists::DuplicateList, nullptr},
     };
-    return All;
+    return all;
 }
 
 const NamedList* findList(std::string_view name) {

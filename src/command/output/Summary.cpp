@@ -26,18 +26,19 @@ constexpr int ListHintColumn = 30;
 
 class SummaryWriter {
 public:
-    SummaryWriter(std::ostream& out, const Workspace& workspace, bool color)
-        : out_(out), workspace_(workspace), lists_(workspace.lists), color_(color) {
+    SummaryWriter(std::ostream& out, RunOutcome outcome, const Workspace& workspace, bool color)
+        : out_(out), outcome_(outcome), workspace_(workspace), lists_(workspace.lists),
+          color_(color) {
         const std::string start = ToForwardSlashes(workspace.settings.profile.START_PATH);
         startFile_ = start;
         startDirectory_ = PathParser(start).Path();
     }
 
-    void write(RunOutcome outcome) {
+    void write() {
         writeHeading();
+        writeOutcome();
         writeInvalid();
         writeOthers();
-        writeOutcome(outcome);
     }
 
 private:
@@ -68,7 +69,8 @@ private:
     /// The pages in the order of their first invalid reference.
     void writeInvalid() {
         const int count = lists_.InvalidReferences.Count();
-        out_ << styled(count == 0 ? Green : Red,
+        const bool sound = count == 0 && outcome_ == RunOutcome::Finished;
+        out_ << styled(sound ? Green : Red,
                        counted(count, "invalid reference", "invalid references"))
              << "\n";
         std::map<std::string_view, std::size_t> places;
@@ -117,12 +119,11 @@ private:
         }
     }
 
-    void writeOutcome(RunOutcome outcome) {
-        if (outcome == RunOutcome::Finished) {
+    void writeOutcome() {
+        if (outcome_ == RunOutcome::Finished) {
             return;
         }
-        out_ << "\n"
-             << styled(Yellow, outcome == RunOutcome::Aborted
+        out_ << styled(Yellow, outcome_ == RunOutcome::Aborted
                                    ? "The run was aborted: these are the results so far."
                                    : "The run failed: these are the results so far.")
              << " Its last messages:\n";
@@ -130,9 +131,11 @@ private:
         for (int i = std::max(0, messages.Count() - NewestMessages); i < messages.Count(); ++i) {
             out_ << "  " << printable(messages.Line(i)) << "\n";
         }
+        out_ << "\n";
     }
 
     std::ostream& out_;
+    RunOutcome outcome_;
     const Workspace& workspace_;
     const ResultLists& lists_;
     bool color_;
@@ -143,7 +146,7 @@ private:
 } // namespace
 
 void writeSummary(std::ostream& out, RunOutcome outcome, const Workspace& workspace, bool color) {
-    SummaryWriter(out, workspace, color).write(outcome);
+    SummaryWriter(out, outcome, workspace, color).write();
 }
 
 } // namespace quillmark

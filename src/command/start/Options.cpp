@@ -17,7 +17,7 @@ constexpr const char* Description =
 constexpr const char* Footer =
     "Examples:\n"
     "  quillmark-check site/index.html\n"
-    "  quillmark-check --set CHECK_DUPES=1 --set MAX_LEVELS=3 site/index.html\n"
+    "  quillmark-check --set CHECK_DUPES=1 --set IGNORECASE=1 site/index.html\n"
     "  quillmark-check --list InvalidReferences site/index.html\n"
     "  quillmark-check --profile \"My Site\" --json - --report report.txt\n"
     "\n"

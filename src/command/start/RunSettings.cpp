@@ -40,11 +40,29 @@ void applySettings(const std::vector<std::string>& assignments, Settings& settin
     }
 }
 
+/// The text of a message box, whose lines end in CR LF.
+void complainInLines(std::string_view text) {
+    const std::size_t end = text.find("\r\n");
+    complain(printable(text.substr(0, end)));
+    if (end != std::string_view::npos) {
+        complain(printable(text.substr(end + 2)));
+    }
+}
+
+/// A configuration that was cut short by accident finds nothing, and must not pass for a sound
+/// site.
+void warnOfEmptyVocabulary(const Configuration& configuration) {
+    if (configuration.lstCheckCommand.Count() == 0 || configuration.lstCheckHTML.Count() == 0) {
+        complain("CHECK_COMMAND or CHECK_HTML is empty, so that references are missed; delete "
+                 "Quillmark.ini to go back to the built-in lists");
+    }
+}
+
 } // namespace
 
 void readSettings(const Options& options, Settings& settings, SettingsFiles& files) {
     SetDefaultSettings(settings);
-    ReadConfigurations(settings, files, [](std::string_view text) { complain(printable(text)); });
+    ReadConfigurations(settings, files, complainInLines);
     Profile& profile = settings.profile;
     if (options.profile.empty()) {
         profile.START_PATH = startPathOf(options.start);
@@ -64,6 +82,7 @@ void readSettings(const Options& options, Settings& settings, SettingsFiles& fil
                           "local start path holds a \"\\\"");
     }
     requireStartFile(profile.START_PATH);
+    warnOfEmptyVocabulary(settings.configuration);
 }
 
 } // namespace quillmark

@@ -40,7 +40,7 @@ std::string startPathOf(const std::string& file) {
     const std::string path = fs::absolute(file).lexically_normal().string();
     if (path.find('\\') != std::string::npos) {
         throw CannotStart("\"" + path +
-                          "\" holds a \"\\\", which stands for a folder here; rename that folder");
+                          R"(" holds a "\", which stands for a folder here; rename that folder)");
     }
     return ToBackSlashes(path);
 }

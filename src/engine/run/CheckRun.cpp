@@ -11,7 +11,7 @@
 namespace quillmark {
 
 CheckRun::CheckRun(ResultLists& lists, RunState& state, const Settings& settings, Outside& outside,
-                   std::string programFolder)
+                   std::string_view programFolder)
     : lists_(lists), state_(state), settings_(settings), outside_(outside),
       programFolder_(WithTrailingBackslash(programFolder)),
       sounds_(outside.sounds, settings.configuration) {}

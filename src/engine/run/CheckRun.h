@@ -25,7 +25,7 @@ class CheckRun {
 public:
     /// `programFolder` is the program's own folder in "\" form.
     CheckRun(ResultLists& lists, RunState& state, const Settings& settings, Outside& outside,
-             std::string programFolder);
+             std::string_view programFolder);
 
     /// What Start does once the profile is chosen: clears the messages and runs. The start path
     /// must not be empty.

@@ -20,7 +20,7 @@ std::string fileLine(const std::string& size, const std::string& name) {
 }
 
 const std::vector<LineCase>& lineCases() {
-    static const std::vector<LineCase> Cases = {
+    static const std::vector<LineCase> cases = {
         {"Directory", "drwxr-xr-x 2 www www 4096 Jan 1 12:00 images", {"/www/images/"}, {}},
         {"DirectoryWithSlash", "drwxr-xr-x 2 www www 4096 Jan 1 12:00 a/", {"/www/a/"}, {}},
         {"Dot", "drwxr-xr-x 2 www www 4096 Jan 1 12:00 .", {}, {}},
@@ -35,7 +35,7 @@ const std::vector<LineCase>& lineCases() {
         {"NoBlank", "-rwx", {}, {"/www/wx000000000"}},
         {"Total", "total 12", {}, {"/www/12000000000"}},
     };
-    return Cases;
+    return cases;
 }
 
 TEST(DirItem, TakesListingLines) {

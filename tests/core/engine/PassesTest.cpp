@@ -15,16 +15,16 @@ namespace {
 
 /// Few names in many lines and two spellings: equal lines, and lines equal but for case, abound.
 Lines generated(std::mt19937& random, int count) {
-    static const Lines Names = {"a.html",     "A.html",        "b.gif",         "B.GIF",
+    static const Lines names = {"a.html",     "A.html",        "b.gif",         "B.GIF",
                                 "#t",         "x.cgi",         "X.CGI",         "y.Cgi",
                                 "http://s/a", "\xC3\xA9.html", "\xC3\x89.html", "\xE9.html"};
-    static const Lines Folders = {"/", "/w/", "/W/"};
+    static const Lines folders = {"/", "/w/", "/W/"};
     Lines lines;
     for (int i = 0; i < count; ++i) {
-        lines.push_back(Folders[random() % Folders.size()] + Names[random() % Names.size()] +
+        lines.push_back(folders[random() % folders.size()] + names[random() % names.size()] +
                         std::to_string(random() % 3));
         if (random() % 4 == 0) {
-            lines.back() = Names[random() % Names.size()];
+            lines.back() = names[random() % names.size()];
         }
     }
     return lines;

@@ -26,7 +26,7 @@ struct ReferenceCase {
 };
 
 const std::vector<ReferenceCase>& referenceCases() {
-    static const std::vector<ReferenceCase> Cases = {
+    static const std::vector<ReferenceCase> cases = {
         {"Plain", "page.html", "/www/sub/page.html", ""},
         {"Below", "images/a.gif", "/www/sub/images/a.gif", ""},
         {"OtherServer", "http://other.org/x.html", "", ""},
@@ -52,7 +52,7 @@ const std::vector<ReferenceCase>& referenceCases() {
         {"Map", "menu.map", "/www/sub/menu.map", ""},
         {"DirectoryOnly", "images/", "/www/sub/images/", ""},
     };
-    return Cases;
+    return cases;
 }
 
 struct ResolverBench : RunBench {

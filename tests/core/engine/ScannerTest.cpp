@@ -25,7 +25,7 @@ struct PageCase {
 };
 
 const std::vector<PageCase>& pageCases() {
-    static const std::vector<PageCase> Cases = {
+    static const std::vector<PageCase> cases = {
         {"CrLfLine", "<img src=\"a.gif\">\r\n", {"a.gif"}},
         {"SplitOverCrLf", "<img\r\n src=\"a.gif\">\r\n", {}},
         {"BareLfJoins", "<img\n src=\"a.gif\">\n\n", {"a.gif"}},
@@ -52,10 +52,10 @@ const std::vector<PageCase>& pageCases() {
         {"UnfinishedTag", "<a href=\"a\">< href=\"b\"\r\n", {"a"}},
         {"CommentsAreNotKnown", "<!-- <a href=\"old.html\"> -->\r\n", {"old.html"}},
         {"HighAndZeroBytes",
-         std::string("<a href=\"\xFC\0x\">\r\n", 17),
+         std::string("<a href=\"\xFC\0x\">\r\n", 16),
          {std::string("\xFC\0x", 3)}},
     };
-    return Cases;
+    return cases;
 }
 
 TEST(Scanner, FindsTheReferencesOfAPage) {
@@ -73,10 +73,10 @@ TEST(Scanner, TakesValuesOnlyWhenTheyAreNotIgnored) {
     RunBench bench;
     RecordingSink sink;
     Scanner scanner(bench.context, sink);
-    scanner.CheckCommand("input type=\"text\" value=\"Go\"");
+    scanner.CheckCommand(R"(input type="text" value="Go")");
     EXPECT_TRUE(sink.references.empty());
     bench.settings.configuration.IGNORE_VALUE = 0;
-    scanner.CheckCommand("input type=\"text\" value=\"Go\"");
+    scanner.CheckCommand(R"(input type="text" value="Go")");
     EXPECT_EQ(sink.references, Lines{"Go"});
 }
 
