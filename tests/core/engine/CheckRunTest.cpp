@@ -262,7 +262,7 @@ TEST(CheckRun, TheLineThatFillsAListStays) {
     RunBench bench;
     Lines references;
     for (int i = 0; i < ResultList::Maximum + 5; ++i) {
-        references.push_back("f" + std::to_string(i));
+        references.emplace_back("f").append(std::to_string(i));
     }
     bench.site.write("index.html", page(references));
     EXPECT_EQ(bench.runLocal(), RunOutcome::Aborted);
