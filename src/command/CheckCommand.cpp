@@ -1,41 +1,55 @@
 #include "command/CheckCommand.h"
 
-#include "base/Failure.h"
 #include "base/Paths.h"
 #include "command/ExitStatus.h"
 #include "command/HeadlessRun.h"
-#include "command/NoHost.h"
+#include "command/ProgramPlace.h"
 #include "command/StopSignal.h"
 #include "command/output/Complaint.h"
 #include "command/output/Results.h"
 #include "command/output/TerminalMessages.h"
 #include "command/start/RunSettings.h"
-#include "command/start/StartFile.h"
 #include "engine/run/CheckRun.h"
 #include "platform/Console.h"
-#include "platform/FolderChoice.h"
-#include "platform/FolderLock.h"
-#include "platform/ProgramFolder.h"
 #include "platform/disk/DiskAdapter.h"
+#include "platform/ftp/FtpXCtl.h"
+#include "platform/http/Inet.h"
+#include "ui/LineWriter.h"
 #include "ui/MessageLog.h"
 #include "ui/Workspace.h"
 
 #include <exception>
 #include <filesystem>
+#include <optional>
+#include <string>
 
 namespace quillmark {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-fs::path programFolderFor(const Options& options) {
-    try {
-        return chooseProgramFolder(options.folder);
-    } catch (const Failure& failure) {
-        throw CannotStart("the program's own folder cannot be used (" + failure.description() +
-                          "); name another with --folder DIR");
+/// Writes the conversation to the file that the command line names, or nowhere.
+class TraceFile : public FtpTrace {
+public:
+    explicit TraceFile(const std::string& file) {
+        if (!file.empty()) {
+            writer_.emplace(file, std::ios::trunc);
+        }
     }
+    void Trace(std::string_view text) override {
+        if (writer_) {
+            writer_->line(text);
+        }
+    }
+
+private:
+    std::optional<LineWriter> writer_;
+};
+
+FetchLimits limitsFor(const Options& options) {
+    FetchLimits limits;
+    limits.inAll = options.fetches;
+    limits.toOneHost = options.fetchesToOneHost;
+    return limits;
 }
 
 MessageDetail detailFor(const Options& options) {
@@ -49,16 +63,19 @@ MessageDetail detailFor(const Options& options) {
                                                             : MessageDetail::Lines;
 }
 
-RunOutcome performRun(const Options& options, Workspace& workspace, const fs::path& folder) {
+RunOutcome performRun(const Options& options, Workspace& workspace,
+                      const std::filesystem::path& folder) {
     TerminalMessages terminal(detailFor(options));
     MessageLog messages(workspace.settings.configuration, workspace.run, workspace.lists.Message,
                         workspace.trace, folder / "Quillmark.log", terminal);
+    StopSignal events;
     DiskAdapter disk;
-    NoHost host;
+    TraceFile trace(options.trace);
+    FtpXCtl ftp(messages, events, workspace.run, trace, timeoutsFromEnvironment());
+    Inet inet(events, workspace.run, limitsFor(options));
     SilentPlayer sounds;
     HeadlessWindow window;
-    StopSignal events;
-    Outside outside{messages, disk, host, host, terminal, sounds, window, events};
+    Outside outside{messages, disk, ftp, inet, terminal, sounds, window, events};
     CheckRun run(workspace.lists, workspace.run, workspace.settings, outside,
                  ToBackSlashes(folder.string()));
     events.onStop([&run] { run.stop(); });
@@ -78,17 +95,11 @@ int runCheck(const Options& options) {
     bool started = false;
     try {
         requireWritableResults(options);
-        const fs::path folder = programFolderFor(options);
-        const FolderLock lock(folder);
-        if (!lock.held()) {
-            throw CannotStart("another check is running with the folder " + folder.string() +
-                              "; wait for its end, or give this one its own with --folder DIR");
-        }
+        ProgramPlace place(options);
         Workspace workspace;
-        ProgramFolder files(ToBackSlashes(folder.string()));
-        readSettings(options, workspace.settings, files);
+        readSettings(options, workspace.settings, place.files());
         started = true;
-        const RunOutcome outcome = performRun(options, workspace, folder);
+        const RunOutcome outcome = performRun(options, workspace, place.folder());
         writeResults(options, outcome, workspace);
         return statusOf(outcome, workspace);
     } catch (const std::exception& error) {

@@ -1,7 +1,13 @@
 #include "command/CheckCommand.h"
+#include "command/ProfileCommand.h"
 #include "command/start/Options.h"
 
 int main(int argc, char* argv[]) {
-    const auto parsed = quillmark::parseOptions(argc, argv);
-    return parsed.exitStatus ? *parsed.exitStatus : quillmark::runCheck(parsed.options);
+    using namespace quillmark;
+    const auto parsed = parseOptions(argc, argv);
+    if (parsed.exitStatus) {
+        return *parsed.exitStatus;
+    }
+    return parsed.options.action == Action::Check ? runCheck(parsed.options)
+                                                  : runProfileCommand(parsed.options);
 }

@@ -1,6 +1,5 @@
 #include "settings/SettingValue.h"
 
-#include "settings/SettingKeys.h"
 #include "store/FileMasks.h"
 
 #include <algorithm>
@@ -52,7 +51,26 @@ void setValue(ResultList& list, std::string_view /*key*/, std::string_view value
     SplitFileMasks(value, list);
 }
 
+std::string textOf(std::int16_t number) {
+    return std::to_string(number);
+}
+
+std::string textOf(const std::string& text) {
+    return text;
+}
+
+std::string textOf(const ResultList& list) {
+    return JoinFileMasks(list);
+}
+
 } // namespace
+
+std::string valueText(const Settings& settings, const SettingKey& setting) {
+    if (setting.place == PasswordPlace) {
+        return settings.profile.USER_PASSWORD.empty() ? "" : "(stored)";
+    }
+    return std::visit([&](auto place) { return textOf(valueAt(settings, place)); }, setting.place);
+}
 
 void setByKey(Settings& settings, std::string_view key, std::string_view value) {
     const SettingKey& setting = requireSetting(key);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "settings/SettingKeys.h"
 #include "settings/Settings.h"
 
 #include <stdexcept>
+#include <string>
 #include <string_view>
 
 namespace quillmark {
@@ -18,5 +20,8 @@ public:
 /// key, for a value that does not fit, and for the password, which does not belong on a command
 /// line.
 void setByKey(Settings& settings, std::string_view key, std::string_view value);
+
+/// The value as setByKey() takes it; the password is shown as "(stored)" or nothing.
+std::string valueText(const Settings& settings, const SettingKey& setting);
 
 } // namespace quillmark

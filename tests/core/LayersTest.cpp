@@ -31,9 +31,10 @@ const std::map<std::string, std::set<std::string>>& allowedRooms() {
 /// Headers of one library or system, and the only folder of src/ that may know them.
 const std::map<std::string, std::string>& tiedHeaders() {
     static const std::map<std::string, std::string> tied = {
-        {"utf8proc.h", "base/"},  {"curl/", "platform/"},    {"unistd.h", "platform/"},
-        {"fcntl.h", "platform/"}, {"sys/", "platform/"},     {"netinet/", "platform/"},
-        {"CLI/", "command/"},     {"nlohmann/", "command/"},
+        {"utf8proc.h", "base/"},   {"curl/", "platform/"},     {"unistd.h", "platform/"},
+        {"fcntl.h", "platform/"},  {"sys/", "platform/"},      {"netinet/", "platform/"},
+        {"zlib.h", "platform/"},   {"termios.h", "platform/"}, {"CLI/", "command/"},
+        {"nlohmann/", "command/"},
     };
     return tied;
 }

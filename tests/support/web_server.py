@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """A web server with every habit, good and bad, that a link check meets.
 
-Usage: web_server.py PORT [TLS_PORT CERTIFICATE_AND_KEY]. It listens on all of 127.0.0.0/8 and counts
+Usage: web_server.py PORT [TLS_PORT CERTIFICATE KEY]. It listens on all of 127.0.0.0/8 and counts
 the requests of each path; /report answers with one line "COUNT PATH" for each, and with the most
 requests that were under way at once, in all and to one host.
 """
@@ -14,6 +14,7 @@ from collections import Counter
 
 NOT_FOUND = b"<h1>404 File Not Found</h1>"
 MEGABYTE = b"x" * 1024 * 1024
+BOMB = b""
 
 
 class Report:
@@ -91,6 +92,23 @@ async def big(_path, writer):
         await writer.drain()
 
 
+async def bomb(_path, _writer):
+    global BOMB
+    BOMB = BOMB or zipped(bytes(200 * len(MEGABYTE)))
+    return BOMB
+
+
+async def impatient(_path, writer):
+    """Sends much, and hangs up when the other side does not read."""
+    writer.write(f"HTTP/1.1 200 OK\r\nContent-Length: {64 * len(MEGABYTE)}\r\n\r\n".encode())
+    try:
+        for _ in range(64):
+            writer.write(MEGABYTE)
+            await asyncio.wait_for(writer.drain(), 0.1)
+    except asyncio.TimeoutError:
+        writer.transport.abort()
+
+
 async def without_end(head, piece, writer):
     writer.write(b"HTTP/1.1 200 OK\r\n" + head)
     while True:
@@ -111,12 +129,12 @@ HABITS = {
     "lie": lambda *_: page_of(answer(NOT_FOUND)),
     "zipped": lambda *_: page_of(zipped(NOT_FOUND)),
     "damaged": lambda *_: page_of(answer(b"no gzip", "200 OK", "Content-Encoding: gzip")),
-    "bomb": lambda *_: page_of(BOMB),
+    "bomb": bomb,
+    "impatient": impatient,
     "endless": lambda _, writer: without_end(b"\r\n", MEGABYTE, writer),
     "header": lambda _, writer: without_end(b"", b"a: b\r\n" * 1000, writer),
     "report": lambda *_: page_of(answer(REPORT.text())),
 }
-BOMB = zipped(bytes(200 * len(MEGABYTE)))
 
 
 async def page_of(whole):
@@ -141,11 +159,11 @@ async def serve(reader, writer):
         writer.close()
 
 
-async def main(port, tls_port=None, certificate=None):
+async def main(port, tls_port=None, certificate=None, key=None):
     servers = [await asyncio.start_server(serve, "0.0.0.0", int(port), backlog=1024)]
     if certificate:
         context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
-        context.load_cert_chain(certificate)
+        context.load_cert_chain(certificate, key)
         servers.append(await asyncio.start_server(serve, "0.0.0.0", int(tls_port), ssl=context))
     await asyncio.gather(*(server.serve_forever() for server in servers))
 

@@ -59,6 +59,7 @@ void writeJsonTo(const std::string& file, RunOutcome outcome, const Workspace& w
 void requireWritableResults(const Options& options) {
     requireWritable(options.report);
     requireWritable(options.json);
+    requireWritable(options.trace);
 }
 
 void writeResults(const Options& options, RunOutcome outcome, const Workspace& workspace) {

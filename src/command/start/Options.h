@@ -1,15 +1,29 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace quillmark {
 
+/// What quillmark-check is asked to do.
+enum class Action { Check, SaveProfile, ShowProfile };
+
 /// The command line of quillmark-check.
 struct Options {
+    Action action = Action::Check;
     std::string start;   ///< A local start file, as the user's shell names it.
-    std::string profile; ///< The name of a profile instead.
+    std::string profile; ///< The name of a profile: to run instead, to save or to show.
+    std::string host;    ///< The web host to check instead.
+    std::string startPath;
+    std::optional<std::string> port;
+    std::optional<std::string> userName;
+    std::optional<std::string> account;
+    std::string passwordFile;
+    std::string trace; ///< The file for the conversation with the host.
+    std::size_t fetches = 32;
+    std::size_t fetchesToOneHost = 8;
     std::optional<std::string> folder;
     std::vector<std::string> set; ///< KEY=VALUE each.
     std::string report;

@@ -2,6 +2,7 @@
 
 #include "command/output/Complaint.h"
 #include "command/output/Terminal.h"
+#include "command/start/Password.h"
 #include "command/start/StartFile.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
@@ -15,20 +16,6 @@
 namespace quillmark {
 
 namespace {
-
-void loadProfile(const std::string& name, Settings& settings, SettingsFiles& files) {
-    const std::vector<std::string> names = ListProfiles(files);
-    if (std::find(names.begin(), names.end(), name) == names.end()) {
-        std::string text = "there is no profile \"" + name + "\" in the program's folder";
-        for (std::size_t i = 0; i < names.size(); ++i) {
-            text += (i == 0 ? "; the profiles are: " : ", ") + names[i];
-        }
-        throw CannotStart(text);
-    }
-    if (!LoadProfile(settings, files, name)) {
-        complain("the profile \"" + name + "\" is damaged; what could be read of it is used");
-    }
-}
 
 void applySettings(const std::vector<std::string>& assignments, Settings& settings) {
     for (const std::string& assignment : assignments) {
@@ -58,30 +45,84 @@ void warnOfEmptyVocabulary(const Configuration& configuration) {
     }
 }
 
+void requireHost(const Profile& profile) {
+    if (profile.HOST_NAME.empty()) {
+        throw CannotStart("\"" + profile.START_PATH +
+                          "\" is a path on a web host, and no host is named; name one with --host "
+                          "NAME, or a local start file with \"\\\" in its path");
+    }
+}
+
+void applyHost(const Options& options, Settings& settings) {
+    if (!options.host.empty()) {
+        setByKey(settings, "HOST_NAME", options.host);
+    }
+    if (!options.startPath.empty()) {
+        setByKey(settings, "START_PATH", options.startPath);
+    }
+    if (options.port) {
+        setByKey(settings, "HOST_PORT", *options.port);
+    }
+    if (options.userName) {
+        setByKey(settings, "USER_NAME", *options.userName);
+    }
+    if (options.account) {
+        setByKey(settings, "ACCOUNT_NAME", *options.account);
+    }
+}
+
 } // namespace
 
-void readSettings(const Options& options, Settings& settings, SettingsFiles& files) {
+void readConfiguration(Settings& settings, SettingsFiles& files) {
     SetDefaultSettings(settings);
     ReadConfigurations(settings, files, complainInLines);
-    Profile& profile = settings.profile;
-    if (options.profile.empty()) {
-        profile.START_PATH = startPathOf(options.start);
-    } else {
-        loadProfile(options.profile, settings, files);
-    }
+}
+
+void applyOptions(const Options& options, Settings& settings) {
+    applyHost(options, settings);
     applySettings(options.set, settings);
+}
+
+void requireProfile(const std::string& name, SettingsFiles& files) {
+    const std::vector<std::string> names = ListProfiles(files);
+    if (std::find(names.begin(), names.end(), name) != names.end()) {
+        return;
+    }
+    std::string text = "there is no profile \"" + name + "\" in the program's folder";
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        text += (i == 0 ? "; the profiles are: " : ", ") + names[i];
+    }
+    throw CannotStart(text);
+}
+
+void loadNamedProfile(const std::string& name, Settings& settings, SettingsFiles& files) {
+    requireProfile(name, files);
+    if (!LoadProfile(settings, files, name)) {
+        complain("the profile \"" + name + "\" is damaged; what could be read of it is used");
+    }
+}
+
+void readSettings(const Options& options, Settings& settings, SettingsFiles& files) {
+    readConfiguration(settings, files);
+    Profile& profile = settings.profile;
+    if (!options.profile.empty()) {
+        loadNamedProfile(options.profile, settings, files);
+    } else if (!options.start.empty()) {
+        profile.START_PATH = startPathOf(options.start);
+    }
+    applyOptions(options, settings);
     if (options.verbose) {
         settings.configuration.DEBUG = 1;
     }
     if (profile.START_PATH.empty()) {
-        throw CannotStart("there is no start path; give one with --set START_PATH=...");
+        throw CannotStart("there is no start path; give one with --start PATH");
     }
-    if (profile.START_PATH.find('\\') == std::string::npos) {
-        throw CannotStart("\"" + profile.START_PATH +
-                          "\" is a path on a web host, and this version checks local sites only; a "
-                          "local start path holds a \"\\\"");
+    if (profile.START_PATH.find('\\') != std::string::npos) {
+        requireStartFile(profile.START_PATH);
+    } else {
+        requireHost(profile);
+        takePassword(options, profile);
     }
-    requireStartFile(profile.START_PATH);
     warnOfEmptyVocabulary(settings.configuration);
 }
 

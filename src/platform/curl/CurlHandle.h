@@ -6,23 +6,28 @@
 
 namespace quillmark {
 
-struct CurlDelete {
+// One deleter a kind: CURL and CURLM are both void to the compiler.
+struct CurlEasyDelete {
     void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+};
+struct CurlMultiDelete {
     void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
+};
+struct CurlListDelete {
     void operator()(curl_slist* list) const { curl_slist_free_all(list); }
 };
-
-using CurlEasy = std::unique_ptr<CURL, CurlDelete>;
-using CurlMulti = std::unique_ptr<CURLM, CurlDelete>;
-using CurlList = std::unique_ptr<curl_slist, CurlDelete>;
-
-/// Keeps libcurl ready for as long as any object of it lives (curl_global_init counts its calls).
-class CurlLibrary {
-public:
-    CurlLibrary() { curl_global_init(CURL_GLOBAL_DEFAULT); }
-    ~CurlLibrary() { curl_global_cleanup(); }
-    CurlLibrary(const CurlLibrary&) = delete;
-    CurlLibrary& operator=(const CurlLibrary&) = delete;
+struct CurlUrlDelete {
+    void operator()(CURLU* handle) const { curl_url_cleanup(handle); }
 };
+struct CurlTextDelete {
+    void operator()(char* text) const { curl_free(text); }
+};
+
+/// The handles of libcurl, each owned by one object.
+using CurlEasy = std::unique_ptr<CURL, CurlEasyDelete>;
+using CurlMulti = std::unique_ptr<CURLM, CurlMultiDelete>;
+using CurlList = std::unique_ptr<curl_slist, CurlListDelete>;
+using CurlUrl = std::unique_ptr<CURLU, CurlUrlDelete>;
+using CurlText = std::unique_ptr<char, CurlTextDelete>;
 
 } // namespace quillmark

@@ -93,7 +93,7 @@ TEST(CheckCommand, RefusesWhatCannotStart) {
     bench.site.write("file", "");
     const std::string start = bench.start();
     const std::vector<RefusedCase> cases = {
-        {"Nothing", {}, "a start file or --profile NAME"},
+        {"Nothing", {}, "a start file, --profile NAME or --host NAME"},
         {"NoSuchFile", {"nowhere.html"}, "there is no start file \"nowhere.html\""},
         {"AFolder",
          {bench.site.path().string()},
@@ -168,7 +168,7 @@ TEST(CheckCommand, HostileNamesDoNotSteerTheTerminal) {
 void writeLongSite(const TempFolder& site) {
     std::string index;
     for (int i = 0; i < 200; ++i) {
-        const std::string name = "p" + std::to_string(i) + ".html";
+        const std::string name = std::to_string(i) + ".html";
         index += "<a href=\"" + name + "\">\r\n";
         std::filesystem::resize_file(site.write(name, ""), 4'000'000);
     }
@@ -210,7 +210,7 @@ TEST(CheckCommand, OneRunAtATimeUsesAFolder) {
     EXPECT_THAT(second.err, HasSubstr("another check is running"));
     EXPECT_EQ(bench
                   .check({"--folder", "other", "-q", "--set", "MAX_LEVELS=1", "--list",
-                          "UnusedList", (bench.site.path() / "p1.html").string()})
+                          "UnusedList", (bench.site.path() / "1.html").string()})
                   .status,
               0);
 }

@@ -1,0 +1,54 @@
+#include "base/Failure.h"
+#include "platform/http/Inet.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include <sys/resource.h>
+
+namespace {
+
+class NoEvents : public quillmark::EventLoop {
+public:
+    void DoEvents() override {}
+};
+
+int opened(quillmark::Inet& inet, const std::vector<std::string>& urls) {
+    int count = 0;
+    for (const std::string& url : urls) {
+        try {
+            inet.OpenURL(url);
+            ++count;
+        } catch (const quillmark::Failure& failure) {
+            std::cerr << url << ": " << failure.what() << "\n";
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+// urls_driver LIMIT_OF_ONE_HOST LIMIT_IN_ALL <ADDRESSES: fetches them, and prints how many
+// answered, the seconds it took and the peak of the memory in KiB.
+int main(int argc, char** argv) {
+    quillmark::FetchLimits limits;
+    limits.toOneHost = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : limits.toOneHost;
+    limits.inAll = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : limits.inAll;
+    std::vector<std::string> urls;
+    for (std::string url; std::getline(std::cin, url);) {
+        urls.push_back(url);
+    }
+    NoEvents events;
+    const quillmark::RunState state;
+    quillmark::Inet inet(events, state, limits);
+    const auto start = std::chrono::steady_clock::now();
+    inet.expect(urls);
+    const int answered = opened(inet, urls);
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::cout << answered << " " << taken.count() << " " << usage.ru_maxrss << "\n";
+}

@@ -1,0 +1,98 @@
+#include "command/ProfileCommand.h"
+
+#include "command/ExitStatus.h"
+#include "command/ProgramPlace.h"
+#include "command/output/Complaint.h"
+#include "command/output/Terminal.h"
+#include "command/start/Password.h"
+#include "command/start/RunSettings.h"
+#include "command/start/StartFile.h"
+#include "settings/DefaultSettings.h"
+#include "settings/ProfileFile.h"
+#include "settings/SettingValue.h"
+
+#include <algorithm>
+#include <exception>
+#include <iostream>
+
+namespace quillmark {
+
+namespace {
+
+bool isProfileKey(std::string_view key) {
+    return std::any_of(ProfileKeys.begin(), ProfileKeys.end(),
+                       [key](const SettingKey& setting) { return setting.key == key; });
+}
+
+void requireProfileKeys(const Options& options) {
+    for (const std::string& assignment : options.set) {
+        const std::string key = assignment.substr(0, assignment.find('='));
+        if (!isProfileKey(key)) {
+            throw CannotStart("a profile has no value \"" + key + "\"");
+        }
+    }
+}
+
+/// A profile file ends a value at its first comma: what would come back changed is not saved.
+void requireStorable(const Profile& profile) {
+    for (const std::string& text : {profile.HOST_NAME, profile.USER_NAME, profile.START_PATH,
+                                    profile.ACCOUNT_NAME, profile.HOST_ALIAS}) {
+        if (text.find_first_of(",\r\n") != std::string::npos) {
+            throw CannotStart("a profile cannot hold a comma or a line end: \"" + printable(text) +
+                              "\"");
+        }
+    }
+}
+
+void updatePassword(const Options& options, Profile& profile) {
+    auto password = givenPassword(options);
+    if (!password && profile.USER_PASSWORD.empty() && !profile.USER_NAME.empty()) {
+        password = askForPassword(profile);
+    }
+    if (password) {
+        profile.USER_PASSWORD = *password;
+    } else if (profile.USER_PASSWORD.empty() && !profile.USER_NAME.empty()) {
+        complain("no password is stored; set QUILLMARK_PASSWORD or name a --password-file to store "
+                 "one");
+    }
+}
+
+void saveProfile(const Options& options, SettingsFiles& files) {
+    requireProfileKeys(options);
+    Settings settings{{}, newProfile()};
+    const std::vector<std::string> names = ListProfiles(files);
+    if (std::find(names.begin(), names.end(), options.profile) != names.end()) {
+        loadNamedProfile(options.profile, settings, files);
+    }
+    applyOptions(options, settings);
+    requireStorable(settings.profile);
+    updatePassword(options, settings.profile);
+    SaveProfile(settings, files, options.profile);
+}
+
+void showProfile(const Options& options, SettingsFiles& files) {
+    Settings settings{{}, newProfile()};
+    loadNamedProfile(options.profile, settings, files);
+    for (const SettingKey& setting : ProfileKeys) {
+        std::cout << setting.key << '=' << printable(valueText(settings, setting)) << '\n';
+    }
+}
+
+} // namespace
+
+int runProfileCommand(const Options& options) {
+    try {
+        ProgramPlace place(options);
+        if (options.action == Action::SaveProfile) {
+            saveProfile(options, place.files());
+        } else {
+            showProfile(options, place.files());
+        }
+        return NothingInvalid;
+    } catch (const std::exception& error) {
+        complain(error.what());
+        return NotStarted;
+    }
+}
+
+} // namespace quillmark

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <chrono>
+
+namespace quillmark {
+
+/// How long a silent host is waited for.
+struct FtpTimeouts {
+    static constexpr std::chrono::milliseconds Connect{20'000};
+    static constexpr std::chrono::milliseconds Reply{60'000};
+    static constexpr std::chrono::milliseconds Transfer{60'000};
+
+    std::chrono::milliseconds connect = Connect;   ///< For a connection, the greeting included.
+    std::chrono::milliseconds reply = Reply;       ///< For the reply to a command.
+    std::chrono::milliseconds transfer = Transfer; ///< For the next byte of a transfer.
+};
+
+/// The time-outs that the user set in seconds with QUILLMARK_CONNECT_TIMEOUT,
+/// QUILLMARK_REPLY_TIMEOUT and QUILLMARK_TRANSFER_TIMEOUT; a variable that is not set, or is no
+/// number above 0, leaves the usual one.
+FtpTimeouts timeoutsFromEnvironment();
+
+} // namespace quillmark

@@ -1,0 +1,152 @@
+#include "platform/ftp/FtpXCtl.h"
+
+#include "platform/ftp/FtpFailures.h"
+#include "platform/ftp/FtpRequest.h"
+#include "platform/ftp/ListingLines.h"
+#include "platform/ftp/PageFile.h"
+
+namespace quillmark {
+
+namespace {
+
+using Kind = FtpOutcome::Kind;
+
+bool nothing(std::string_view /*bytes*/) {
+    return true;
+}
+
+bool wasRefused(const FtpOutcome& outcome) {
+    return outcome.kind == Kind::Refused || outcome.kind == Kind::Broken;
+}
+
+void requireSendable(std::string_view text) {
+    if (!isSendable(text)) {
+        throw unsendableText();
+    }
+}
+
+} // namespace
+
+FtpXCtl::FtpXCtl(Messages& messages, EventLoop& events, const RunState& state, FtpTrace& trace,
+                 const FtpTimeouts& timeouts)
+    : messages_(messages), conversation_(events, state, trace, timeouts) {}
+
+void FtpXCtl::connect(const FtpLogin& login) {
+    connected_ = false;
+    try {
+        logIn(login);
+    } catch (const Failure& failure) {
+        postReason(failure.description());
+    }
+}
+
+void FtpXCtl::logIn(const FtpLogin& login) {
+    for (const std::string& text : {login.host, login.userName, login.password, login.account}) {
+        requireSendable(text);
+    }
+    hostUrl_ = hostUrl(login);
+    conversation_.setLogin(login);
+    const FtpOutcome outcome = conversation_.perform(loginRequest(hostUrl_), nothing);
+    connected_ = outcome.kind == Kind::Done;
+    if (!connected_ && outcome.kind != Kind::Ended) {
+        postReason(outcome.reason);
+    }
+}
+
+void FtpXCtl::disconnect() {
+    if (connected_ && conversation_.isOpen()) {
+        conversation_.perform(commandRequest(hostUrl_, "QUIT"), nothing);
+    }
+    conversation_.hangUp();
+    connected_ = false;
+}
+
+void FtpXCtl::list(std::string_view directory, const DirItem& item) {
+    if (!isSendable(directory)) {
+        postReason(unsendableText().description());
+        throw unsendableText();
+    }
+    transferListing(directory, item);
+}
+
+void FtpXCtl::listWorkingDirectory(const DirItem& item) {
+    transferListing({}, item);
+}
+
+void FtpXCtl::transferListing(std::string_view directory, const DirItem& item) {
+    ListingLines lines(item);
+    const auto take = [&lines](std::string_view bytes) {
+        lines.take(bytes);
+        return true;
+    };
+    const FtpOutcome outcome =
+        perform(listRequest(hostUrl_, directory), take, [&lines] { lines.restart(); });
+    if (wasRefused(outcome)) {
+        postReason(outcome.reason);
+        throw refusedByHost(outcome.reason);
+    }
+    if (outcome.kind == Kind::Done) {
+        lines.finish();
+    }
+}
+
+bool FtpXCtl::retrieve(std::string_view remoteFile, std::string_view localFile) {
+    if (!isSendable(remoteFile)) {
+        return false;
+    }
+    PageFile page(localFile);
+    const auto take = [&page](std::string_view bytes) {
+        page.append(bytes);
+        return page.size() <= LargestPage;
+    };
+    const FtpOutcome outcome =
+        perform(retrieveRequest(hostUrl_, remoteFile), take, [&page] { page.restart(); });
+    if (page.size() > LargestPage) {
+        messages_.post("Host: ", remoteFile, " is larger than 64 MB");
+    }
+    if (outcome.kind != Kind::Done) {
+        return false;
+    }
+    page.keep();
+    return true;
+}
+
+void FtpXCtl::deleteFile(std::string_view remoteFile) {
+    command("DELE ", remoteFile);
+}
+
+void FtpXCtl::removeDirectory(std::string_view directory) {
+    command("RMD ", directory);
+}
+
+void FtpXCtl::command(std::string_view verb, std::string_view path) {
+    requireSendable(path);
+    const FtpOutcome outcome =
+        perform(commandRequest(hostUrl_, std::string(verb).append(path)), nothing, [] {});
+    if (wasRefused(outcome)) {
+        throw refusedByHost(outcome.reason);
+    }
+}
+
+// A connection that cannot be had again is not tried for by every later operation: each of them
+// would wait for the host in vain.
+FtpOutcome FtpXCtl::perform(const FtpRequest& request, const FtpConversation::Taker& take,
+                            const std::function<void()>& restart) {
+    if (!connected_) {
+        throw hostConnectionLost("not connected");
+    }
+    FtpOutcome outcome = conversation_.perform(request, take);
+    const bool freshlyLost = outcome.kind == Kind::Lost && outcome.openedAnew;
+    if ((outcome.kind == Kind::Lost && !freshlyLost) || outcome.kind == Kind::Broken) {
+        restart();
+        outcome = conversation_.perform(request, take);
+    }
+    if (outcome.kind == Kind::Lost) {
+        connected_ = outcome.loggedIn;
+        postReason(outcome.reason);
+        throw hostConnectionLost(outcome.reason);
+    }
+    return outcome;
+}
+
+} // namespace quillmark

@@ -1,0 +1,117 @@
+#include "integration/ftp/Servers.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <stdexcept>
+#include <thread>
+
+#include <grp.h>
+#include <netinet/in.h>
+#include <pwd.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace quillmark::test {
+
+namespace {
+
+std::string vsftpdProgram() {
+    const char* program = std::getenv("QUILLMARK_VSFTPD");
+    const std::string found = program == nullptr ? VSFTPD : program;
+    if (found.empty()) {
+        throw std::runtime_error("set QUILLMARK_VSFTPD to what tools/fetch-vsftpd printed");
+    }
+    return found;
+}
+
+/// A profile keeps its port in 16 bits with a sign.
+std::int16_t freeLowPort() {
+    for (int port = 20'000 + getpid() % 10'000; port < 32'000; ++port) {
+        const int socketHandle = socket(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(static_cast<std::uint16_t>(port));
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        const bool isFree =
+            bind(socketHandle, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+        close(socketHandle);
+        if (isFree) {
+            return static_cast<std::int16_t>(port);
+        }
+    }
+    throw std::runtime_error("no free port");
+}
+
+} // namespace
+
+void Server::start(const Command& command) {
+    process_.emplace(command);
+    if (!waitForPort(login_.port)) {
+        throw std::runtime_error("no server: " + process_->errSoFar() + process_->outSoFar());
+    }
+}
+
+RealServer::RealServer(const std::string& name) {
+    login_.port = freeLowPort();
+    if (name == "vsftpd") {
+        startVsftpd();
+    } else {
+        startProftpd();
+    }
+}
+
+// Without root rights and without PAM: everybody is anonymous, and is who started the server.
+void RealServer::startVsftpd() {
+    login_.userName = "anonymous";
+    const std::string folder = settings_.path().string();
+    const auto file = settings_.write(
+        "vsftpd.conf", "listen=YES\nlisten_address=127.0.0.1\nbackground=NO\nlisten_port=" +
+                           std::to_string(login_.port) + "\nanon_root=" + folder +
+                           "\nsecure_chroot_dir=" + folder +
+                           "\nanonymous_enable=YES\nlocal_enable=NO\nrun_as_launching_user=YES\n"
+                           "write_enable=YES\nanon_other_write_enable=YES\nxferlog_enable=NO\n"
+                           "anon_world_readable_only=NO\nseccomp_sandbox=NO\n");
+    start({{vsftpdProgram(), file.string()}, {}, {}});
+}
+
+void RealServer::startProftpd() {
+    const passwd* me = getpwuid(getuid());
+    const std::string folder = settings_.path().string();
+    // The hash of "secret".
+    const auto users = settings_.write(
+        "users", "webmaster:$1$quill$0gnctURT6YwXj3T5eUh1f1:" + std::to_string(getuid()) + ":" +
+                     std::to_string(getgid()) + "::" + folder + ":/bin/sh\n");
+    std::filesystem::permissions(users, std::filesystem::perms::owner_read);
+    const auto file = settings_.write(
+        "proftpd.conf",
+        "DefaultAddress 127.0.0.1\nServerType standalone\nUseIPv6 off\nPort " +
+            std::to_string(login_.port) + "\nUser " + me->pw_name + "\nGroup " +
+            getgrgid(getgid())->gr_name + "\nAuthUserFile " + users.string() + "\nPidFile " +
+            folder + "/pid\nSystemLog " + folder +
+            "/log\nAuthOrder mod_auth_file.c\nRequireValidShell off\n"
+            "UseFtpUsers off\nRootLogin on\nWtmpLog off\nTransferLog none\n"
+            "ScoreboardFile none\nDelayEngine off\nControlsEngine off\nControlsSocket " +
+            folder + "/controls\n");
+    start({{PROFTPD, "-n", "-c", file.string()}, {}, {}});
+}
+
+FaultServer::FaultServer(const std::string& scenario) {
+    process_.emplace(
+        Command{{PYTHON, FAULTS, scenario, (settings_.path() / "log").string()}, {}, {}});
+    while (process_->outSoFar().find('\n') == std::string::npos && process_->running()) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    login_.port = static_cast<std::int16_t>(std::stoi(process_->outSoFar()));
+}
+
+int FaultServer::connections() const {
+    const std::string text = log();
+    int count = 0;
+    for (auto at = text.find("-- login"); at != std::string::npos;
+         at = text.find("-- login", at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+} // namespace quillmark::test

@@ -1,0 +1,126 @@
+#include "integration/command/CommandBench.h"
+#include "integration/ftp/Servers.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quillmark::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+struct Host {
+    std::string name;
+    std::string server;
+    bool passiveDisabled;
+    std::string startColumn; ///< Of the size in the server's own listing.
+    std::string endColumn;
+};
+
+class HostRun : public testing::TestWithParam<Host> {
+protected:
+    HostRun() : server(GetParam().server) {
+        std::filesystem::copy(QUILLMARK_EXAMPLE, bench.site.path(),
+                              std::filesystem::copy_options::recursive);
+        std::filesystem::remove(bench.site.path() / ".gitattributes");
+    }
+    Command withPassword(const Words& words) const {
+        Command command = bench.command(words);
+        command.environment["QUILLMARK_PASSWORD"] = server.login().password;
+        return command;
+    }
+    Words saveWords() const {
+        return {"profile",
+                "save",
+                "Host",
+                "--host",
+                server.login().host,
+                "--port",
+                std::to_string(server.login().port),
+                "--user",
+                server.login().userName,
+                "--start",
+                bench.start(),
+                "--set",
+                "IGNORE_VALUE=1",
+                "--set",
+                "GET_STATS=1",
+                "--set",
+                "START_COL=" + GetParam().startColumn,
+                "--set",
+                "END_COL=" + GetParam().endColumn,
+                "--set",
+                std::string("DISABLE_PASV=") + (GetParam().passiveDisabled ? "1" : "0")};
+    }
+
+    RealServer server;
+    CommandBench bench;
+};
+
+double bytesIn(const std::filesystem::path& folder) {
+    double sum = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        sum += entry.is_regular_file() ? static_cast<double>(entry.file_size()) : 0;
+    }
+    return sum;
+}
+
+std::size_t countOf(const std::string& text, std::string_view part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+TEST_P(HostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
+    auto local = bench.json({"--set", "IGNORECASE=0", bench.start()});
+    ASSERT_EQ(run(withPassword(saveWords())).status, 0);
+    EXPECT_THAT(bench.program.read("Host.pro"), Not(HasSubstr(server.login().password)));
+    const Finished result = bench.check(
+        {"--profile", "Host", "--set", "IGNORECASE=0", "--trace", "trace.txt", "--json", "-"});
+    EXPECT_EQ(result.status, 1);
+    auto host = nlohmann::json::parse(result.out);
+    EXPECT_EQ(host["mode"], "remote");
+    EXPECT_EQ(host["baseUrl"], "http://127.0.0.1/");
+    EXPECT_EQ(host["statistics"]["hostBytes"], bytesIn(bench.site.path()));
+    for (auto* lists : {&local["lists"], &host["lists"]}) {
+        lists->erase("FileSizes");
+        lists->erase("Message");
+    }
+    EXPECT_EQ(host["lists"], local["lists"]);
+    EXPECT_THAT(result.err, Not(HasSubstr("Host: ")));
+    const std::string trace = bench.workingFolder.read("trace.txt");
+    EXPECT_EQ(countOf(trace, "PASS\r\n"), 1U);
+    EXPECT_EQ(countOf(trace, "RETR "), 13U) << "the start file is tested first";
+    EXPECT_EQ(countOf(trace, "LIST "), 8U);
+    EXPECT_THAT(trace + result.err, Not(HasSubstr("secret")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Host, HostRun,
+                         testing::Values(Host{"VsftpdPassive", "vsftpd", false, "30", "43"},
+                                         Host{"ProftpdPassive", "ProFTPD", false, "30", "43"},
+                                         Host{"ProftpdActive", "ProFTPD", true, "30", "43"}),
+                         [](const auto& param) { return param.param.name; });
+
+TEST(HostRunRefused, TellsWhyTheLoginFailed) {
+    const RealServer server("ProFTPD");
+    const CommandBench bench;
+    Command command =
+        bench.command({"--host", "127.0.0.1", "--port", std::to_string(server.login().port),
+                       "--user", "webmaster", "--start", "/index.html"});
+    command.environment["QUILLMARK_PASSWORD"] = "wrong-one";
+    const Finished result = run(command);
+    EXPECT_EQ(result.status, 3);
+    EXPECT_THAT(result.err, HasSubstr("Host: 530 Login incorrect.\nUnable to connect\n"));
+    EXPECT_THAT(result.err + result.out, Not(HasSubstr("wrong-one")));
+    command.environment.clear();
+    command.environment["QUILLMARK_FOLDER"] = bench.program.path();
+    bench.workingFolder.write("password", "secret\r\nmore");
+    command.words.insert(command.words.end(), {"--password-file", "password"});
+    EXPECT_THAT(run(command).err, HasSubstr("Unable to retrieve start file"));
+}
+
+} // namespace
+} // namespace quillmark::test

@@ -1,0 +1,306 @@
+#include "engine/verify/ReferencePasses.h"
+#include "platform/http/Inet.h"
+#include "support/Process.h"
+#include "support/RunFakes.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quillmark::test {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+
+/// The web server of the tests, with a certificate that nobody has signed.
+class WebServer {
+public:
+    WebServer() {
+        Command makeCertificate;
+        makeCertificate.words = {"openssl",  "req",    "-x509", "-newkey",
+                                 "rsa:2048", "-nodes", "-subj", "/CN=localhost",
+                                 "-keyout",  key_,     "-out",  certificate_};
+        run(makeCertificate);
+        Command serve;
+        serve.words = {"python3",    WEB_SERVER, std::to_string(port_), std::to_string(tlsPort_),
+                       certificate_, key_};
+        process_ = std::make_unique<Process>(serve);
+        EXPECT_TRUE(waitForPort(tlsPort_)) << process_->errSoFar();
+    }
+    std::string url(const std::string& path, const std::string& host = "127.0.0.1") const {
+        return "http://" + host + ":" + std::to_string(port_) + path;
+    }
+    std::string tlsUrl() const { return "https://localhost:" + std::to_string(tlsPort_) + "/page"; }
+
+private:
+    TempFolder folder_;
+    std::string key_ = (folder_.path() / "key.pem").string();
+    std::string certificate_ = (folder_.path() / "certificate.pem").string();
+    int port_ = freePort();
+    int tlsPort_ = freePort();
+    std::unique_ptr<Process> process_;
+};
+
+/// One URL pass with the real fetcher.
+struct UrlPass {
+    explicit UrlPass(const FetchLimits& limits = {}) : inet(bench.events, bench.state, limits) {}
+
+    void ignore(const std::string& line) {
+        bench.lists.IgnoredReferences.Append(line);
+        bench.lists.IgnoredReferencesFrom.Append("from " + line);
+    }
+    void check() {
+        Outside outside{bench.messages, bench.disk,   bench.host,   inet,
+                        bench.window,   bench.window, bench.window, bench.events};
+        RunContext context{bench.lists, bench.state, bench.settings, outside, ""};
+        ListLimit limit(bench.messages, bench.state);
+        FiledReferences references(bench.lists);
+        LineIndex files(bench.lists.FileList, NameComparison::Exact);
+        ReferencePasses(context, limit, references, files).checkURLs();
+    }
+    int passed() const { return bench.lists.ReferenceList.Count(); }
+
+    RunBench bench;
+    Inet inet;
+};
+
+Lines fromLines(Lines lines) {
+    for (std::string& line : lines) {
+        line.insert(0, "from ");
+    }
+    return lines;
+}
+
+/// What the server says of the path, or of the most requests at once.
+int reported(UrlPass& pass, const WebServer& server, const std::string& what) {
+    std::istringstream report(pass.inet.OpenURL(server.url("/report")));
+    for (std::string line; std::getline(report, line);) {
+        if (line.substr(line.find(' ') + 1) == what) {
+            return std::stoi(line);
+        }
+    }
+    return 0;
+}
+
+enum class Answer { Passes, Fails, None };
+
+struct UrlRow {
+    const char* name;
+    std::string url;
+    Answer answer;
+};
+
+std::vector<UrlRow> rows(const WebServer& server) {
+    return {
+        {"a page", server.url("/page/1"), Answer::Passes},
+        {"scheme in capitals", "HTTP" + server.url("/page/2").substr(4), Answer::Passes},
+        {"blank and bytes beyond ASCII", server.url("/page/a b\xe9"), Answer::Passes},
+        {"fragment", server.url("/page/3#part"), Answer::Passes},
+        {"404 by status alone", server.url("/missing"), Answer::Passes},
+        {"404 with the text", server.url("/missing/text"), Answer::Fails},
+        {"200 with the text", server.url("/lie"), Answer::Fails},
+        {"text within a gzip stream", server.url("/zipped"), Answer::Fails},
+        {"damaged gzip stream", server.url("/damaged"), Answer::None},
+        {"gzip stream of 200 MiB", server.url("/bomb"), Answer::Passes},
+        {"ten redirections", server.url("/hop/10"), Answer::Passes},
+        {"eleven redirections", server.url("/hop/11"), Answer::None},
+        {"redirection loop", server.url("/loop"), Answer::None},
+        {"redirected to a local file", server.url("/to?file:///etc/passwd"), Answer::None},
+        {"redirected to FTP", server.url("/to?ftp://127.0.0.1/"), Answer::None},
+        {"no reply", server.url("/never"), Answer::None},
+        {"connection closed", server.url("/unknown"), Answer::None},
+        {"body without end", server.url("/endless"), Answer::Passes},
+        {"header without end", server.url("/header"), Answer::None},
+        {"certificate that nobody signed", server.tlsUrl() + "?http:", Answer::None},
+        {"nobody listens", "http://127.0.0.1:1/", Answer::None},
+        {"local file", "file:///etc/passwd?http:", Answer::None},
+        {"unknown scheme", "x" + server.url("/page/4"), Answer::None},
+        {"no absolute address", "go.cgi?u=" + server.url("/page/5"), Answer::None},
+        {"no web reference", "mailto:me", Answer::None},
+    };
+}
+
+TEST(UrlPass, GivesEachAnswerItsResultAndMessageInOrder) {
+    const WebServer server;
+    FetchLimits limits;
+    limits.wholeFetch = 3s;
+    UrlPass pass(limits);
+    Lines messages;
+    Lines references;
+    Lines ignored;
+    for (const UrlRow& row : rows(server)) {
+        pass.ignore(row.url);
+        (row.answer == Answer::Passes ? references : ignored).push_back(row.url);
+        if (row.answer != Answer::None) {
+            messages.push_back("Check For " + row.url +
+                               (row.answer == Answer::Passes ? " Passed" : " Failed"));
+        }
+    }
+    pass.check();
+    EXPECT_EQ(pass.bench.messages.normals, messages);
+    EXPECT_EQ(linesOf(pass.bench.lists.ReferenceList), references);
+    EXPECT_EQ(linesOf(pass.bench.lists.ReferenceListFrom), fromLines(references));
+    EXPECT_EQ(linesOf(pass.bench.lists.IgnoredReferences), ignored);
+    EXPECT_EQ(linesOf(pass.bench.lists.IgnoredReferencesFrom), fromLines(ignored));
+    EXPECT_EQ(reported(pass, server, "/page/a%20b%e9"), 1);
+    EXPECT_EQ(reported(pass, server, "/never"), 1);
+}
+
+struct LimitRow {
+    const char* name;
+    int hosts;
+    std::size_t toOneHost;
+    int mostToOneHost;
+    int mostInAll;
+};
+
+class Limits : public ::testing::TestWithParam<LimitRow> {};
+
+TEST_P(Limits, AreReachedAndNeverExceeded) {
+    const WebServer server;
+    FetchLimits limits;
+    limits.toOneHost = GetParam().toOneHost;
+    limits.keptAhead = 1024; // Less than all bodies, more than those under way.
+    UrlPass pass(limits);
+    constexpr int Urls = 240;
+    for (int i = 0; i < Urls; ++i) {
+        const std::string host = "127.0.0." + std::to_string(1 + i % GetParam().hosts);
+        // Every third is sent on to the first host, which must not get more than its share.
+        const std::string path = "/slow/" + std::to_string(i / 2);
+        pass.ignore(server.url(i % 3 == 0 ? "/to?" + server.url(path) : path, host));
+    }
+    const auto start = steady_clock::now();
+    pass.check();
+    EXPECT_LT(steady_clock::now() - start, 6s) << "one after the other: 12 s";
+    EXPECT_EQ(pass.passed(), Urls);
+    EXPECT_EQ(reported(pass, server, "to one host"), GetParam().mostToOneHost);
+    EXPECT_EQ(reported(pass, server, "in all"), GetParam().mostInAll);
+}
+
+INSTANTIATE_TEST_SUITE_P(UrlPass, Limits,
+                         ::testing::Values(LimitRow{"OneHost", 1, 8, 8, 8},
+                                           LimitRow{"ManyHosts", 8, 8, 8, 32},
+                                           LimitRow{"OneHostForAll", 1, 50, 32, 32}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(UrlPass, FetchesWhatIsListedTwiceOnce) {
+    const WebServer server;
+    UrlPass pass;
+    for (const char* path : {"/page", "/slow", "/page", "/damaged", "/damaged", "/page"}) {
+        pass.ignore(server.url(path));
+    }
+    pass.check();
+    EXPECT_EQ(pass.passed(), 4);
+    EXPECT_EQ(reported(pass, server, "/page"), 1);
+    EXPECT_EQ(reported(pass, server, "/damaged"), 1);
+}
+
+TEST(UrlPass, StopEndsItAtOnce) {
+    const WebServer server;
+    UrlPass pass;
+    pass.ignore(server.url("/page"));
+    pass.ignore(server.url("/never"));
+    pass.ignore(server.url("/page/2"));
+    steady_clock::time_point stopped = steady_clock::time_point::max();
+    const auto start = steady_clock::now();
+    pass.bench.events.hook = [&] {
+        if (!pass.bench.state.abort && steady_clock::now() - start > 500ms) {
+            pass.bench.state.abort = true;
+            stopped = steady_clock::now();
+        }
+    };
+    pass.check();
+    EXPECT_LT(steady_clock::now() - stopped, 200ms);
+    EXPECT_THAT(pass.bench.messages.normals,
+                ::testing::ElementsAre("Check For " + server.url("/page") + " Passed"));
+}
+
+#ifndef __SANITIZE_ADDRESS__
+/// The most memory that this process has had since forgetPeak(), in KiB.
+int peakMemory() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind("VmHWM:", 0) == 0) {
+            return std::atoi(line.c_str() + 6);
+        }
+    }
+    return 0;
+}
+
+void forgetPeak() {
+    std::ofstream("/proc/self/clear_refs") << "5";
+}
+
+TEST(UrlPass, KeepsItsMemoryWhateverArrivesAhead) {
+    const WebServer server;
+    FetchLimits limits;
+    limits.wholeFetch = 3s;
+    UrlPass pass(limits);
+    // While the first two keep the pass waiting, all others arrive.
+    pass.ignore(server.url("/never", "127.0.0.9"));
+    pass.ignore(server.url("/bomb", "127.0.0.9"));
+    for (int i = 0; i < 40; ++i) {
+        const std::string host = "127.0.0." + std::to_string(1 + i % 5);
+        pass.ignore(server.url("/big/" + std::to_string(i), host));
+        pass.ignore(server.url("/bomb/" + std::to_string(i), host));
+        pass.ignore(server.url("/header/" + std::to_string(i), host));
+    }
+    forgetPeak();
+    pass.check();
+    EXPECT_LT(peakMemory(), 64 * 1024);
+    EXPECT_EQ(pass.passed(), 81);
+    EXPECT_EQ(reported(pass, server, "/big/0"), 1);
+    EXPECT_EQ(reported(pass, server, "/big/39"), 1);
+}
+#endif
+
+// Both places of the host that the first one is sent to are held by bodies that nobody asks for
+// yet.
+TEST(UrlPass, HeldTransfersGiveWayToTheOneAskedFor) {
+    const WebServer server;
+    FetchLimits limits;
+    limits.wholeFetch = 5s;
+    limits.toOneHost = 2;
+    limits.keptAhead = 1024;
+    UrlPass pass(limits);
+    pass.ignore(server.url("/late?" + server.url("/page", "127.0.0.2"), "127.0.0.1"));
+    pass.ignore(server.url("/big/1", "127.0.0.2"));
+    pass.ignore(server.url("/big/2", "127.0.0.2"));
+    pass.check();
+    EXPECT_EQ(pass.passed(), 3);
+    EXPECT_EQ(reported(pass, server, "/big/1"), 1);
+}
+
+// The last one has filled the room before the second one's first byte arrives.
+TEST(UrlPass, TheOneAskedForNeedsNoRoom) {
+    const WebServer server;
+    FetchLimits limits;
+    limits.wholeFetch = 1s;
+    limits.keptAhead = 1024;
+    UrlPass pass(limits);
+    pass.ignore(server.url("/never"));
+    pass.ignore(server.url("/late?/big/1"));
+    pass.ignore(server.url("/big/2"));
+    pass.check();
+    EXPECT_EQ(pass.passed(), 2);
+}
+
+TEST(UrlPass, WhatWasLostWhileItWasHeldIsFetchedAnew) {
+    const WebServer server;
+    FetchLimits limits;
+    limits.keptAhead = 1024;
+    UrlPass pass(limits);
+    pass.ignore(server.url("/late?/page"));
+    pass.ignore(server.url("/impatient"));
+    pass.check();
+    EXPECT_EQ(pass.passed(), 2);
+    EXPECT_EQ(reported(pass, server, "/impatient"), 2);
+}
+
+} // namespace
+} // namespace quillmark::test
