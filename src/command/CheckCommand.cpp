@@ -96,6 +96,7 @@ int runCheck(const Options& options) {
     try {
         requireWritableResults(options);
         ProgramPlace place(options);
+        place.claim();
         Workspace workspace;
         readSettings(options, workspace.settings, place.files());
         started = true;

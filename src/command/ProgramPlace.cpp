@@ -21,8 +21,11 @@ std::filesystem::path programFolderFor(const Options& options) {
 } // namespace
 
 ProgramPlace::ProgramPlace(const Options& options)
-    : folder_(programFolderFor(options)), lock_(folder_), files_(ToBackSlashes(folder_.string())) {
-    if (!lock_.held()) {
+    : folder_(programFolderFor(options)), files_(ToBackSlashes(folder_.string())) {}
+
+void ProgramPlace::claim() {
+    lock_.emplace(folder_);
+    if (!lock_->held()) {
         throw CannotStart("another check is running with the folder " + folder_.string() +
                           "; wait for its end, or give this one its own with --folder DIR");
     }

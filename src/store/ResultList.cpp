@@ -79,16 +79,4 @@ void ResultList::moveGapTo(std::size_t index) {
     gapStart_ = index;
 }
 
-bool operator==(const ResultList& a, const ResultList& b) {
-    if (a.Count() != b.Count()) {
-        return false;
-    }
-    for (int i = 0; i < a.Count(); ++i) {
-        if (a.Line(i) != b.Line(i)) {
-            return false;
-        }
-    }
-    return true;
-}
-
 } // namespace quillmark

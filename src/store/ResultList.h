@@ -47,6 +47,4 @@ private:
     std::size_t gapLength_ = 0;
 };
 
-bool operator==(const ResultList& a, const ResultList& b);
-
 } // namespace quillmark

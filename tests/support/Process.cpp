@@ -12,6 +12,7 @@
 #include <arpa/inet.h>
 #include <fcntl.h>
 #include <netinet/in.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -44,6 +45,7 @@ void redirect(const std::filesystem::path& file, int target) {
 [[noreturn]] void become(const Command& command, const std::filesystem::path& out,
                          const std::filesystem::path& err) {
     setpgid(0, 0);
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // A test that crashes takes its servers with it.
     redirect(out, STDOUT_FILENO);
     redirect(err, STDERR_FILENO);
     const int nothing = open("/dev/null", O_RDONLY);

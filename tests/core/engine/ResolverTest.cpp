@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <utility>
+
 namespace quillmark::test {
 namespace {
 
@@ -88,18 +91,32 @@ TEST(Resolver, FilesOrIgnoresEachReference) {
     }
 }
 
+/// Against the plain walk over both lists, with pages that come back and lines that are taken out.
 TEST(Resolver, FilesAReferenceOnceAPage) {
     ResolverBench bench;
-    bench.add("a.gif");
-    bench.add("A.gif");
-    bench.add("a.gif");
-    bench.add("#x");
-    bench.add("#x");
-    bench.state.currentFile = "/www/sub/other.html";
-    bench.add("a.gif");
-    EXPECT_EQ(linesOf(bench.lists.ReferenceList),
-              (Lines{"/www/sub/a.gif", "/www/sub/A.gif", "/www/sub/a.gif"}));
-    EXPECT_EQ(bench.lists.IgnoredReferences.Count(), 2);
+    std::mt19937 random(1);
+    std::vector<std::pair<std::string, std::string>> filed;
+    for (int i = 0; i < 2000; ++i) {
+        bench.state.currentFile = "/www/sub/" + std::to_string(random() % 5);
+        const std::string reference =
+            (random() % 2 == 0 ? "a" : "A") + std::to_string(random() % 20);
+        bench.add(reference);
+        const std::pair entry("/www/sub/" + reference, bench.state.currentFile);
+        if (std::find(filed.begin(), filed.end(), entry) == filed.end()) {
+            filed.push_back(entry);
+        }
+        if (random() % 10 == 0) {
+            const auto taken = static_cast<int>(random() % filed.size());
+            bench.references.remove(taken);
+            filed.erase(filed.begin() + taken);
+        }
+    }
+    ASSERT_EQ(static_cast<std::size_t>(bench.lists.ReferenceListFrom.Count()), filed.size());
+    for (int i = 0; i < bench.lists.ReferenceList.Count(); ++i) {
+        const auto& entry = filed[static_cast<std::size_t>(i)];
+        EXPECT_EQ(bench.lists.ReferenceList.Line(i), entry.first);
+        EXPECT_EQ(bench.lists.ReferenceListFrom.Line(i), entry.second);
+    }
 }
 
 TEST(Resolver, NamesTheListThatIsFull) {

@@ -2,7 +2,7 @@
 
 #include "base/Failure.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
@@ -10,58 +10,45 @@
 namespace quillmark {
 namespace {
 
-struct FieldRow {
-    const char* name;
-    std::string bytes;
-    std::vector<std::string> fields;
-};
+using Fields = std::vector<std::string>;
 
-class FieldReaderTest : public testing::TestWithParam<FieldRow> {};
-
-TEST_P(FieldReaderTest, GivesTheFieldsAndThenFails) {
+Fields fieldsOf(std::string_view text) {
     // A copy of exactly this size, so that a sanitizer sees a read behind its end.
-    const std::vector<char> bytes(GetParam().bytes.begin(), GetParam().bytes.end());
+    const std::vector<char> bytes(text.begin(), text.end());
     FieldReader reader({bytes.data(), bytes.size()});
-    for (const std::string& field : GetParam().fields) {
-        EXPECT_EQ(reader.ReadTextValue(), field);
+    Fields fields;
+    try {
+        while (true) {
+            fields.emplace_back(reader.ReadTextValue());
+        }
+    } catch (const Failure&) {
+        return fields;
     }
-    EXPECT_THROW(reader.ReadTextValue(), Failure);
 }
 
-const std::vector<FieldRow> FieldRows = {
-    {"Nothing", "", {}},
-    {"LineEnds", "#A=1\r\n#B=2\n#C=3\r#D=4", {"1", "2", "3", "4"}},
-    {"OnlyTheFirstEqualsSeparates", "#A=b=c==", {"b=c=="}},
-    {"NoEquals", "plain\r\n", {"plain"}},
-    {"BlankLines", "\r\n  \r\n\n#A=1\r\n", {"", "", "", "1"}},
-    {"CommaShiftsTheRest", "#A=a,b\r\n#C=c", {"a", "b", "c"}},
-    {"CommaBeforeTheLineEnd", "a,\r\nb", {"a", "", "b"}},
-    {"BlanksBeforeButNotBehind", "   a b  ,  c\r\n", {"a b  ", "c"}},
-    {"TabIsNoBlank", "\ta\r\n", {"\ta"}},
-    {"Quoted", "\"#A=b,c\r\nd\"\r\n#E=e", {"b,c\r\nd", "e"}},
-    {"QuotedThenBlanksAndComma", "\"a\"  ,b", {"a", "b"}},
-    {"QuotedThenText", "\"a\" b,c", {"a", "b", "c"}},
-    {"QuoteInside", "#A=\"b,c\"\r\n", {"\"b", "c\""}},
-    {"QuoteNeverClosed", "a,\"b\r\n", {"a", "b\r\n"}},
-    {"QuoteAtTheEnd", "a,\"", {"a", ""}}};
+TEST(FieldReader, GivesTheFieldsAndThenFails) {
+    EXPECT_EQ(fieldsOf("#A=1\r\n#B=2\n#C=3\r#D=4"), (Fields{"1", "2", "3", "4"}));
+    EXPECT_EQ(fieldsOf("plain\r\n#A=b=c=="), (Fields{"plain", "b=c=="}));
+    EXPECT_EQ(fieldsOf("\r\n  \r\n\n\ta\r\n"), (Fields{"", "", "", "\ta"})) << "a tab is no blank";
+    EXPECT_EQ(fieldsOf("#A=a,b,\r\n#C=c"), (Fields{"a", "b", "", "c"}));
+    EXPECT_EQ(fieldsOf("   a b  ,  c\r\n"), (Fields{"a b  ", "c"}));
+    EXPECT_EQ(fieldsOf("\"#A=b,c\r\nd\"\r\n#E=e"), (Fields{"b,c\r\nd", "e"}));
+    EXPECT_EQ(fieldsOf("\"a\"  ,\"b\" c,d"), (Fields{"a", "b", "c", "d"}));
+    EXPECT_EQ(fieldsOf("#A=\"b,c\"\r\n"), (Fields{"\"b", "c\""}));
+    EXPECT_EQ(fieldsOf("a,\"b\r\n"), (Fields{"a", "b\r\n"}));
+    EXPECT_EQ(fieldsOf("a,\""), (Fields{"a", ""}));
+}
 
-INSTANTIATE_TEST_SUITE_P(Bytes, FieldReaderTest, testing::ValuesIn(FieldRows),
-                         [](const auto& row) { return row.param.name; });
-
-TEST(FieldReader, ReadsALineWhole) {
-    FieldReader reader("#A=\"1\",2\r\n3,4");
+TEST(FieldReader, ReadsLinesAndNumbers) {
+    FieldReader reader("#A=\"1\",2\r\n3,4\n#A=yes\n#A=1.5\n#A=-3x\n#A=\n#A=32767\n#A=70000\n");
     EXPECT_EQ(reader.readLine(), "#A=\"1\",2");
     EXPECT_EQ(reader.ReadTextValue(), "3");
     EXPECT_EQ(reader.readLine(), "4");
-    EXPECT_THROW(reader.readLine(), Failure);
-}
-
-TEST(FieldReader, ReadsNumbersAsSixteenBits) {
-    FieldReader reader("#A=yes\n#A=1.5\n#A=2.5\n7\n#A=-3x\n#A=\n#A= 12\n#A=32767\n#A=70000\n");
-    for (const int number : {0, 2, 2, 7, -3, 0, 12, 32767}) {
+    for (const int number : {0, 2, -3, 0, 32767}) {
         EXPECT_EQ(reader.ReadNumberValue(), number);
     }
     EXPECT_THROW(reader.ReadNumberValue(), Failure);
+    EXPECT_THROW(reader.readLine(), Failure);
 }
 
 } // namespace

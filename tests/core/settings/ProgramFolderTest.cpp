@@ -1,11 +1,10 @@
 #include "platform/ProgramFolder.h"
 
 #include "base/Failure.h"
+#include "base/Paths.h"
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>
-
-#include <algorithm>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,98 +15,72 @@ namespace {
 using testing::ElementsAre;
 namespace fs = std::filesystem;
 
-template <typename Call> int failureNumber(Call call) {
-    try {
-        call();
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return 0;
+auto fails(int number) {
+    return testing::Throws<Failure>(testing::Property(&Failure::number, number));
 }
 
-class ProgramFolderTest : public testing::Test {
-protected:
-    int replaceFailure(std::string_view name) {
-        return failureNumber([&] { files.replace(name, "new", FileAccess::Everyone); });
-    }
-    int readFailure(std::string_view name) {
-        return failureNumber([&] { files.read(name); });
-    }
+auto replacing(ProgramFolder& where, const std::string& name) {
+    return [&where, name] { where.replace(name, "new", FileAccess::Everyone); };
+}
 
+struct ProgramFolderTest : testing::Test {
     test::TempFolder outer;
     fs::path place = outer.write("in/old.ini", "old").parent_path();
-    ProgramFolder files{place.string()};
+    ProgramFolder files{ToBackSlashes(place.string())};
 };
-
-TEST_F(ProgramFolderTest, TakesItsFolderInBackslashForm) {
-    std::string spec = place.string();
-    std::replace(spec.begin(), spec.end(), '/', '\\');
-    ProgramFolder backslashed(spec);
-    EXPECT_EQ(backslashed.programFile("a.pro"), spec + "\\a.pro");
-    EXPECT_EQ(backslashed.read("old.ini"), "old");
-}
 
 TEST_F(ProgramFolderTest, ReplacesAFileAndLeavesNothingBeside) {
     const std::string leftBehind = ".quillmark-" + std::to_string(getpid()) + "-0.tmp";
     outer.write("in/" + leftBehind, "of a program that was killed");
     files.replace("old.ini", std::string(100000, 'x'), FileAccess::Everyone);
-    files.replace("new", std::string("a\0b", 3), FileAccess::OwnerOnly);
     EXPECT_EQ(files.read("old.ini"), std::string(100000, 'x'));
-    EXPECT_EQ(files.read("new"), std::string("a\0b", 3));
-    EXPECT_THAT(files.names(""), ElementsAre(leftBehind, "new", "old.ini"));
-}
-
-TEST_F(ProgramFolderTest, ReplacesALinkAndNotItsTarget) {
     outer.write("target", "target");
     fs::create_symlink(outer.path() / "target", place / "link");
     EXPECT_EQ(files.read("link"), "target");
-    EXPECT_EQ(replaceFailure("link"), 0);
-    EXPECT_EQ(files.read("link"), "new");
+    files.replace("link", std::string("a\0b", 3), FileAccess::OwnerOnly);
+    EXPECT_EQ(files.read("link"), std::string("a\0b", 3));
     EXPECT_EQ(outer.read("target"), "target");
+    EXPECT_THAT(files.names(""), ElementsAre(leftBehind, "link", "old.ini"));
 }
 
 TEST_F(ProgramFolderTest, RefusesWhatItCannotWriteAndLeavesNothing) {
     fs::create_directory(place / "folder");
-    EXPECT_EQ(replaceFailure("../out"), 76);
-    EXPECT_EQ(replaceFailure("..\\out"), 76);
-    EXPECT_EQ(replaceFailure(".."), 1003);
-    EXPECT_EQ(replaceFailure(std::string_view("a\0b", 3)), 1003);
-    EXPECT_EQ(replaceFailure("folder"), 1003);
-    EXPECT_EQ(replaceFailure(std::string(300, 'n')), 1003);
+    EXPECT_THAT(replacing(files, "../out"), fails(76));
+    EXPECT_THAT(replacing(files, "..\\out"), fails(76));
+    EXPECT_THAT(replacing(files, std::string("a\0b", 3)), fails(1003));
+    EXPECT_THAT(replacing(files, "folder"), fails(1003));
+    EXPECT_THAT(replacing(files, std::string(300, 'n')), fails(1003));
     EXPECT_THAT(files.names(""), ElementsAre("old.ini"));
     EXPECT_FALSE(fs::exists(outer.path() / "out"));
-    EXPECT_EQ(replaceFailure(std::string(255, 'n')), 0) << "the longest name there is";
+    replacing(files, std::string(255, 'n'))(); // The longest name there is.
 }
 
 TEST_F(ProgramFolderTest, ReadsPlainFilesUpToItsLargestSize) {
     fs::resize_file(place / "old.ini", ProgramFolder::MaximumFileSize);
-    EXPECT_EQ(readFailure("old.ini"), 0);
+    EXPECT_EQ(files.read("old.ini").size(), ProgramFolder::MaximumFileSize);
     fs::resize_file(place / "old.ini", ProgramFolder::MaximumFileSize + 1);
-    EXPECT_EQ(readFailure("old.ini"), 1003);
-    fs::create_directory(place / "folder");
+    EXPECT_THAT([&] { files.read("old.ini"); }, fails(1003));
     ASSERT_EQ(mkfifo((place / "pipe").c_str(), 0600), 0);
-    EXPECT_EQ(readFailure("folder"), 1003);
-    EXPECT_EQ(readFailure("pipe"), 1003);
-    EXPECT_EQ(readFailure("missing"), 53);
+    EXPECT_THAT([&] { files.read("pipe"); }, fails(1003));
+    EXPECT_THAT([&] { files.read("missing"); }, fails(53));
 }
 
 TEST_F(ProgramFolderTest, ListsAndRemovesPlainFiles) {
-    for (const char* name :
-         {"in/b.pro", "in/\xC3\xA4.pro", "in/B.pro", "in/a.pro.bak", "in/d.pro/x"}) {
-        outer.write(name, "");
+    for (const char* name : {"b.pro", "\xC3\xA4.pro", "B.pro", "a.pro.bak", "d.pro/x"}) {
+        outer.write(place / name, "");
     }
     EXPECT_THAT(files.names(".pro"), ElementsAre("B.pro", "b.pro", "\xC3\xA4.pro"));
     files.remove("b.pro");
-    EXPECT_EQ(failureNumber([&] { files.remove("b.pro"); }), 53);
+    EXPECT_THAT([&] { files.remove("b.pro"); }, fails(53));
     EXPECT_THAT(files.names(".pro"), ElementsAre("B.pro", "\xC3\xA4.pro"));
 }
 
 TEST_F(ProgramFolderTest, WithoutAFolderFails) {
     for (const fs::path& none : {outer.path() / "missing", place / "old.ini"}) {
         ProgramFolder missing(none.string());
-        EXPECT_EQ(failureNumber([&] { missing.replace("a", "", FileAccess::Everyone); }), 76);
-        EXPECT_EQ(failureNumber([&] { missing.names(""); }), 76);
-        EXPECT_EQ(failureNumber([&] { missing.read("a"); }), 53);
+        EXPECT_THAT(replacing(missing, "a"), fails(76));
+        EXPECT_THAT([&] { missing.names(""); }, fails(76));
+        EXPECT_THAT([&] { missing.read("a"); }, fails(53));
     }
 }
 

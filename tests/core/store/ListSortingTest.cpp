@@ -1,5 +1,6 @@
 #include "store/ListSorting.h"
 
+#include "base/Numbers.h"
 #include "core/store/Lists.h"
 
 #include <gtest/gtest.h>
@@ -8,19 +9,6 @@
 
 namespace quillmark {
 namespace {
-
-using Lines = std::vector<std::string>;
-
-class RecordedProgress : public Progress {
-public:
-    void InitializeThinking(std::string_view title) override { calls.emplace_back(title); }
-    void UpdateThinking(int current, int total) override {
-        calls.push_back(std::to_string(current) + "/" + std::to_string(total));
-    }
-    void RemoveThinking() override { calls.emplace_back("removed"); }
-
-    Lines calls;
-};
 
 /// Inserts each line behind the last smaller one, so that equal keys end up in reverse.
 void insertionSort(Lines& keys, Lines& indexes) {
@@ -32,80 +20,49 @@ void insertionSort(Lines& keys, Lines& indexes) {
     }
 }
 
-TEST(VeryQuickSort, OrdersGeneratedKeysAsAnInsertionSort) {
+struct ListSorting : testing::Test, Progress {
+    void InitializeThinking(std::string_view title) override { progress = title; }
+    void UpdateThinking(int current, int total) override {
+        progress += " " + std::to_string(current) + "/" + std::to_string(total);
+    }
+    void RemoveThinking() override { progress += " removed"; }
+
+    /// Over what an earlier sorting left.
+    void build(const Lines& source, SortOrder order) {
+        BuildSortKeys(listOf(source), order, lists, *this);
+    }
+
+    ResultLists lists;
+    std::string progress;
+};
+
+TEST_F(ListSorting, OrdersGeneratedNamesAsAnInsertionSort) {
     std::mt19937 random(7);
-    for (const int count : {2, 3, 10, 400}) {
+    for (const int count : {400, 10, 3, 2, 1}) {
         Lines keys;
         Lines indexes;
         for (int i = 0; i < count; ++i) {
             keys.emplace_back(random() % 3, "aBz_\xE9"[random() % 5]);
-            indexes.push_back(std::to_string(i));
+            indexes.push_back(zeroPadded(i, 3));
         }
-        ResultLists lists;
-        lists.TempList = listOf(keys);
-        lists.TempListCount = listOf(indexes);
-        RecordedProgress progress;
-        VeryQuickSort(lists, progress);
+        build(keys, SortOrder::Name);
         insertionSort(keys, indexes);
         ASSERT_EQ(linesOf(lists.TempList), keys);
         ASSERT_EQ(linesOf(lists.TempListCount), indexes);
     }
 }
 
-struct SortRow {
-    const char* name;
-    Lines source;
-    SortOrder order;
-    Lines keys;
-    Lines indexes;
-    Lines progress;
-};
-
-class BuildSortKeysTest : public testing::TestWithParam<SortRow> {};
-
-TEST_P(BuildSortKeysTest, SortsKeysWithTheirIndexes) {
-    ResultLists lists;
-    lists.TempList = listOf({"stale"});
-    lists.TempListCount = listOf({"000"});
-    RecordedProgress progress;
-    BuildSortKeys(listOf(GetParam().source), GetParam().order, lists, progress);
-    EXPECT_EQ(linesOf(lists.TempList), GetParam().keys);
-    EXPECT_EQ(linesOf(lists.TempListCount), GetParam().indexes);
-    EXPECT_EQ(progress.calls, GetParam().progress);
+TEST_F(ListSorting, TakesNamesOrPathsAndShowsProgress) {
+    build({"/0/b", "/1/a"}, SortOrder::Name);
+    EXPECT_EQ(linesOf(lists.TempList), (Lines{"a", "b"}));
+    EXPECT_EQ(progress, "Sorting 1/2 removed");
+    build({"/b/0", "/a/1"}, SortOrder::Path);
+    EXPECT_EQ(linesOf(lists.TempList), (Lines{"/a/", "/b/"}));
+    progress.clear();
+    build({"/b", "/a"}, SortOrder::None);
+    EXPECT_EQ(lists.TempList.Count() + lists.TempListCount.Count(), 0);
+    EXPECT_EQ(progress, "");
 }
-
-const Lines Three = {"Sorting", "1/3", "2/3", "removed"};
-const std::vector<SortRow> SortRows = {
-    {"None", {"/b", "/a"}, SortOrder::None, {}, {}, {}},
-    {"NameOfNothing", {}, SortOrder::Name, {}, {}, {}},
-    {"NameOfOne", {"/b/x.htm"}, SortOrder::Name, {"x.htm"}, {"000"}, {"Sorting", "removed"}},
-    {"Name",
-     {"/1/b", "/2/a", "/0/c"},
-     SortOrder::Name,
-     {"a", "b", "c"},
-     {"001", "000", "002"},
-     Three},
-    {"EqualNames",
-     {"/a/x", "/b/x", "/c/x"},
-     SortOrder::Name,
-     {"x", "x", "x"},
-     {"002", "001", "000"},
-     Three},
-    {"CaseAndDigits",
-     {"file9", "Zeta", "file10"},
-     SortOrder::Name,
-     {"Zeta", "file10", "file9"},
-     {"001", "002", "000"},
-     Three},
-    {"Path",
-     {"/b/1", "/a/2", "/b/0"},
-     SortOrder::Path,
-     {"/a/", "/b/", "/b/"},
-     {"001", "002", "000"},
-     Three}};
-
-INSTANTIATE_TEST_SUITE_P(Orders, BuildSortKeysTest, testing::ValuesIn(SortRows),
-                         [](const auto& row) { return row.param.name; });
 
 } // namespace
 } // namespace quillmark

@@ -2,14 +2,14 @@
 
 #include "store/ResultList.h"
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace quillmark {
 
-/// A list of the lines.
-inline ResultList listOf(const std::vector<std::string>& lines) {
+using Lines = std::vector<std::string>;
+
+inline ResultList listOf(const Lines& lines) {
     ResultList list;
     for (const std::string& line : lines) {
         list.Append(line);
@@ -18,9 +18,8 @@ inline ResultList listOf(const std::vector<std::string>& lines) {
 }
 
 /// The lines of a list of either kind.
-template <typename List> std::vector<std::string> linesOf(const List& list) {
-    std::vector<std::string> lines;
-    lines.reserve(static_cast<std::size_t>(list.Count()));
+template <typename List> Lines linesOf(const List& list) {
+    Lines lines;
     for (int i = 0; i < list.Count(); ++i) {
         lines.emplace_back(list.Line(i));
     }

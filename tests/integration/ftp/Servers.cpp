@@ -17,7 +17,7 @@ namespace {
 
 std::string vsftpdProgram() {
     const char* program = std::getenv("QUILLMARK_VSFTPD");
-    const std::string found = program == nullptr ? VSFTPD : program;
+    std::string found = program == nullptr ? VSFTPD : program;
     if (found.empty()) {
         throw std::runtime_error("set QUILLMARK_VSFTPD to what tools/fetch-vsftpd printed");
     }
