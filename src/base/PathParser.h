@@ -6,7 +6,7 @@
 
 namespace quillmark {
 
-/// Takes a file specification apart, in "/" form, "\" form or a mix of both. A plain character
+/// Takes a path apart, in "/" form, "\" form or a mix of both. A plain character
 /// search: nothing consults the file system. The parts are views that hold until the next
 /// FileSpec().
 class PathParser {
@@ -14,7 +14,7 @@ public:
     PathParser() = default;
     explicit PathParser(std::string_view spec) { FileSpec(spec); }
 
-    /// Gives a new specification; all parts below are those of the last one given.
+    /// Gives a new path; all parts below are those of the last one given.
     void FileSpec(std::string_view spec);
     std::string_view FileSpec() const { return spec_; }
 
@@ -23,9 +23,9 @@ public:
     std::size_t NameStart() const { return nameStart_; }
     /// Everything before the name, with the final separator.
     std::string_view Path() const { return std::string_view(spec_).substr(0, nameStart_ - 1); }
-    /// Everything from the name start on; empty when the specification ends in a separator.
+    /// Everything from the name start on; empty when the path ends in a separator.
     std::string_view FileName() const { return std::string_view(spec_).substr(nameStart_ - 1); }
-    /// What follows the last "." of the whole specification ("site.dir/readme" gives "dir/readme":
+    /// What follows the last "." of the whole path ("site.dir/readme" gives "dir/readme":
     /// callers compare with known extensions, so that a stray match is harmless).
     std::string_view Extension() const;
     /// The file name before its first "." ("a.b.html" gives "a").
