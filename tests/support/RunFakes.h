@@ -5,6 +5,7 @@
 #include "base/Paths.h"
 #include "engine/outside/Outside.h"
 #include "engine/run/CheckRun.h"
+#include "engine/run/ListLimit.h"
 #include "platform/disk/DiskAdapter.h"
 #include "settings/DefaultSettings.h"
 #include "support/TempFolder.h"
@@ -26,13 +27,17 @@ inline Lines linesOf(const ResultList& list) {
     return lines;
 }
 
+/// A host's listing line of a file, with its size in the columns that the defaults name.
+inline std::string fileLine(const std::string& size, const std::string& name) {
+    return "-rw-r--r--   1 www      www     " + std::string(10 - size.size(), ' ') + size +
+           " Jan  1 12:00 " + name;
+}
+
 class RecordingMessages : public Messages {
 public:
     void MessageHandler(bool debug, std::string_view text) override {
         (debug ? debugs : normals).emplace_back(text);
-        if (onPost) {
-            onPost(text);
-        }
+        onPost(text);
     }
     bool wantsDebug() const override { return true; }
 
@@ -42,17 +47,14 @@ public:
 
     Lines normals;
     Lines debugs;
-    std::function<void(std::string_view)> onPost;
+    std::function<void(std::string_view)> onPost = [](std::string_view) {};
 };
 
 /// A web host that is a folder of this machine: "/" on the host is that folder. It can be told to
 /// refuse and to fail, at points that a real server cannot be brought to.
 class FolderHost : public FtpComponent {
 public:
-    void connect(const FtpLogin& login) override {
-        connected_ = !refuses;
-        lastLogin = login;
-    }
+    void connect(const FtpLogin& /*login*/) override { connected_ = !refuses; }
     bool connected() const override { return connected_; }
     void disconnect() override { connected_ = false; }
     void list(std::string_view directory, const DirItem& item) override {
@@ -62,14 +64,8 @@ public:
             item("drwxr-xr-x   2 me       me           4096 Jan  1 12:00 " + name);
         }
         for (const std::string& name : listing.files) {
-            const std::string size =
-                std::to_string(std::filesystem::file_size(root / nativeTail(directory) / name));
-            std::string line = "-rw-r--r--   1 me       me      ";
-            line.append(10 - std::min(size.size(), std::size_t{10}), ' ')
-                .append(size)
-                .append(" Jan  1 12:00 ")
-                .append(name);
-            item(line);
+            const auto size = std::filesystem::file_size(local(directory) + name);
+            item(fileLine(std::to_string(size), name));
         }
     }
     void listWorkingDirectory(const DirItem& item) override { list("/", item); }
@@ -83,11 +79,9 @@ public:
     std::filesystem::path root;
     bool refuses = false;
     std::string lostAt; ///< The path at which the connection is lost for good.
-    FtpLogin lastLogin;
 
 private:
-    static std::string nativeTail(std::string_view path) { return std::string(path.substr(1)); }
-    std::string local(std::string_view path) const { return (root / nativeTail(path)).string(); }
+    std::string local(std::string_view path) const { return (root / path.substr(1)).string(); }
     void loseConnectionAt(std::string_view path) const {
         if (!lostAt.empty() && path == lostAt) {
             throw Failure(1099, "Connection lost");
@@ -98,16 +92,10 @@ private:
     bool connected_ = false;
 };
 
-class ScriptedWeb : public UrlFetcher {
+class SilentWeb : public UrlFetcher {
 public:
-    void expect(std::vector<std::string> urls) override { expected = std::move(urls); }
-    std::string OpenURL(std::string_view url) override {
-        if (url.find("dead") != std::string_view::npos) {
-            throw Failure(1099, "No answer");
-        }
-        return url.find("missing") != std::string_view::npos ? "x 404 File Not Found x" : "fine";
-    }
-    Lines expected;
+    void expect(std::vector<std::string> /*urls*/) override {}
+    std::string OpenURL(std::string_view /*url*/) override { return {}; }
 };
 
 class RecordingWindow : public RunWindow, public SoundPlayer, public Progress {
@@ -127,12 +115,8 @@ public:
 
 class HookedEvents : public EventLoop {
 public:
-    void DoEvents() override {
-        if (hook) {
-            hook();
-        }
-    }
-    std::function<void()> hook;
+    void DoEvents() override { hook(); }
+    std::function<void()> hook = [] {};
 };
 
 /// A run over a temporary site, with everything around it.
@@ -145,12 +129,13 @@ struct RunBench {
     RecordingMessages messages;
     DiskAdapter disk;
     FolderHost host;
-    ScriptedWeb web;
+    SilentWeb web;
     RecordingWindow window;
     HookedEvents events;
     Outside outside{messages, disk, host, web, window, window, window, events};
     RunContext context{lists, state, settings, outside,
                        ToBackSlashes((program.path() / "Quillmark.html").string())};
+    ListLimit limit{messages, state};
     CheckRun run{lists, state, settings, outside, ToBackSlashes(program.path().string())};
 
     RunBench() {
@@ -159,6 +144,15 @@ struct RunBench {
     }
     /// The "/" form path of a file of the site.
     std::string path(std::string_view name) const { return (site.path() / name).string(); }
+    /// The lines of a list in a row, with the site's own folder taken off.
+    std::string below(const ResultList& list) const {
+        const std::string root = site.path().string();
+        std::string row;
+        for (const std::string& line : linesOf(list)) {
+            row += (row.empty() ? "" : " ") + line.substr(line.starts_with(root) ? root.size() : 0);
+        }
+        return row;
+    }
     RunOutcome runLocal(std::string_view startFile = "index.html") {
         settings.profile.START_PATH = ToBackSlashes(path(startFile));
         return run.start();

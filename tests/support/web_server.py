@@ -7,6 +7,7 @@ requests that were under way at once, in all and to one host.
 """
 
 import asyncio
+import functools
 import gzip
 import ssl
 import sys
@@ -14,35 +15,20 @@ from collections import Counter
 
 NOT_FOUND = b"<h1>404 File Not Found</h1>"
 MEGABYTE = b"x" * 1024 * 1024
-BOMB = b""
+
+REQUESTS, BUSY, MOST = Counter(), Counter(), Counter()
 
 
-class Report:
-    """What has been asked for."""
-
-    def __init__(self):
-        self.requests = Counter()
-        self.busy = Counter()
-        self.most = Counter()
-
-    def begin(self, host, path):
-        self.requests[path] += 1
-        for key in ("in all", host):
-            self.busy[key] += 1
-            name = key if key == "in all" else "to one host"
-            self.most[name] = max(self.most[name], self.busy[key])
-
-    def end(self, host):
-        self.busy["in all"] -= 1
-        self.busy[host] -= 1
-
-    def text(self):
-        lines = [f"{count} {path}" for path, count in sorted(self.requests.items())]
-        lines += [f"{most} {name}" for name, most in sorted(self.most.items())]
-        return "".join(line + "\n" for line in lines).encode()
+def begin(host, path):
+    REQUESTS[path] += 1
+    for key, name in (("in all", "in all"), (host, "to one host")):
+        BUSY[key] += 1
+        MOST[name] = max(MOST[name], BUSY[key])
 
 
-REPORT = Report()
+def report(*_):
+    counts = sorted(REQUESTS.items()) + sorted(MOST.items())
+    return answer("".join(f"{count} {name}\n" for name, count in counts).encode())
 
 
 def answer(body, status="200 OK", *headers):
@@ -58,22 +44,22 @@ def zipped(body):
     return answer(gzip.compress(body), "200 OK", "Content-Encoding: gzip")
 
 
-async def page(path, _writer):
+def page(path, _writer):
     return answer(f"This is {path}".encode())
 
 
-async def missing(path, _writer):
+def missing(path, _writer):
     return answer(NOT_FOUND if path.endswith("text") else b"Nothing here", "404 Not Found")
 
 
-async def hop(path, _writer):
+def hop(path, _writer):
     left = int(path.rsplit("/", 1)[1])
     return redirect(f"/hop/{left - 1}") if left else answer(b"Arrived")
 
 
 async def slow(path, _writer):
     await asyncio.sleep(0.05)
-    return await page(path, _writer)
+    return page(path, _writer)
 
 
 async def late_redirect(path, _writer):
@@ -85,26 +71,22 @@ async def never(_path, _writer):
     await asyncio.sleep(3600)
 
 
-async def big(_path, writer):
-    writer.write(f"HTTP/1.1 200 OK\r\nContent-Length: {8 * len(MEGABYTE)}\r\n\r\n".encode())
-    for _ in range(8):
+async def big(_path, writer, megabytes=8, patience=None):
+    writer.write(f"HTTP/1.1 200 OK\r\nContent-Length: {megabytes * len(MEGABYTE)}\r\n\r\n".encode())
+    for _ in range(megabytes):
         writer.write(MEGABYTE)
-        await writer.drain()
+        await asyncio.wait_for(writer.drain(), patience)
 
 
-async def bomb(_path, _writer):
-    global BOMB
-    BOMB = BOMB or zipped(bytes(200 * len(MEGABYTE)))
-    return BOMB
+@functools.cache
+def bomb():
+    return zipped(bytes(200 * len(MEGABYTE)))
 
 
-async def impatient(_path, writer):
+async def impatient(path, writer):
     """Sends much, and hangs up when the other side does not read."""
-    writer.write(f"HTTP/1.1 200 OK\r\nContent-Length: {64 * len(MEGABYTE)}\r\n\r\n".encode())
     try:
-        for _ in range(64):
-            writer.write(MEGABYTE)
-            await asyncio.wait_for(writer.drain(), 0.1)
+        await big(path, writer, 64, 0.1)
     except asyncio.TimeoutError:
         writer.transport.abort()
 
@@ -124,21 +106,17 @@ HABITS = {
     "late": late_redirect,
     "never": never,
     "big": big,
-    "to": lambda path, _: page_of(redirect(path.split("?", 1)[1])),
-    "loop": lambda path, _: page_of(redirect(path)),
-    "lie": lambda *_: page_of(answer(NOT_FOUND)),
-    "zipped": lambda *_: page_of(zipped(NOT_FOUND)),
-    "damaged": lambda *_: page_of(answer(b"no gzip", "200 OK", "Content-Encoding: gzip")),
-    "bomb": bomb,
+    "to": lambda path, _: redirect(path.split("?", 1)[1]),
+    "loop": lambda path, _: redirect(path),
+    "lie": lambda *_: answer(NOT_FOUND),
+    "zipped": lambda *_: zipped(NOT_FOUND),
+    "damaged": lambda *_: answer(b"no gzip", "200 OK", "Content-Encoding: gzip"),
+    "bomb": lambda *_: bomb(),
     "impatient": impatient,
     "endless": lambda _, writer: without_end(b"\r\n", MEGABYTE, writer),
     "header": lambda _, writer: without_end(b"", b"a: b\r\n" * 1000, writer),
-    "report": lambda *_: page_of(answer(REPORT.text())),
+    "report": report,
 }
-
-
-async def page_of(whole):
-    return whole
 
 
 async def serve(reader, writer):
@@ -146,11 +124,12 @@ async def serve(reader, writer):
     try:
         while head := await reader.readuntil(b"\r\n\r\n"):
             path = head.split(b" ", 2)[1].decode("latin-1")
-            REPORT.begin(host, path)
+            begin(host, path)
             try:
-                whole = await HABITS[path.split("/")[1].split("?")[0]](path, writer)
+                whole = HABITS[path.split("/")[1].split("?")[0]](path, writer)
+                whole = await whole if asyncio.iscoroutine(whole) else whole
             finally:
-                REPORT.end(host)
+                BUSY.subtract(("in all", host))
             writer.write(whole or b"")
             await writer.drain()
     except (ConnectionError, asyncio.IncompleteReadError, KeyError):

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace quillmark::test {
 namespace {
 
@@ -13,55 +15,55 @@ std::string page(const Lines& references) {
     return text;
 }
 
-/// The lines with the site's own folder taken off.
-Lines below(const RunBench& bench, const ResultList& list) {
-    Lines lines = linesOf(list);
-    const std::string root = bench.site.path().string();
-    for (std::string& line : lines) {
-        if (line.starts_with(root)) {
-            line.erase(0, root.size());
-        }
+struct SiteBench : RunBench {
+    SiteBench() {
+        site.write("index.html", page({"a/one.html", "gone.html", "pic.gif", "none.gif", "#top",
+                                       "a/one.html", "cgi/x.cgi", "mailto:x", "gone.html"}));
+        site.write("a/one.html", page({"../index.html", "../gone.html", "../pic.gif", "#top"}));
+        site.write("pic.gif", "GIF");
+        site.write("b/pic.gif", "GIF");
+        site.write("orphan.txt", "?");
     }
-    return lines;
-}
+    void expectFindings() const {
+        EXPECT_EQ(below(lists.DirectoryList), "/a/ /b/");
+        EXPECT_EQ(below(lists.FileList), "/index.html /orphan.txt /pic.gif /a/one.html /b/pic.gif");
+        EXPECT_EQ(below(lists.GetFileList), "/index.html /a/one.html");
+        EXPECT_EQ(below(lists.ReferenceList),
+                  "/index.html /a/one.html /pic.gif /none.gif /cgi/x.cgi /index.html /pic.gif");
+        EXPECT_EQ(lists.ReferenceListFrom.Line(0), "(base file)");
+        EXPECT_EQ(below(lists.InvalidReferences), "/gone.html /none.gif /cgi/x.cgi");
+        EXPECT_EQ(below(lists.InvalidReferencesFrom), "/a/one.html /index.html /index.html");
+        EXPECT_EQ(below(lists.IgnoredReferences), "mailto:x");
+        EXPECT_EQ(below(lists.UnusedList), "/orphan.txt /b/pic.gif");
+        EXPECT_EQ(below(lists.DuplicateList), "/pic.gif");
+    }
+};
 
-void writeSite(const RunBench& bench) {
-    bench.site.write("index.html", page({"a/one.html", "gone.html", "pic.gif", "none.gif", "#top",
-                                         "a/one.html", "cgi/x.cgi", "mailto:x", "gone.html"}));
-    bench.site.write("a/one.html", page({"../index.html", "../gone.html", "../pic.gif", "#top"}));
-    bench.site.write("pic.gif", "GIF");
-    bench.site.write("b/pic.gif", "GIF");
-    bench.site.write("orphan.txt", "?");
-}
-
-TEST(CheckRun, LocalRunFillsAllLists) {
-    RunBench bench;
-    writeSite(bench);
+TEST(CheckRun, LocalAndRemoteRunsFillAllLists) {
+    SiteBench bench;
     bench.settings.profile.CHECK_DUPES = 1;
     bench.settings.profile.IGNORE_TOPICS = 1;
     EXPECT_EQ(bench.runLocal(), RunOutcome::Finished);
-    const ResultLists& lists = bench.lists;
-    EXPECT_EQ(below(bench, lists.DirectoryList), (Lines{"/a/", "/b/"}));
-    EXPECT_EQ(below(bench, lists.FileList),
-              (Lines{"/index.html", "/orphan.txt", "/pic.gif", "/a/one.html", "/b/pic.gif"}));
-    EXPECT_EQ(below(bench, lists.GetFileList), (Lines{"/index.html", "/a/one.html"}));
-    EXPECT_EQ(below(bench, lists.ReferenceList),
-              (Lines{"/index.html", "/a/one.html", "/pic.gif", "/none.gif", "/cgi/x.cgi",
-                     "/index.html", "/pic.gif"}));
-    EXPECT_EQ(linesOf(lists.ReferenceListFrom).front(), "(base file)");
-    EXPECT_EQ(below(bench, lists.InvalidReferences),
-              (Lines{"/gone.html", "/none.gif", "/cgi/x.cgi"}));
-    EXPECT_EQ(below(bench, lists.InvalidReferencesFrom),
-              (Lines{"/a/one.html", "/index.html", "/index.html"}));
-    EXPECT_EQ(linesOf(lists.IgnoredReferences), Lines{"mailto:x"});
-    EXPECT_EQ(below(bench, lists.UnusedList), (Lines{"/orphan.txt", "/b/pic.gif"}));
-    EXPECT_EQ(below(bench, lists.DuplicateList), Lines{"/pic.gif"});
+    bench.expectFindings();
     EXPECT_EQ(bench.window.titles,
               (Lines{"Checking References", "Checking Unused Files", "Checking Topic References",
                      "Checking For Duplicate Invalid References",
                      "Checking for Duplicate Ignored References", "-",
                      "Checking for Duplicate Files", "-"}));
-    EXPECT_EQ(bench.window.calls, (Lines{"enter", "results", "leave"}));
+    bench.messages.normals.clear();
+    bench.settings.profile.HOST_NAME = "ftp.site.org";
+    bench.settings.profile.GET_STATS = 1;
+    bench.settings.profile.UPPER_LEVELS = 1;
+    EXPECT_EQ(bench.runRemote(), RunOutcome::Finished);
+    bench.expectFindings();
+    EXPECT_EQ(bench.state.baseUrl, "http://www.site.org/");
+    EXPECT_GT(bench.state.hostByteTotal, 0);
+    EXPECT_FALSE(bench.host.connected());
+    bench.messages.normals.resize(6);
+    EXPECT_EQ(
+        bench.messages.normals,
+        (Lines{"Quillmark running in Remote Mode", "Starting...", "Checking For /index.html",
+               "Retrieving /index.html", "Getting Directory For /", "Getting Directory For /a/"}));
 }
 
 TEST(CheckRun, LocalRunPostsItsMessagesInOrder) {
@@ -85,107 +87,51 @@ TEST(CheckRun, LocalRunPostsItsMessagesInOrder) {
     EXPECT_EQ(bench.messages.debugs.back(), "Added Invalid Reference(1) " + root + "gone.html");
 }
 
-TEST(CheckRun, RemoteRunFindsWhatTheLocalOneFinds) {
-    RunBench bench;
-    writeSite(bench);
-    bench.runLocal();
-    const auto found = [&bench] {
-        const ResultLists& lists = bench.lists;
-        return std::vector<Lines>{below(bench, lists.FileList), below(bench, lists.ReferenceList),
-                                  below(bench, lists.InvalidReferences),
-                                  below(bench, lists.UnusedList), linesOf(lists.IgnoredReferences)};
-    };
-    const std::vector<Lines> local = found();
-    bench.messages.normals.clear();
-    bench.settings.profile.HOST_NAME = "ftp.site.org";
-    bench.settings.profile.GET_STATS = 1;
-    bench.settings.profile.UPPER_LEVELS = 1;
-    EXPECT_EQ(bench.runRemote(), RunOutcome::Finished);
-    EXPECT_EQ(found(), local);
-    EXPECT_EQ(bench.state.baseUrl, "http://www.site.org/");
-    EXPECT_GT(bench.state.hostByteTotal, 0);
-    EXPECT_FALSE(bench.host.connected());
-    EXPECT_EQ(
-        Lines(bench.messages.normals.begin(), bench.messages.normals.begin() + 6),
-        (Lines{"Quillmark running in Remote Mode", "Starting...", "Checking For /index.html",
-               "Retrieving /index.html", "Getting Directory For /", "Getting Directory For /a/"}));
-}
-
 struct EndCase {
     const char* name;
-    std::function<void(RunBench&)> arrange;
     bool remote;
     RunOutcome outcome;
-    Lines lastMessages;
-    Lines calls;
+    std::function<void(SiteBench&)> trouble;
+    Lines lastMessages; ///< Before the one that tells the outcome.
 };
 
 TEST(CheckRun, EndsAsItsTroubleAsksFor) {
+    using enum RunOutcome;
+    const auto noHost = [](SiteBench& b) { b.host.refuses = true; };
+    const auto noPage = [](SiteBench& b) { b.host.lostAt = "/a/one.html"; };
+    const auto noListing = [](SiteBench& b) { b.host.lostAt = "/a/"; };
+    const auto noStart = [](SiteBench& b) { std::filesystem::remove(b.path("index.html")); };
+    const auto tooFarUp = [](SiteBench& b) { b.site.write("a/one.html", page({"../x"})); };
+    const std::string gone = "Unable to locate Start File - Aborting";
     const std::vector<EndCase> cases = {
-        {"NoConnection",
-         [](RunBench& b) { b.host.refuses = true; },
-         true,
-         RunOutcome::Aborted,
-         {"Unable to connect", "Checking For /index.html", "Unable to locate Start File - Aborting",
-          "Quillmark Aborted"},
-         {"enter", "leave"}},
-        {"StartFileRefused",
-         [](RunBench& b) { std::filesystem::remove(b.path("index.html")); },
-         true,
-         RunOutcome::Aborted,
-         {"Unable to retrieve start file", "Unable to locate Start File - Aborting",
-          "Quillmark Aborted"},
-         {"enter", "leave"}},
-        {"StartFileNotListed",
-         [](RunBench& b) { std::filesystem::remove(b.path("index.html")); },
-         false,
-         RunOutcome::Aborted,
-         {"Unable to read start file", "Quillmark Aborted"},
-         {"enter", "leave"}},
-        {"ConnectionLost",
-         [](RunBench& b) { b.host.lostAt = "/a/one.html"; },
-         true,
-         RunOutcome::Failed,
-         {"An Error Has Occurred (Connection lost(1099))"},
-         {"enter", "leave"}},
-        {"ListingLost",
-         [](RunBench& b) { b.host.lostAt = "/a/"; },
-         true,
-         RunOutcome::Finished,
-         {"Quillmark Finished"},
-         {"enter", "results", "leave"}},
-        {"ShortUpperLevelOnTheHost",
-         [](RunBench& b) { b.site.write("a/one.html", page({"../x"})); },
-         true,
-         RunOutcome::Failed,
-         {"An Error Has Occurred (Invalid procedure call or argument(5))"},
-         {"enter", "leave"}},
-        {"ShortUpperLevelOnTheDisk",
-         [](RunBench& b) { b.site.write("a/one.html", page({"../x"})); },
-         false,
-         RunOutcome::Finished,
-         {"Quillmark Finished"},
-         {"enter", "results", "leave"}},
+        {"NoHost", true, Aborted, noHost, {"Unable to connect", "Checking For /index.html", gone}},
+        {"StartFileRefused", true, Aborted, noStart, {"Unable to retrieve start file", gone}},
+        {"StartFileNotListed", false, Aborted, noStart, {"Unable to read start file"}},
+        {"PageLost", true, Failed, noPage, {"An Error Has Occurred (Connection lost(1099))"}},
+        {"ListingLost", true, Finished, noListing, {}},
+        {"TooFarUpOnTheHost", true, Failed, tooFarUp, {errorMessage(invalidProcedureCall())}},
+        {"TooFarUpOnTheDisk", false, Finished, tooFarUp, {}},
     };
     for (const EndCase& row : cases) {
         SCOPED_TRACE(row.name);
-        RunBench bench;
-        writeSite(bench);
-        row.arrange(bench);
+        SiteBench bench;
+        row.trouble(bench);
         EXPECT_EQ(row.remote ? bench.runRemote() : bench.runLocal(), row.outcome);
+        Lines last = row.lastMessages;
+        if (row.outcome != Failed) {
+            last.emplace_back(row.outcome == Finished ? "Quillmark Finished" : "Quillmark Aborted");
+        }
         const Lines& all = bench.messages.normals;
-        ASSERT_GE(all.size(), row.lastMessages.size());
-        EXPECT_EQ(
-            Lines(all.end() - static_cast<std::ptrdiff_t>(row.lastMessages.size()), all.end()),
-            row.lastMessages);
-        EXPECT_EQ(bench.window.calls, row.calls);
+        ASSERT_GE(all.size(), last.size());
+        EXPECT_TRUE(std::equal(last.rbegin(), last.rend(), all.rbegin())) << all.back();
+        EXPECT_EQ(bench.window.calls.at(1), row.outcome == Finished ? "results" : "leave");
+        EXPECT_EQ(bench.window.calls.back(), "leave");
         EXPECT_FALSE(bench.state.abort);
     }
 }
 
 TEST(CheckRun, StopInTheWalkAborts) {
-    RunBench bench;
-    writeSite(bench);
+    SiteBench bench;
     bench.settings.profile.IGNORE_CGI = 1;
     bench.settings.profile.IGNORE_TOPICS = 1;
     bench.settings.profile.CHECK_DUPES = 1;
@@ -201,35 +147,26 @@ TEST(CheckRun, StopInTheWalkAborts) {
     EXPECT_EQ(bench.window.titles, (Lines{"Checking References", "Checking Unused Files",
                                           "Checking for CGI Files", "-"}));
     EXPECT_EQ(bench.runLocal(), RunOutcome::Aborted) << "the flag of one run does not end the next";
-    bench.messages.onPost = nullptr;
+    bench.messages.onPost = [](std::string_view) {};
     EXPECT_EQ(bench.runLocal(), RunOutcome::Finished);
 }
 
 TEST(CheckRun, ListsDirectoriesWithinTheDepth) {
-    struct DepthCase {
-        const char* name;
-        std::int16_t maximum;
-        std::string start;
-        Lines listed;
+    const std::map<std::int16_t, std::string> filesOfMaximum = {
+        {0, "/www/index.html /www/a/x /www/a/b/y"},
+        {1, "/www/index.html"},
+        {3, "/www/index.html"},
+        {4, "/www/index.html /www/a/x"},
     };
-    for (const DepthCase& row :
-         {DepthCase{"All", 0, "/www/index.html", {"/www/", "/www/a/", "/www/a/b/"}},
-          DepthCase{"One", 1, "/www/index.html", {"/www/"}},
-          DepthCase{"SumBelow", 4, "/www/index.html", {"/www/", "/www/a/"}},
-          DepthCase{"SumEqual", 3, "/www/index.html", {"/www/"}}}) {
-        SCOPED_TRACE(row.name);
+    for (const auto& row : filesOfMaximum) {
+        SCOPED_TRACE(row.first);
         RunBench bench;
-        bench.site.write("www/index.html", "");
-        bench.site.write("www/a/b/c.txt", "");
-        bench.settings.profile.MAX_LEVELS = row.maximum;
-        bench.runRemote(row.start);
-        Lines listed;
-        for (const std::string& message : bench.messages.normals) {
-            if (message.starts_with("Getting Directory For ")) {
-                listed.push_back(message.substr(22));
-            }
+        for (const char* file : {"www/index.html", "www/a/x", "www/a/b/y"}) {
+            bench.site.write(file, "");
         }
-        EXPECT_EQ(listed, row.listed);
+        bench.settings.profile.MAX_LEVELS = row.first;
+        bench.runRemote("/www/index.html");
+        EXPECT_EQ(bench.below(bench.lists.FileList), row.second);
     }
 }
 
@@ -238,12 +175,12 @@ TEST(CheckRun, WrongCaseIsValidAndScannedWhenCaseIsIgnored) {
     bench.site.write("index.html", page({"Sub/PAGE.html"}));
     bench.site.write("sub/page.html", page({"gone.gif"}));
     bench.runLocal();
-    EXPECT_EQ(below(bench, bench.lists.InvalidReferences), Lines{"/Sub/gone.gif"});
+    EXPECT_EQ(bench.below(bench.lists.InvalidReferences), "/Sub/gone.gif");
     EXPECT_EQ(bench.lists.UnusedList.Count(), 0);
     bench.settings.configuration.IGNORECASE = 0;
     bench.runLocal();
-    EXPECT_EQ(below(bench, bench.lists.InvalidReferences), Lines{"/Sub/PAGE.html"});
-    EXPECT_EQ(below(bench, bench.lists.UnusedList), Lines{"/sub/page.html"});
+    EXPECT_EQ(bench.below(bench.lists.InvalidReferences), "/Sub/PAGE.html");
+    EXPECT_EQ(bench.below(bench.lists.UnusedList), "/sub/page.html");
 }
 
 TEST(CheckRun, SoundsAlternateOnlyWhileTheyAreOn) {

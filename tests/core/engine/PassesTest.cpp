@@ -30,51 +30,43 @@ Lines generated(std::mt19937& random, int count) {
     return lines;
 }
 
-bool same(const std::string& a, const std::string& b, bool ignoreCase) {
-    return ignoreCase ? upperCase(a) == upperCase(b) : a == b;
-}
-
 bool holds(const Lines& lines, const std::string& text, bool ignoreCase) {
-    return std::any_of(lines.begin(), lines.end(),
-                       [&](const std::string& line) { return same(line, text, ignoreCase); });
+    return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
+        return ignoreCase ? upperCase(line) == upperCase(text) : line == text;
+    });
 }
 
-Lines withoutEarlierDuplicates(Lines lines) {
-    for (std::size_t i = 0; i < lines.size();) {
-        const auto count = std::count(lines.begin(), lines.end(), lines[i]);
-        if (count > 1) {
-            lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(i));
-        } else {
-            ++i;
+/// The lines whose key comes again further on, or those whose key does not.
+Lines chosen(const Lines& lines, const Lines& keys, bool again) {
+    Lines result;
+    for (auto key = keys.begin(); key != keys.end(); ++key) {
+        if (again == (std::find(key + 1, keys.end(), *key) != keys.end())) {
+            result.push_back(lines[static_cast<std::size_t>(key - keys.begin())]);
         }
     }
-    return lines;
+    return result;
 }
 
 struct Generated : RunBench {
-    Lines files;
-    Lines sizes;
-    Lines referenced;
-    Lines ignored;
-    ListLimit limit{messages, state};
+    std::mt19937 random;
+    bool ignoreCase;
+    Lines files = generated(random, 60);
+    Lines referenced = generated(random, 40);
+    Lines ignored = generated(random, 80);
+    Lines namesAndSizes;
     FiledReferences references{lists};
-    LineIndex fileIndex;
-    ReferencePasses referencePasses;
+    LineIndex fileIndex{lists.FileList,
+                        ignoreCase ? NameComparison::IgnoreCase : NameComparison::Exact};
+    ReferencePasses referencePasses{context, limit, references, fileIndex};
     FilePasses filePasses{context, limit};
 
-    Generated(unsigned seed, bool ignoreCase)
-        : fileIndex(lists.FileList,
-                    ignoreCase ? NameComparison::IgnoreCase : NameComparison::Exact),
-          referencePasses(context, limit, references, fileIndex) {
+    explicit Generated(unsigned seed) : random(seed), ignoreCase(seed % 2 == 1) {
         settings.configuration.IGNORECASE = ignoreCase ? 1 : 0;
-        std::mt19937 random(seed);
-        files = generated(random, 60);
-        referenced = generated(random, 40);
-        ignored = generated(random, 80);
         for (const std::string& file : files) {
-            sizes.push_back(random() % 2 == 0 ? "000000012" : "000000120");
+            const std::string size = random() % 2 == 0 ? "000000012" : "000000120";
+            namesAndSizes.push_back(upperCase(PathParser(file).FileName()) + size);
             lists.FileList.Append(file);
-            lists.FileSizes.Append(file + sizes.back());
+            lists.FileSizes.Append(file + size);
         }
         for (const std::string& line : referenced) {
             references.append(line, "from " + line);
@@ -84,40 +76,29 @@ struct Generated : RunBench {
             lists.IgnoredReferencesFrom.Append("from " + line);
         }
     }
-    void expectParallel(const ResultList& list, const ResultList& from) const {
+    void expectIgnored(const Lines& left) const {
+        EXPECT_EQ(linesOf(lists.IgnoredReferences), left);
+        expectParallel(lists.IgnoredReferences, lists.IgnoredReferencesFrom);
+    }
+    static void expectParallel(const ResultList& list, const ResultList& from) {
         ASSERT_EQ(list.Count(), from.Count());
         for (int i = 0; i < list.Count(); ++i) {
             EXPECT_EQ("from " + std::string(list.Line(i)), from.Line(i));
         }
     }
+    Lines without(Lines lines, const Lines& others) const {
+        std::erase_if(lines, [&](const auto& line) { return holds(others, line, ignoreCase); });
+        return lines;
+    }
 };
 
 TEST(Passes, AgreeWithThePlainWalks) {
     for (unsigned seed = 0; seed < 60; ++seed) {
-        const bool ignoreCase = seed % 2 == 1;
         SCOPED_TRACE(seed);
-        Generated bench(seed, ignoreCase);
-        Lines invalid;
-        Lines unused;
-        Lines duplicates;
-        for (const std::string& line : bench.referenced) {
-            if (!holds(bench.files, line, ignoreCase)) {
-                invalid.push_back(line);
-            }
-        }
-        for (std::size_t i = 0; i < bench.files.size(); ++i) {
-            if (!holds(bench.referenced, bench.files[i], ignoreCase)) {
-                unused.push_back(bench.files[i]);
-            }
-            for (std::size_t j = i + 1; j < bench.files.size(); ++j) {
-                if (upperCase(PathParser(bench.files[i]).FileName()) ==
-                        upperCase(PathParser(bench.files[j]).FileName()) &&
-                    bench.sizes[i] == bench.sizes[j]) {
-                    duplicates.push_back(bench.files[i]);
-                    break;
-                }
-            }
-        }
+        Generated bench(seed);
+        const Lines invalid = bench.without(bench.referenced, bench.files);
+        const Lines unused = bench.without(bench.files, bench.referenced);
+        const Lines duplicates = chosen(bench.files, bench.namesAndSizes, true);
         bench.referencePasses.checkReferences();
         EXPECT_EQ(linesOf(bench.lists.InvalidReferences), invalid);
         bench.filePasses.checkUnusedFiles();
@@ -126,37 +107,32 @@ TEST(Passes, AgreeWithThePlainWalks) {
         EXPECT_EQ(linesOf(bench.lists.DuplicateList), duplicates);
         bench.messages.normals.clear();
         bench.referencePasses.checkDuplicateInvalidReferences();
-        const Lines survivors = withoutEarlierDuplicates(invalid);
+        const Lines survivors = chosen(invalid, invalid, false);
         EXPECT_EQ(linesOf(bench.lists.InvalidReferences), survivors);
         EXPECT_EQ(bench.messages.normals.size(), survivors.size());
         bench.referencePasses.checkDuplicateIgnoredReferences();
-        EXPECT_EQ(linesOf(bench.lists.IgnoredReferences), withoutEarlierDuplicates(bench.ignored));
+        bench.expectIgnored(chosen(bench.ignored, bench.ignored, false));
         bench.expectParallel(bench.lists.InvalidReferences, bench.lists.InvalidReferencesFrom);
-        bench.expectParallel(bench.lists.IgnoredReferences, bench.lists.IgnoredReferencesFrom);
     }
 }
 
 TEST(Passes, TopicAndCgiReferencesAreRemovedToTheEnd) {
-    Generated bench(7, false);
+    Generated bench(8);
     bench.state.abort = true;
     IgnoredPasses passes(bench.context);
     passes.removeTopicReferences();
     passes.removeCGIReferences();
-    Lines left;
-    for (const std::string& line : bench.ignored) {
-        const bool cgi =
-            line.find(".cgi") != std::string::npos || line.find(".CGI") != std::string::npos;
-        if (line.front() != '#' && !cgi) {
-            left.push_back(line);
-        }
-    }
-    EXPECT_EQ(linesOf(bench.lists.IgnoredReferences), left);
+    Lines left = bench.ignored;
+    std::erase_if(left, [](const std::string& line) {
+        return line.starts_with("#") || line.find(".cgi") != std::string::npos ||
+               line.find(".CGI") != std::string::npos;
+    });
+    bench.expectIgnored(left);
     EXPECT_EQ(bench.messages.debugs.front(), "Removed Topic Reference :#t");
-    bench.expectParallel(bench.lists.IgnoredReferences, bench.lists.IgnoredReferencesFrom);
 }
 
 TEST(Passes, StopKeepsWhatWasFound) {
-    Generated bench(3, false);
+    Generated bench(4);
     int steps = 0;
     bench.events.hook = [&] { bench.state.abort = ++steps == 5; };
     bench.filePasses.checkUnusedFiles();
@@ -166,36 +142,14 @@ TEST(Passes, StopKeepsWhatWasFound) {
     EXPECT_EQ(bench.lists.InvalidReferences.Count(), 0);
 }
 
-TEST(Passes, UrlsThatAnswerBecomeReferences) {
-    RunBench bench;
-    ListLimit limit(bench.messages, bench.state);
-    FiledReferences references(bench.lists);
-    LineIndex files(bench.lists.FileList, NameComparison::Exact);
-    const Lines ignored = {"http://a/", "mailto:x",     "http://a/missing",
-                           "HTTP://b/", "http://dead/", "see http:c"};
-    for (const std::string& line : ignored) {
-        bench.lists.IgnoredReferences.Append(line);
-        bench.lists.IgnoredReferencesFrom.Append("p");
-    }
-    ReferencePasses(bench.context, limit, references, files).checkURLs();
-    EXPECT_EQ(linesOf(bench.lists.ReferenceList), (Lines{"http://a/", "HTTP://b/", "see http:c"}));
-    EXPECT_EQ(linesOf(bench.lists.IgnoredReferences),
-              (Lines{"mailto:x", "http://a/missing", "http://dead/"}));
-    EXPECT_EQ(bench.messages.normals,
-              (Lines{"Check For http://a/ Passed", "Check For http://a/missing Failed",
-                     "Check For HTTP://b/ Passed", "Check For see http:c Passed"}));
-    EXPECT_EQ(bench.web.expected.size(), 5U);
-}
-
 TEST(Passes, StatisticsSumFromTheTopOfTheList) {
     RunBench bench;
-    ListLimit limit(bench.messages, bench.state);
     for (const char* line : {"/a000000100", "/b000000020", "/c000000003"}) {
         bench.lists.FileSizes.Append(line);
     }
     bench.lists.UnusedList.Append("/b");
     bench.lists.UnusedList.Append("/c");
-    FilePasses(bench.context, limit).computeStatistics();
+    FilePasses(bench.context, bench.limit).computeStatistics();
     EXPECT_EQ(bench.state.hostByteTotal, 123);
     EXPECT_EQ(bench.state.unusedByteTotal, 120);
     EXPECT_TRUE(bench.state.statisticsComplete);

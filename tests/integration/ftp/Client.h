@@ -1,33 +1,14 @@
 #pragma once
 
 #include "platform/ftp/FtpXCtl.h"
-#include "support/TempFolder.h"
-
-#include <algorithm>
-#include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
+#include "support/RunFakes.h"
 
 namespace quillmark::test {
 
-struct RecordedMessages : Messages {
-    std::vector<std::string> texts;
-    void MessageHandler(bool /*debug*/, std::string_view text) override {
-        texts.emplace_back(text);
-    }
-    bool wantsDebug() const override { return false; }
-};
-
 struct RecordedTrace : FtpTrace {
-    std::vector<std::string> texts;
+    Lines texts;
     void Trace(std::string_view text) override { texts.emplace_back(text); }
     long count(std::string_view text) const { return std::count(texts.begin(), texts.end(), text); }
-};
-
-struct ScriptedEvents : EventLoop {
-    std::function<void()> event = [] {};
-    void DoEvents() override { event(); }
 };
 
 /// A component with everything that it talks to, and a folder for the pages.
@@ -35,9 +16,10 @@ struct Client {
     explicit Client(const FtpTimeouts& timeouts = {})
         : ftp(messages, events, state, trace, timeouts) {}
 
-    std::vector<std::string> list(std::string_view directory) {
-        std::vector<std::string> lines;
-        ftp.list(directory, [&lines](std::string_view line) { lines.emplace_back(line); });
+    /// The lines that came, which stay in `lines` when the listing fails.
+    const Lines& list(std::string_view directory) {
+        lines.clear();
+        ftp.list(directory, [this](std::string_view line) { lines.emplace_back(line); });
         return lines;
     }
     bool retrieve(std::string_view file) {
@@ -47,10 +29,11 @@ struct Client {
     bool folderIsEmpty() const { return std::filesystem::is_empty(folder.path()); }
 
     RunState state;
-    RecordedMessages messages;
+    RecordingMessages messages;
     RecordedTrace trace;
-    ScriptedEvents events;
+    HookedEvents events;
     TempFolder folder;
+    Lines lines;
     FtpXCtl ftp;
 };
 

@@ -1,4 +1,3 @@
-#include "base/Failure.h"
 #include "integration/ftp/Client.h"
 #include "integration/ftp/Servers.h"
 
@@ -12,8 +11,9 @@ namespace quillmark::test {
 namespace {
 
 using namespace std::chrono_literals;
-using Texts = std::vector<std::string>;
 using Clock = std::chrono::steady_clock;
+using testing::HasSubstr;
+using testing::Not;
 
 const FtpTimeouts Short{400ms, 400ms, 400ms};
 const std::string Line = "-rw-r--r--   1 ftp      ftp            14 Jan 01 12:00 ";
@@ -21,257 +21,212 @@ const std::string Index = Line + "index.html";
 const std::string Page = "<a href=\"x\">\r\n\r\n";
 const std::string Unsendable =
     "Host: A text with a line break or a zero byte cannot be sent to the host";
+const std::string TimedOut = "Host: Timeout was reached";
+const std::string WithZero("a\0b", 3);
 
-template <typename Row> std::string rowName(const testing::TestParamInfo<Row>& row) {
-    std::string name = row.param.scenario;
-    std::erase(name, '-');
-    return name;
-}
+/// A client that is logged in at a server with a fault.
+struct Visit : FaultServer, Client {
+    explicit Visit(const std::string& scenario, const FtpTimeouts& timeouts = {},
+                   const std::string& account = "")
+        : FaultServer(scenario), Client(timeouts) {
+        login_.account = account;
+        ftp.connect(login_);
+    }
+};
 
 struct LoginRow {
     std::string scenario;
     std::string account;
-    Texts messages;
+    Lines messages;
 };
 
-class Logins : public testing::TestWithParam<LoginRow> {};
-
-TEST_P(Logins, TellWhyThereIsNone) {
-    const FaultServer server(GetParam().scenario);
-    FtpLogin login = server.login();
-    login.account = GetParam().account;
-    Client client(Short);
-    client.ftp.connect(login);
-    EXPECT_EQ(client.ftp.connected(), GetParam().messages.empty());
-    EXPECT_EQ(client.messages.texts, GetParam().messages);
-    for (const std::string& text : client.trace.texts) {
-        EXPECT_EQ(text.find(login.password), std::string::npos) << text;
+TEST(FtpFaults, ALoginTellsWhyThereIsNone) {
+    const std::vector<LoginRow> rows = {
+        {"healthy", "", {}},
+        {"login-refused", "", {"Host: 530 Login incorrect."}},
+        {"echoing", "", {"Host: 530 no: ***"}},
+        {"account-needed", "billing", {}},
+        {"account-missing", "", {"Host: 332 account please"}},
+        {"account-refused", "billing", {"Host: 530 Account unknown."}},
+        {"too-many", "", {"Host: 421 Too many users."}},
+        {"silent", "", {TimedOut}},
+    };
+    for (const LoginRow& row : rows) {
+        SCOPED_TRACE(row.scenario);
+        const Visit visit(row.scenario, Short, row.account);
+        EXPECT_EQ(visit.ftp.connected(), row.messages.empty());
+        EXPECT_EQ(visit.messages.normals, row.messages);
+        EXPECT_THAT(visit.trace.texts, testing::Each(Not(HasSubstr(visit.login().password))));
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Ftp, Logins,
-    testing::Values(LoginRow{"healthy", "", {}},
-                    LoginRow{"login-refused", "", {"Host: 530 Login incorrect."}},
-                    LoginRow{"echoing", "", {"Host: 530 no: ***"}},
-                    LoginRow{"account-needed", "billing", {}},
-                    LoginRow{"account-missing", "", {"Host: 332 account please"}},
-                    LoginRow{"account-refused", "billing", {"Host: 530 Account unknown."}},
-                    LoginRow{"too-many", "", {"Host: 421 Too many users."}},
-                    LoginRow{"silent", "", {"Host: Timeout was reached"}}),
-    rowName<LoginRow>);
-
 struct RefusedLogin {
-    std::string scenario;
+    const char* name;
     FtpLogin login;
     std::string message;
 };
 
-class LoginTexts : public testing::TestWithParam<RefusedLogin> {};
-
-TEST_P(LoginTexts, ThatCannotBeUsedSendNothing) {
+TEST(FtpFaults, LoginTextsThatCannotBeUsedSendNothing) {
     const FaultServer server("healthy");
-    FtpLogin login = GetParam().login;
-    login.port = login.port == 21 ? server.login().port : login.port;
-    Client client(Short);
-    client.ftp.connect(login);
-    EXPECT_FALSE(client.ftp.connected());
-    EXPECT_EQ(client.messages.texts, Texts{GetParam().message});
-    EXPECT_EQ(server.connections(), 0);
-}
-
-const std::string WithZero("a\0b", 3);
-
-INSTANTIATE_TEST_SUITE_P(
-    Ftp, LoginTexts,
-    testing::Values(
-        RefusedLogin{"user", {false, "127.0.0.1", 21, "a\rb", "p", ""}, Unsendable},
-        RefusedLogin{"password", {false, "127.0.0.1", 21, "u", "p\nDELE x", ""}, Unsendable},
-        RefusedLogin{"account", {false, "127.0.0.1", 21, "u", "p", WithZero}, Unsendable},
-        RefusedLogin{"host", {false, "127.0.0.1\n", 21, "u", "p", ""}, Unsendable},
-        RefusedLogin{
-            "path", {false, "127.0.0.1/x", 21, "u", "p", ""}, "Host: Not a host: Bad hostname"},
-        RefusedLogin{"port",
-                     {false, "127.0.0.1", 0, "u", "p", ""},
-                     "Host: Not a host: Port number was not a decimal number between 0 and 65535"},
-        RefusedLogin{
-            "closed", {false, "127.0.0.1", 1, "u", "p", ""}, "Host: Couldn't connect to server"},
-        RefusedLogin{"unknown",
-                     {false, "no.invalid", 21, "u", "p", ""},
-                     "Host: Couldn't resolve host name"}),
-    rowName<RefusedLogin>);
-
-struct ListRow {
-    std::string scenario;
-    Texts lines;
-    Texts messages;
-    int connections;
-};
-
-class Listings : public testing::TestWithParam<ListRow> {};
-
-TEST_P(Listings, ComeAsTheHostSentThem) {
-    const FaultServer server(GetParam().scenario);
-    Client client(Short);
-    client.ftp.connect(server.login());
-    Texts lines;
-    bool failed = false;
-    try {
-        client.ftp.list("/www/", [&](std::string_view line) { lines.emplace_back(line); });
-    } catch (const Failure&) {
-        failed = true;
-    }
-    EXPECT_EQ(lines, GetParam().lines);
-    EXPECT_EQ(failed, !GetParam().messages.empty());
-    EXPECT_EQ(client.messages.texts, GetParam().messages);
-    EXPECT_EQ(server.connections(), GetParam().connections);
-}
-
-const std::string Control("-rw \x01\x1b[2J\0x", 11);
-
-INSTANTIATE_TEST_SUITE_P(
-    Ftp, Listings,
-    testing::Values(
-        ListRow{"healthy", {Index}, {}, 1}, ListRow{"no-epsv", {Index}, {}, 1},
-        ListRow{"bare-lf", {Index}, {}, 1}, ListRow{"no-last-lf", {Index, Index}, {}, 1},
-        ListRow{"cr-inside", {"-rw a\rb\r"}, {}, 1},
-        ListRow{"blank-names", {Line + "my page.html"}, {}, 1},
-        ListRow{"latin-1",
-                {Line + "\xfc"
-                        "ber.html"},
-                {},
-                1},
-        ListRow{"link", {"lrwxrwxrwx 1 ftp ftp 4 Jan 01 12:00 a -> b"}, {}, 1},
-        ListRow{"total", {"total 4", Index}, {}, 1},
-        ListRow{"hostile",
-                {"-rw ../../etc/passwd", "-rw /abs", Control, "-rw " + std::string(10'000, 'n')},
-                {},
-                1},
-        ListRow{"endless-line", {std::string(std::size_t{64} * 1024, 'x')}, {}, 1},
-        ListRow{"no-files", {}, {}, 1}, ListRow{"refused", {}, {"Host: 550 no such directory"}, 1},
-        ListRow{"reset-once", {Index}, {}, 2},
-        ListRow{"cut-listing", {Index, Index, Index, Index, Index}, {}, 2},
-        ListRow{"closed-port", {Index}, {}, 1},
-        ListRow{"stalled-listing", {Index}, {"Host: Timeout was reached"}, 2}),
-    rowName<ListRow>);
-
-struct PageRow {
-    std::string scenario;
-    std::string page;
-    Texts messages;
-    int connections;
-};
-
-class Pages : public testing::TestWithParam<PageRow> {};
-
-TEST_P(Pages, ArriveAsAWholeOrNotAtAll) {
-    const FaultServer server(GetParam().scenario);
-    Client client(Short);
-    client.ftp.connect(server.login());
-    bool retrieved = false;
-    try {
-        retrieved = client.retrieve("/www/index.html");
-    } catch (const Failure& failure) {
-        EXPECT_EQ("Host: " + failure.description(),
-                  "Host: Connection to the host lost: " + client.messages.texts[0].substr(6));
-    }
-    EXPECT_EQ(retrieved, !GetParam().page.empty());
-    EXPECT_EQ(client.page(), GetParam().page);
-    EXPECT_EQ(client.folderIsEmpty(), !retrieved);
-    EXPECT_EQ(client.messages.texts, GetParam().messages);
-    EXPECT_EQ(server.connections(), GetParam().connections);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Ftp, Pages,
-    testing::Values(PageRow{"healthy", Page, {}, 1}, PageRow{"both-replies", Page, {}, 1},
-                    PageRow{"refused", "", {}, 1}, PageRow{"goodbye-once", Page, {}, 2},
-                    PageRow{"goodbye-always", "", {"Host: 421 idle for too long"}, 2},
-                    PageRow{"cut-page", Page, {}, 1}, PageRow{"reset-page", Page, {}, 1},
-                    PageRow{"stalled-reply", "", {"Host: Timeout was reached"}, 2},
-                    PageRow{"no-last-reply", "", {"Host: Timeout was reached"}, 2},
-                    PageRow{"huge-page", "", {"Host: /www/index.html is larger than 64 MB"}, 1}),
-    rowName<PageRow>);
-
-struct StopRow {
-    std::string scenario;
-};
-
-class Stops : public testing::TestWithParam<StopRow> {};
-
-TEST_P(Stops, EndAWaitingOperationAtOnce) {
-    const FaultServer server(GetParam().scenario);
-    Client client;
-    auto last = Clock::now();
-    auto longestGap = Clock::duration::zero();
-    const auto begin = last;
-    client.events.event = [&] {
-        const auto now = Clock::now();
-        longestGap = std::max(longestGap, now - last);
-        last = now;
-        client.state.abort = now - begin > 300ms;
+    const std::string local = server.login().host;
+    const std::int16_t port = server.login().port;
+    const std::string badPort = "Port number was not a decimal number between 0 and 65535";
+    const std::vector<RefusedLogin> rows = {
+        {"user", {false, local, port, "a\rb", "p", ""}, Unsendable},
+        {"password", {false, local, port, "u", "p\nDELE x", ""}, Unsendable},
+        {"account", {false, local, port, "u", "p", WithZero}, Unsendable},
+        {"host", {false, local + "\n", port, "u", "p", ""}, Unsendable},
+        {"path", {false, local + "/x", port, "u", "p", ""}, "Host: Not a host: Bad hostname"},
+        {"port", {false, local, 0, "u", "p", ""}, "Host: Not a host: " + badPort},
+        {"closed", {false, local, 1, "u", "p", ""}, "Host: Couldn't connect to server"},
+        {"unknown", {false, "no.invalid", 21, "u", "p", ""}, "Host: Couldn't resolve host name"},
     };
-    client.ftp.connect(server.login());
-    Texts lines;
-    if (client.ftp.connected()) {
-        client.ftp.list("/", [&](std::string_view line) { lines.emplace_back(line); });
-        EXPECT_FALSE(client.retrieve("/page"));
+    for (const RefusedLogin& row : rows) {
+        SCOPED_TRACE(row.name);
+        Client client(Short);
+        client.ftp.connect(row.login);
+        EXPECT_FALSE(client.ftp.connected());
+        EXPECT_EQ(client.messages.normals, Lines{row.message});
+        EXPECT_EQ(server.connections(), 0U);
     }
-    client.ftp.disconnect();
-    EXPECT_LT(Clock::now() - last, 200ms);
-    EXPECT_LT(longestGap, 150ms);
-    EXPECT_EQ(client.messages.texts, Texts());
-    EXPECT_TRUE(client.folderIsEmpty());
-    EXPECT_EQ(lines, GetParam().scenario == "silent" ? Texts() : Texts{Index});
 }
 
-INSTANTIATE_TEST_SUITE_P(Ftp, Stops,
-                         testing::Values(StopRow{"silent"}, StopRow{"stalled-listing"},
-                                         StopRow{"stalled-reply"}, StopRow{"no-last-reply"}),
-                         rowName<StopRow>);
+/// What arrives of a listing or a page, over how many connections, and what is told.
+struct TransferRow {
+    std::string scenario;
+    Lines arrives;
+    std::size_t connections = 1;
+    Lines messages = {};
+};
+
+TEST(FtpFaults, ListingsComeAsTheHostSentThem) {
+    const std::string control("-rw \x01\x1b[2J\0x", 11);
+    const std::string longName = "-rw " + std::string(10'000, 'n');
+    const std::vector<TransferRow> rows = {
+        {"healthy", {Index}},
+        {"no-epsv", {Index}},
+        {"closed-port", {Index}},
+        {"bare-lf", {Index}},
+        {"no-last-lf", {Index, Index}},
+        {"cr-inside", {"-rw a\rb\r"}},
+        {"blank-names", {Line + "my page.html"}},
+        {"latin-1", {Line + "\374ber.html"}},
+        {"link", {"lrwxrwxrwx 1 ftp ftp 4 Jan 01 12:00 a -> b"}},
+        {"total", {"total 4", Index}},
+        {"hostile", {"-rw ../../etc/passwd", "-rw /abs", control, longName}},
+        {"endless-line", {std::string(std::size_t{64} * 1024, 'x')}},
+        {"no-files", {}},
+        {"refused", {}, 1, {"Host: 550 no such directory"}},
+        {"reset-once", {Index}, 2},
+        {"cut-listing", Lines(5, Index), 2},
+        {"stalled-listing", {Index}, 2, {TimedOut}},
+    };
+    for (const TransferRow& row : rows) {
+        SCOPED_TRACE(row.scenario);
+        Visit visit(row.scenario, Short);
+        bool failed = false;
+        try {
+            visit.list("/www/");
+        } catch (const Failure&) {
+            failed = true;
+        }
+        EXPECT_EQ(visit.lines, row.arrives);
+        EXPECT_EQ(failed, !row.messages.empty());
+        EXPECT_EQ(visit.messages.normals, row.messages);
+        EXPECT_EQ(visit.connections(), row.connections);
+    }
+}
+
+TEST(FtpFaults, PagesArriveAsAWholeOrNotAtAll) {
+    const std::vector<TransferRow> rows = {
+        {"healthy", {Page}},
+        {"both-replies", {Page}},
+        {"refused", {}},
+        {"goodbye-once", {Page}, 2},
+        {"goodbye-always", {}, 2, {"Host: 421 idle for too long"}},
+        {"cut-page", {Page}},
+        {"reset-page", {Page}},
+        {"stalled-reply", {}, 2, {TimedOut}},
+        {"no-last-reply", {}, 2, {TimedOut}},
+        {"huge-page", {}, 1, {"Host: /www/index.html is larger than 64 MB"}},
+    };
+    for (const TransferRow& row : rows) {
+        SCOPED_TRACE(row.scenario);
+        Visit visit(row.scenario, Short);
+        bool retrieved = false;
+        try {
+            retrieved = visit.retrieve("/www/index.html");
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.description(),
+                      "Connection to the host lost: " + visit.messages.normals.at(0).substr(6));
+        }
+        EXPECT_EQ(retrieved, !row.arrives.empty());
+        EXPECT_EQ(visit.page(), retrieved ? Page : "");
+        EXPECT_EQ(visit.folderIsEmpty(), !retrieved);
+        EXPECT_EQ(visit.messages.normals, row.messages);
+        EXPECT_EQ(visit.connections(), row.connections);
+    }
+}
+
+TEST(FtpFaults, StopEndsAWaitingOperationAtOnce) {
+    for (const char* scenario : {"silent", "stalled-listing", "stalled-reply", "no-last-reply"}) {
+        SCOPED_TRACE(scenario);
+        const FaultServer server(scenario);
+        Client client;
+        const auto begin = Clock::now();
+        auto last = begin;
+        auto longestGap = Clock::duration::zero();
+        client.events.hook = [&] {
+            const auto now = Clock::now();
+            longestGap = std::max(longestGap, now - last);
+            last = now;
+            client.state.abort = now - begin > 300ms;
+        };
+        client.ftp.connect(server.login());
+        if (client.ftp.connected()) {
+            EXPECT_EQ(client.list("/"), Lines{Index});
+            EXPECT_FALSE(client.retrieve("/page"));
+        }
+        client.ftp.disconnect();
+        EXPECT_LT(Clock::now() - last, 200ms);
+        EXPECT_LT(longestGap, 150ms);
+        EXPECT_EQ(client.messages.normals, Lines());
+        EXPECT_TRUE(client.folderIsEmpty());
+    }
+}
 
 TEST(FtpFaults, ManyLinesStreamInAndNothingIsKept) {
-    const FaultServer server("many");
-    Client client;
-    client.ftp.connect(server.login());
+    Visit visit("many");
     std::size_t count = 0;
     bool whileItRuns = false;
-    client.events.event = [&] { whileItRuns = whileItRuns || (count > 0 && count < 100'000); };
-    client.ftp.list("/", [&](std::string_view /*line*/) { ++count; });
+    visit.events.hook = [&] { whileItRuns = whileItRuns || (count > 0 && count < 100'000); };
+    visit.ftp.list("/", [&](std::string_view /*line*/) { ++count; });
     EXPECT_EQ(count, 100'000U);
     EXPECT_TRUE(whileItRuns);
 }
 
 TEST(FtpFaults, AFailureOfTheTakerPassesThroughAndTheNextListingWorks) {
-    const FaultServer server("healthy");
-    Client client;
-    client.ftp.connect(server.login());
+    Visit visit("healthy");
     const auto fail = [](std::string_view /*line*/) { throw overflow(); };
-    EXPECT_THROW(client.ftp.list("/", fail), Failure);
-    EXPECT_EQ(client.list("/"), Texts{Index});
+    EXPECT_THROW(visit.ftp.list("/", fail), Failure);
+    EXPECT_EQ(visit.list("/"), Lines{Index});
 }
 
 TEST(FtpFaults, AHostThatGrewTiredOfWaitingIsLoggedInAtAgain) {
-    const FaultServer server("idle");
-    Client client;
-    client.ftp.connect(server.login());
-    EXPECT_TRUE(client.retrieve("/page"));
-    EXPECT_EQ(client.list("/"), Texts{Index});
-    EXPECT_EQ(server.connections(), 2);
-    EXPECT_EQ(client.messages.texts, Texts());
+    Visit visit("idle");
+    EXPECT_TRUE(visit.retrieve("/page"));
+    EXPECT_EQ(visit.list("/"), Lines{Index});
+    EXPECT_EQ(visit.connections(), 2U);
+    EXPECT_EQ(visit.messages.normals, Lines());
 }
 
 TEST(FtpFaults, ALostHostIsNotWaitedForTwice) {
-    const FtpTimeouts slow{5s, 5s, 5s};
-    Client client(slow);
-    {
-        const FaultServer server("healthy");
-        client.ftp.connect(server.login());
-    }
+    Client client;
+    client.ftp.connect(FaultServer("healthy").login());
     EXPECT_THROW(client.list("/"), Failure);
     EXPECT_FALSE(client.ftp.connected());
     EXPECT_THROW(client.retrieve("/page"), Failure);
-    EXPECT_EQ(client.messages.texts, Texts{"Host: Couldn't connect to server"});
+    EXPECT_EQ(client.messages.normals, Lines{"Host: Couldn't connect to server"});
 }
 
 TEST(FtpFaults, ActiveModeDoesWithoutTheExtendedCommand) {
@@ -280,35 +235,31 @@ TEST(FtpFaults, ActiveModeDoesWithoutTheExtendedCommand) {
     login.passiveDisabled = true;
     Client client;
     client.ftp.connect(login);
-    EXPECT_EQ(client.list("/"), Texts{Index});
+    EXPECT_EQ(client.list("/"), Lines{Index});
     EXPECT_TRUE(client.retrieve("/page"));
     EXPECT_EQ(client.page(), Page);
 }
 
 TEST(FtpFaults, UnsendablePathsSendNothing) {
-    const FaultServer server("healthy");
-    Client client;
-    client.ftp.connect(server.login());
-    const std::string before = server.log();
+    Visit visit("healthy");
+    const std::string before = visit.log();
     for (const std::string& path : {std::string("/a\r\nDELE /b"), std::string("/\n"), WithZero}) {
-        EXPECT_FALSE(client.retrieve(path));
-        EXPECT_THROW(client.list(path), Failure);
-        EXPECT_THROW(client.ftp.deleteFile(path), Failure);
-        EXPECT_THROW(client.ftp.removeDirectory(path), Failure);
+        EXPECT_FALSE(visit.retrieve(path));
+        EXPECT_THROW(visit.list(path), Failure);
+        EXPECT_THROW(visit.ftp.deleteFile(path), Failure);
+        EXPECT_THROW(visit.ftp.removeDirectory(path), Failure);
     }
-    EXPECT_EQ(server.log(), before);
-    EXPECT_EQ(client.messages.texts, Texts(3, Unsendable));
+    EXPECT_EQ(visit.log(), before);
+    EXPECT_EQ(visit.messages.normals, Lines(3, Unsendable));
 }
 
 TEST(FtpFaults, AHostThatSaysNoGoodbyeIsLeft) {
-    const FaultServer server("no-goodbye");
-    Client client(Short);
-    client.ftp.connect(server.login());
+    Visit visit("no-goodbye", Short);
     const auto begin = Clock::now();
-    client.ftp.disconnect();
+    visit.ftp.disconnect();
     EXPECT_LT(Clock::now() - begin, 1s);
-    EXPECT_FALSE(client.ftp.connected());
-    EXPECT_EQ(client.messages.texts, Texts());
+    EXPECT_FALSE(visit.ftp.connected());
+    EXPECT_EQ(visit.messages.normals, Lines());
 }
 
 } // namespace

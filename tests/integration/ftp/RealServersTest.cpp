@@ -1,4 +1,3 @@
-#include "base/Failure.h"
 #include "engine/host/HostDelete.h"
 #include "integration/ftp/Client.h"
 #include "integration/ftp/Servers.h"
@@ -10,18 +9,14 @@ namespace quillmark::test {
 
 namespace {
 
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 using testing::UnorderedElementsAre;
 
-struct Setting {
-    std::string name;
-    std::string server;
-    bool passiveDisabled;
-};
-
-std::vector<std::string> namesIn(const std::vector<std::string>& lines) {
-    std::vector<std::string> names;
+Lines namesIn(const Lines& lines) {
+    Lines names;
     names.reserve(lines.size());
     for (const std::string& line : lines) {
         names.push_back(line.substr(0, 1) + line.substr(line.rfind(' ') + 1));
@@ -29,17 +24,15 @@ std::vector<std::string> namesIn(const std::vector<std::string>& lines) {
     return names;
 }
 
-class RealServers : public testing::TestWithParam<Setting> {
+class RealServers : public testing::TestWithParam<RealSetting> {
 protected:
-    RealServers() : server(GetParam().server) {
+    RealServers() : server(GetParam().server, GetParam().passiveDisabled) {
         tree.write("index.html", "<a href=\"x\">\r\n\r\n\n");
         tree.write("sub/deep.html", std::string(300'000, 'd'));
         tree.write("empty.html", "");
-        FtpLogin login = server.login();
-        login.passiveDisabled = GetParam().passiveDisabled;
-        client.ftp.connect(login);
+        client.ftp.connect(server.login());
     }
-    void TearDown() override { EXPECT_EQ(client.messages.texts, std::vector<std::string>()); }
+    void TearDown() override { EXPECT_EQ(client.messages.normals, Lines()); }
 
     std::string path(const std::string& name) const { return (tree.path() / name).string(); }
 
@@ -53,12 +46,10 @@ TEST_P(RealServers, ListsAndRetrievesOverOneConnection) {
     EXPECT_THAT(namesIn(client.list(path(""))),
                 UnorderedElementsAre("-index.html", "-empty.html", "dsub"));
     EXPECT_THAT(namesIn(client.list(path("sub/"))), ElementsAre("-deep.html"));
-    EXPECT_TRUE(client.retrieve(path("index.html")));
-    EXPECT_EQ(client.page(), tree.read("index.html"));
-    EXPECT_TRUE(client.retrieve(path("sub/deep.html")));
-    EXPECT_EQ(client.page(), tree.read("sub/deep.html"));
-    EXPECT_TRUE(client.retrieve(path("empty.html")));
-    EXPECT_EQ(client.page(), "");
+    for (const char* name : {"index.html", "sub/deep.html", "empty.html"}) {
+        EXPECT_TRUE(client.retrieve(path(name))) << name;
+        EXPECT_EQ(client.page(), tree.read(name)) << name;
+    }
     client.ftp.disconnect();
     EXPECT_EQ(client.trace.count("PASS"), 1);
     EXPECT_EQ(client.trace.count("TYPE A") + client.trace.count("TYPE I"), 2);
@@ -93,11 +84,7 @@ TEST_P(RealServers, DeletesFilesAndRemovesDirectories) {
     EXPECT_FALSE(std::filesystem::exists(tree.path() / "sub"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Ftp, RealServers,
-                         testing::Values(Setting{"VsftpdPassive", "vsftpd", false},
-                                         Setting{"VsftpdActive", "vsftpd", true},
-                                         Setting{"ProftpdPassive", "ProFTPD", false},
-                                         Setting{"ProftpdActive", "ProFTPD", true}),
+INSTANTIATE_TEST_SUITE_P(Ftp, RealServers, testing::ValuesIn(realSettings()),
                          [](const auto& row) { return row.param.name; });
 
 TEST(HostDelete, TellsWhatItDoesOverAConnectionOfItsOwn) {
@@ -118,7 +105,7 @@ TEST(HostDelete, TellsWhatItDoesOverAConnectionOfItsOwn) {
     profile.USER_PASSWORD = "wrong";
     deleteOnHost(client.ftp, client.messages, profile, page);
     const std::string attempt = "Attempting to delete file ";
-    EXPECT_THAT(client.messages.texts,
+    EXPECT_THAT(client.messages.normals,
                 ElementsAre(attempt + directory, attempt + page, "Delete completed",
                             attempt + directory, "Delete completed", attempt + page,
                             "Host: 530 Login incorrect.", "Unable to connect"));
@@ -132,10 +119,8 @@ TEST(RealServersLogin, AWrongPasswordIsToldAndKept) {
     Client client;
     client.ftp.connect(login);
     EXPECT_FALSE(client.ftp.connected());
-    EXPECT_THAT(client.messages.texts, ElementsAre("Host: 530 Login incorrect."));
-    for (const std::string& text : client.trace.texts) {
-        EXPECT_THAT(text, testing::Not(HasSubstr("wrong")));
-    }
+    EXPECT_THAT(client.messages.normals, ElementsAre("Host: 530 Login incorrect."));
+    EXPECT_THAT(client.trace.texts, Each(Not(HasSubstr("wrong"))));
 }
 
 } // namespace

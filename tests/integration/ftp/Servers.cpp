@@ -17,11 +17,7 @@ namespace {
 
 std::string vsftpdProgram() {
     const char* program = std::getenv("QUILLMARK_VSFTPD");
-    std::string found = program == nullptr ? VSFTPD : program;
-    if (found.empty()) {
-        throw std::runtime_error("set QUILLMARK_VSFTPD to what tools/fetch-vsftpd printed");
-    }
-    return found;
+    return program == nullptr ? VSFTPD : program;
 }
 
 /// A profile keeps its port in 16 bits with a sign.
@@ -44,6 +40,14 @@ std::int16_t freeLowPort() {
 
 } // namespace
 
+std::size_t countOf(const std::string& text, std::string_view part) {
+    std::size_t count = 0;
+    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
 void Server::start(const Command& command) {
     process_.emplace(command);
     if (!waitForPort(login_.port)) {
@@ -51,13 +55,10 @@ void Server::start(const Command& command) {
     }
 }
 
-RealServer::RealServer(const std::string& name) {
+RealServer::RealServer(const std::string& name, bool passiveDisabled) {
     login_.port = freeLowPort();
-    if (name == "vsftpd") {
-        startVsftpd();
-    } else {
-        startProftpd();
-    }
+    login_.passiveDisabled = passiveDisabled;
+    name == "vsftpd" ? startVsftpd() : startProftpd();
 }
 
 // Without root rights and without PAM: everybody is anonymous, and is who started the server.
@@ -70,7 +71,8 @@ void RealServer::startVsftpd() {
                            "\nsecure_chroot_dir=" + folder +
                            "\nanonymous_enable=YES\nlocal_enable=NO\nrun_as_launching_user=YES\n"
                            "write_enable=YES\nanon_other_write_enable=YES\nxferlog_enable=NO\n"
-                           "anon_world_readable_only=NO\nseccomp_sandbox=NO\n");
+                           "anon_world_readable_only=NO\nseccomp_sandbox=NO\nftp_username=" +
+                           std::string(getpwuid(getuid())->pw_name) + "\n");
     start({{vsftpdProgram(), file.string()}, {}, {}});
 }
 
@@ -102,16 +104,6 @@ FaultServer::FaultServer(const std::string& scenario) {
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
     login_.port = static_cast<std::int16_t>(std::stoi(process_->outSoFar()));
-}
-
-int FaultServer::connections() const {
-    const std::string text = log();
-    int count = 0;
-    for (auto at = text.find("-- login"); at != std::string::npos;
-         at = text.find("-- login", at + 1)) {
-        ++count;
-    }
-    return count;
 }
 
 } // namespace quillmark::test

@@ -6,8 +6,13 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace quillmark::test {
+
+/// How often the part is in the text.
+std::size_t countOf(const std::string& text, std::string_view part);
 
 /// An FTP server of its own on a free port; ended with the object.
 class Server {
@@ -22,16 +27,28 @@ protected:
     std::optional<Process> process_;
 };
 
-/// A server of the real world; paths are those of the machine.
+/// A server of the real world, "vsftpd" or "ProFTPD"; paths are those of the machine.
 class RealServer : public Server {
 public:
-    /// "vsftpd" or "ProFTPD".
-    explicit RealServer(const std::string& name);
+    explicit RealServer(const std::string& name, bool passiveDisabled = false);
 
 private:
     void startVsftpd();
     void startProftpd();
 };
+
+/// A server and a mode of transfer, under the name of a test's row.
+struct RealSetting {
+    std::string name;
+    std::string server;
+    bool passiveDisabled;
+};
+inline std::vector<RealSetting> realSettings() {
+    return {{"VsftpdPassive", "vsftpd", false},
+            {"VsftpdActive", "vsftpd", true},
+            {"ProftpdPassive", "ProFTPD", false},
+            {"ProftpdActive", "ProFTPD", true}};
+}
 
 /// The server of tests/support/ftp_faults.py in one of its scenarios.
 class FaultServer : public Server {
@@ -40,7 +57,7 @@ public:
     /// The commands that it got so far, with "-- login" before each connection.
     std::string log() const { return settings_.read("log"); }
     /// How many connections it got.
-    int connections() const;
+    std::size_t connections() const { return countOf(log(), "-- login"); }
 };
 
 } // namespace quillmark::test

@@ -10,17 +10,9 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-struct Host {
-    std::string name;
-    std::string server;
-    bool passiveDisabled;
-    std::string startColumn; ///< Of the size in the server's own listing.
-    std::string endColumn;
-};
-
-class HostRun : public testing::TestWithParam<Host> {
+class HostRun : public testing::TestWithParam<RealSetting> {
 protected:
-    HostRun() : server(GetParam().server) {
+    HostRun() : server(GetParam().server, GetParam().passiveDisabled) {
         std::filesystem::copy(QUILLMARK_EXAMPLE, bench.site.path(),
                               std::filesystem::copy_options::recursive);
         std::filesystem::remove(bench.site.path() / ".gitattributes");
@@ -31,27 +23,15 @@ protected:
         return command;
     }
     Words saveWords() const {
-        return {"profile",
-                "save",
-                "Host",
-                "--host",
-                server.login().host,
-                "--port",
-                std::to_string(server.login().port),
-                "--user",
-                server.login().userName,
-                "--start",
-                bench.start(),
-                "--set",
-                "IGNORE_VALUE=1",
-                "--set",
-                "GET_STATS=1",
-                "--set",
-                "START_COL=" + GetParam().startColumn,
-                "--set",
-                "END_COL=" + GetParam().endColumn,
-                "--set",
-                std::string("DISABLE_PASV=") + (GetParam().passiveDisabled ? "1" : "0")};
+        const FtpLogin& login = server.login();
+        const char* passive = login.passiveDisabled ? "DISABLE_PASV=1" : "DISABLE_PASV=0";
+        Words words = {"profile", "save", "Host", "--host", login.host, "--user", login.userName};
+        words.insert(words.end(), {"--port", std::to_string(login.port), "--start", bench.start()});
+        for (const char* setting :
+             {"IGNORE_VALUE=1", "GET_STATS=1", "START_COL=30", "END_COL=43", passive}) {
+            words.insert(words.end(), {"--set", setting});
+        }
+        return words;
     }
 
     RealServer server;
@@ -64,14 +44,6 @@ double bytesIn(const std::filesystem::path& folder) {
         sum += entry.is_regular_file() ? static_cast<double>(entry.file_size()) : 0;
     }
     return sum;
-}
-
-std::size_t countOf(const std::string& text, std::string_view part) {
-    std::size_t count = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
-        ++count;
-    }
-    return count;
 }
 
 TEST_P(HostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
@@ -98,11 +70,8 @@ TEST_P(HostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
     EXPECT_THAT(trace + result.err, Not(HasSubstr("secret")));
 }
 
-INSTANTIATE_TEST_SUITE_P(Host, HostRun,
-                         testing::Values(Host{"VsftpdPassive", "vsftpd", false, "30", "43"},
-                                         Host{"ProftpdPassive", "ProFTPD", false, "30", "43"},
-                                         Host{"ProftpdActive", "ProFTPD", true, "30", "43"}),
-                         [](const auto& param) { return param.param.name; });
+INSTANTIATE_TEST_SUITE_P(Host, HostRun, testing::ValuesIn(realSettings()),
+                         [](const auto& row) { return row.param.name; });
 
 TEST(HostRunRefused, TellsWhyTheLoginFailed) {
     const RealServer server("ProFTPD");

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
+#include <optional>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -21,15 +22,10 @@ using std::chrono::steady_clock;
 class WebServer {
 public:
     WebServer() {
-        Command makeCertificate;
-        makeCertificate.words = {"openssl",  "req",    "-x509", "-newkey",
-                                 "rsa:2048", "-nodes", "-subj", "/CN=localhost",
-                                 "-keyout",  key_,     "-out",  certificate_};
-        run(makeCertificate);
-        Command serve;
-        serve.words = {"python3",    WEB_SERVER, std::to_string(port_), std::to_string(tlsPort_),
-                       certificate_, key_};
-        process_ = std::make_unique<Process>(serve);
+        run({{"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=localhost",
+              "-keyout", key_, "-out", certificate_}});
+        process_.emplace(Command{{"python3", WEB_SERVER, std::to_string(port_),
+                                  std::to_string(tlsPort_), certificate_, key_}});
         EXPECT_TRUE(waitForPort(tlsPort_)) << process_->errSoFar();
     }
     std::string url(const std::string& path, const std::string& host = "127.0.0.1") const {
@@ -43,28 +39,40 @@ private:
     std::string certificate_ = (folder_.path() / "certificate.pem").string();
     int port_ = freePort();
     int tlsPort_ = freePort();
-    std::unique_ptr<Process> process_;
+    std::optional<Process> process_;
 };
 
-/// One URL pass with the real fetcher.
+/// One URL pass with the real fetcher, and the server that it meets.
 struct UrlPass {
     explicit UrlPass(const FetchLimits& limits = {}) : inet(bench.events, bench.state, limits) {}
 
-    void ignore(const std::string& line) {
-        bench.lists.IgnoredReferences.Append(line);
-        bench.lists.IgnoredReferencesFrom.Append("from " + line);
+    void ignore(const Lines& urls) {
+        for (const std::string& url : urls) {
+            bench.lists.IgnoredReferences.Append(url);
+            bench.lists.IgnoredReferencesFrom.Append("from " + url);
+        }
     }
     void check() {
         Outside outside{bench.messages, bench.disk,   bench.host,   inet,
                         bench.window,   bench.window, bench.window, bench.events};
         RunContext context{bench.lists, bench.state, bench.settings, outside, ""};
-        ListLimit limit(bench.messages, bench.state);
         FiledReferences references(bench.lists);
         LineIndex files(bench.lists.FileList, NameComparison::Exact);
-        ReferencePasses(context, limit, references, files).checkURLs();
+        ReferencePasses(context, bench.limit, references, files).checkURLs();
     }
     int passed() const { return bench.lists.ReferenceList.Count(); }
+    /// What the server says of the path, or of the most requests at once.
+    int reported(const std::string& what) {
+        std::istringstream report(inet.OpenURL(server.url("/report")));
+        for (std::string line; std::getline(report, line);) {
+            if (line.substr(line.find(' ') + 1) == what) {
+                return std::stoi(line);
+            }
+        }
+        return 0;
+    }
 
+    WebServer server;
     RunBench bench;
     Inet inet;
 };
@@ -74,17 +82,6 @@ Lines fromLines(Lines lines) {
         line.insert(0, "from ");
     }
     return lines;
-}
-
-/// What the server says of the path, or of the most requests at once.
-int reported(UrlPass& pass, const WebServer& server, const std::string& what) {
-    std::istringstream report(pass.inet.OpenURL(server.url("/report")));
-    for (std::string line; std::getline(report, line);) {
-        if (line.substr(line.find(' ') + 1) == what) {
-            return std::stoi(line);
-        }
-    }
-    return 0;
 }
 
 enum class Answer { Passes, Fails, None };
@@ -126,15 +123,12 @@ std::vector<UrlRow> rows(const WebServer& server) {
 }
 
 TEST(UrlPass, GivesEachAnswerItsResultAndMessageInOrder) {
-    const WebServer server;
-    FetchLimits limits;
-    limits.wholeFetch = 3s;
-    UrlPass pass(limits);
+    UrlPass pass({.wholeFetch = 3s});
     Lines messages;
     Lines references;
     Lines ignored;
-    for (const UrlRow& row : rows(server)) {
-        pass.ignore(row.url);
+    for (const UrlRow& row : rows(pass.server)) {
+        pass.ignore({row.url});
         (row.answer == Answer::Passes ? references : ignored).push_back(row.url);
         if (row.answer != Answer::None) {
             messages.push_back("Check For " + row.url +
@@ -147,8 +141,8 @@ TEST(UrlPass, GivesEachAnswerItsResultAndMessageInOrder) {
     EXPECT_EQ(linesOf(pass.bench.lists.ReferenceListFrom), fromLines(references));
     EXPECT_EQ(linesOf(pass.bench.lists.IgnoredReferences), ignored);
     EXPECT_EQ(linesOf(pass.bench.lists.IgnoredReferencesFrom), fromLines(ignored));
-    EXPECT_EQ(reported(pass, server, "/page/a%20b%e9"), 1);
-    EXPECT_EQ(reported(pass, server, "/never"), 1);
+    EXPECT_EQ(pass.reported("/page/a%20b%e9"), 1);
+    EXPECT_EQ(pass.reported("/never"), 1);
 }
 
 struct LimitRow {
@@ -159,53 +153,48 @@ struct LimitRow {
     int mostInAll;
 };
 
-class Limits : public ::testing::TestWithParam<LimitRow> {};
-
-TEST_P(Limits, AreReachedAndNeverExceeded) {
-    const WebServer server;
-    FetchLimits limits;
-    limits.toOneHost = GetParam().toOneHost;
-    limits.keptAhead = 1024; // Less than all bodies, more than those under way.
-    UrlPass pass(limits);
-    constexpr int Urls = 240;
-    for (int i = 0; i < Urls; ++i) {
-        const std::string host = "127.0.0." + std::to_string(1 + i % GetParam().hosts);
-        // Every third is sent on to the first host, which must not get more than its share.
-        const std::string path = "/slow/" + std::to_string(i / 2);
-        pass.ignore(server.url(i % 3 == 0 ? "/to?" + server.url(path) : path, host));
+TEST(UrlPass, ReachesItsLimitsAndNeverExceedsThem) {
+    const std::vector<LimitRow> rows = {
+        {"one host", 1, 8, 8, 8},
+        {"many hosts", 8, 8, 8, 32},
+        {"one host for all", 1, 50, 32, 32},
+    };
+    for (const LimitRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        // Room for less than all bodies, and for more than those under way.
+        UrlPass pass({.toOneHost = row.toOneHost, .keptAhead = 1024});
+        constexpr int Urls = 240;
+        for (int i = 0; i < Urls; ++i) {
+            const std::string host = "127.0.0." + std::to_string(1 + i % row.hosts);
+            // Every third is sent on to the first host, which must not get more than its share.
+            const std::string path = "/slow/" + std::to_string(i / 2);
+            pass.ignore(
+                {pass.server.url(i % 3 == 0 ? "/to?" + pass.server.url(path) : path, host)});
+        }
+        const auto start = steady_clock::now();
+        pass.check();
+        EXPECT_LT(steady_clock::now() - start, 6s) << "one after the other: 12 s";
+        EXPECT_EQ(pass.passed(), Urls);
+        EXPECT_EQ(pass.reported("to one host"), row.mostToOneHost);
+        EXPECT_EQ(pass.reported("in all"), row.mostInAll);
     }
-    const auto start = steady_clock::now();
-    pass.check();
-    EXPECT_LT(steady_clock::now() - start, 6s) << "one after the other: 12 s";
-    EXPECT_EQ(pass.passed(), Urls);
-    EXPECT_EQ(reported(pass, server, "to one host"), GetParam().mostToOneHost);
-    EXPECT_EQ(reported(pass, server, "in all"), GetParam().mostInAll);
 }
 
-INSTANTIATE_TEST_SUITE_P(UrlPass, Limits,
-                         ::testing::Values(LimitRow{"OneHost", 1, 8, 8, 8},
-                                           LimitRow{"ManyHosts", 8, 8, 8, 32},
-                                           LimitRow{"OneHostForAll", 1, 50, 32, 32}),
-                         [](const auto& row) { return row.param.name; });
-
 TEST(UrlPass, FetchesWhatIsListedTwiceOnce) {
-    const WebServer server;
     UrlPass pass;
     for (const char* path : {"/page", "/slow", "/page", "/damaged", "/damaged", "/page"}) {
-        pass.ignore(server.url(path));
+        pass.ignore({pass.server.url(path)});
     }
     pass.check();
     EXPECT_EQ(pass.passed(), 4);
-    EXPECT_EQ(reported(pass, server, "/page"), 1);
-    EXPECT_EQ(reported(pass, server, "/damaged"), 1);
+    EXPECT_EQ(pass.reported("/page"), 1);
+    EXPECT_EQ(pass.reported("/damaged"), 1);
 }
 
 TEST(UrlPass, StopEndsItAtOnce) {
-    const WebServer server;
     UrlPass pass;
-    pass.ignore(server.url("/page"));
-    pass.ignore(server.url("/never"));
-    pass.ignore(server.url("/page/2"));
+    const std::string page = pass.server.url("/page");
+    pass.ignore({page, pass.server.url("/never"), pass.server.url("/page/2")});
     steady_clock::time_point stopped = steady_clock::time_point::max();
     const auto start = steady_clock::now();
     pass.bench.events.hook = [&] {
@@ -217,7 +206,7 @@ TEST(UrlPass, StopEndsItAtOnce) {
     pass.check();
     EXPECT_LT(steady_clock::now() - stopped, 200ms);
     EXPECT_THAT(pass.bench.messages.normals,
-                ::testing::ElementsAre("Check For " + server.url("/page") + " Passed"));
+                ::testing::ElementsAre("Check For " + page + " Passed"));
 }
 
 #ifndef __SANITIZE_ADDRESS__
@@ -237,69 +226,52 @@ void forgetPeak() {
 }
 
 TEST(UrlPass, KeepsItsMemoryWhateverArrivesAhead) {
-    const WebServer server;
-    FetchLimits limits;
-    limits.wholeFetch = 3s;
-    UrlPass pass(limits);
+    UrlPass pass({.wholeFetch = 3s});
+    const WebServer& server = pass.server;
     // While the first two keep the pass waiting, all others arrive.
-    pass.ignore(server.url("/never", "127.0.0.9"));
-    pass.ignore(server.url("/bomb", "127.0.0.9"));
+    pass.ignore({server.url("/never", "127.0.0.9"), server.url("/bomb", "127.0.0.9")});
     for (int i = 0; i < 40; ++i) {
         const std::string host = "127.0.0." + std::to_string(1 + i % 5);
-        pass.ignore(server.url("/big/" + std::to_string(i), host));
-        pass.ignore(server.url("/bomb/" + std::to_string(i), host));
-        pass.ignore(server.url("/header/" + std::to_string(i), host));
+        for (const char* habit : {"/big/", "/bomb/", "/header/"}) {
+            pass.ignore({server.url(habit + std::to_string(i), host)});
+        }
     }
     forgetPeak();
     pass.check();
     EXPECT_LT(peakMemory(), 64 * 1024);
     EXPECT_EQ(pass.passed(), 81);
-    EXPECT_EQ(reported(pass, server, "/big/0"), 1);
-    EXPECT_EQ(reported(pass, server, "/big/39"), 1);
+    EXPECT_EQ(pass.reported("/big/0"), 1);
+    EXPECT_EQ(pass.reported("/big/39"), 1);
 }
 #endif
 
 // Both places of the host that the first one is sent to are held by bodies that nobody asks for
 // yet.
 TEST(UrlPass, HeldTransfersGiveWayToTheOneAskedFor) {
-    const WebServer server;
-    FetchLimits limits;
-    limits.wholeFetch = 5s;
-    limits.toOneHost = 2;
-    limits.keptAhead = 1024;
-    UrlPass pass(limits);
-    pass.ignore(server.url("/late?" + server.url("/page", "127.0.0.2"), "127.0.0.1"));
-    pass.ignore(server.url("/big/1", "127.0.0.2"));
-    pass.ignore(server.url("/big/2", "127.0.0.2"));
+    UrlPass pass({.toOneHost = 2, .wholeFetch = 5s, .keptAhead = 1024});
+    const WebServer& server = pass.server;
+    pass.ignore({server.url("/late?" + server.url("/page", "127.0.0.2")),
+                 server.url("/big/1", "127.0.0.2"), server.url("/big/2", "127.0.0.2")});
     pass.check();
     EXPECT_EQ(pass.passed(), 3);
-    EXPECT_EQ(reported(pass, server, "/big/1"), 1);
+    EXPECT_EQ(pass.reported("/big/1"), 1);
 }
 
 // The last one has filled the room before the second one's first byte arrives.
 TEST(UrlPass, TheOneAskedForNeedsNoRoom) {
-    const WebServer server;
-    FetchLimits limits;
-    limits.wholeFetch = 1s;
-    limits.keptAhead = 1024;
-    UrlPass pass(limits);
-    pass.ignore(server.url("/never"));
-    pass.ignore(server.url("/late?/big/1"));
-    pass.ignore(server.url("/big/2"));
+    UrlPass pass({.wholeFetch = 1s, .keptAhead = 1024});
+    const WebServer& server = pass.server;
+    pass.ignore({server.url("/never"), server.url("/late?/big/1"), server.url("/big/2")});
     pass.check();
     EXPECT_EQ(pass.passed(), 2);
 }
 
 TEST(UrlPass, WhatWasLostWhileItWasHeldIsFetchedAnew) {
-    const WebServer server;
-    FetchLimits limits;
-    limits.keptAhead = 1024;
-    UrlPass pass(limits);
-    pass.ignore(server.url("/late?/page"));
-    pass.ignore(server.url("/impatient"));
+    UrlPass pass({.keptAhead = 1024});
+    pass.ignore({pass.server.url("/late?/page"), pass.server.url("/impatient")});
     pass.check();
     EXPECT_EQ(pass.passed(), 2);
-    EXPECT_EQ(reported(pass, server, "/impatient"), 2);
+    EXPECT_EQ(pass.reported("/impatient"), 2);
 }
 
 } // namespace
