@@ -1,4 +1,5 @@
 #include "engine/inventory/HostInventory.h"
+#include "engine/run/RunParts.h"
 #include "support/RunFakes.h"
 
 #include <gtest/gtest.h>
@@ -66,6 +67,61 @@ TEST(DirItem, KeepsAppendingBehindTheMaximum) {
     EXPECT_EQ(bench.messages.normals,
               Lines(2, "Exceeded List Maximum (Directory List) - List Truncated"));
     EXPECT_EQ(bench.lists.DirectoryList.Count(), ResultList::Maximum + 1);
+}
+
+struct FullCase {
+    const char* name;
+    ResultList ResultLists::*list;
+    std::function<void(RunParts&)> write;
+    Lines names;
+};
+
+TEST(ListMaximum, EveryWriterKeepsTheLineThatFillsItsListAndEndsTheRun) {
+    using Lists = ResultLists;
+    const auto checkReferences = [](RunParts& run) { run.referencePasses.checkReferences(); };
+    const auto scan = [](RunParts& run) { run.walk.scanReferencedPages(); };
+    const Lines invalid = {"Invalid References List", "Invalid References From List"};
+    const Lines unreachable = {"Invalid Reference List", "Invalid References From List"};
+    const std::vector<FullCase> cases = {
+        {"File",
+         &Lists::FileList,
+         [](auto& run) { run.inventory.FtpXCtl1_DirItem("-rw x"); },
+         {"File List"}},
+        {"GetFile",
+         &Lists::GetFileList,
+         [](auto& run) { run.retrieval.RetrieveFile(false); },
+         {"Get File List"}},
+        {"Unused",
+         &Lists::UnusedList,
+         [](auto& run) { run.filePasses.checkUnusedFiles(); },
+         {"Unused File List"}},
+        {"Invalid", &Lists::InvalidReferences, checkReferences, invalid},
+        {"Unreachable", &Lists::InvalidReferences, scan, unreachable},
+    };
+    for (const FullCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        RunBench bench;
+        bench.state.localMode = true;
+        bench.state.currentFile = bench.site.write("page", "").string();
+        bench.lists.FileList.Append(bench.state.currentFile);
+        RunSounds sounds(bench.window, bench.settings.configuration);
+        RunParts parts(bench.context, sounds);
+        parts.references.append("gone.html", "x");
+        ResultList& list = bench.lists.*row.list;
+        while (list.Count() < ResultList::Maximum - 1) {
+            list.Append("y");
+            if (row.list == &Lists::InvalidReferences) {
+                bench.lists.InvalidReferencesFrom.Append("x");
+            }
+        }
+        row.write(parts);
+        EXPECT_EQ(list.Count(), ResultList::Maximum);
+        EXPECT_TRUE(bench.state.abort);
+        for (const std::string& name : row.names) {
+            EXPECT_TRUE(
+                bench.messages.has("Exceeded List Maximum (" + name + ") - List Truncated"));
+        }
+    }
 }
 
 } // namespace
