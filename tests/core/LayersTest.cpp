@@ -29,8 +29,11 @@ std::vector<Include> allIncludes() {
                 continue;
             }
             const std::string header = line.substr(10, line.find_last_of(">\"") - 10);
-            includes.push_back(
-                {fs::relative(entry.path(), QUILLMARK_SOURCE).string(), header, line[9] == '"'});
+            // ui_NAME.h is made from the .ui file beside the source that includes it.
+            if (!header.starts_with("ui_")) {
+                includes.push_back({fs::relative(entry.path(), QUILLMARK_SOURCE).string(), header,
+                                    line[9] == '"'});
+            }
         }
     }
     return includes;
@@ -50,6 +53,8 @@ TEST(Layers, IncludesFollowTheArrows) {
         {"ui", {"base", "store", "settings", "engine"}},
         {"platform", {"base", "store", "settings", "engine"}},
         {"command", {"base", "store", "settings", "engine", "ui", "platform"}},
+        {"windows", {"base", "store", "settings", "engine", "ui"}},
+        {"desktop", {"base", "store", "settings", "engine", "ui", "windows", "platform"}},
     };
     const std::vector<Include> includes = allIncludes();
     ASSERT_GT(includes.size(), 200U);
@@ -63,18 +68,16 @@ TEST(Layers, IncludesFollowTheArrows) {
 }
 
 TEST(Layers, LibrariesStayBehindTheirAdapters) {
-    // Headers of one library or system, and the only folder of src/ that may know them.
-    const std::map<std::string, std::string> tied = {
-        {"utf8proc.h", "base/"},   {"curl/", "platform/"},
-        {"unistd.h", "platform/"}, {"fcntl.h", "platform/"},
-        {"sys/", "platform/"},     {"netinet/", "platform/"},
-        {"zlib.h", "platform/"},   {"termios.h", "platform/"},
-        {"CLI/", "command/"},      {"nlohmann/", "command/"},
-        {"Q", "nowhere"}};
+    // Headers of one library or system, and the only rooms of src/ that may know them.
+    const std::map<std::string, std::set<std::string>> tied = {
+        {"utf8proc.h", {"base"}},   {"curl/", {"platform"}},      {"unistd.h", {"platform"}},
+        {"fcntl.h", {"platform"}},  {"sys/", {"platform"}},       {"netinet/", {"platform"}},
+        {"zlib.h", {"platform"}},   {"termios.h", {"platform"}},  {"CLI/", {"command"}},
+        {"nlohmann/", {"command"}}, {"Q", {"windows", "desktop"}}};
     for (const Include& include : allIncludes()) {
         for (const auto& library : tied) {
             EXPECT_TRUE(include.own || !include.header.starts_with(library.first) ||
-                        include.file.starts_with(library.second))
+                        library.second.contains(roomOf(include.file)))
                 << include.file << " includes " << include.header;
         }
     }

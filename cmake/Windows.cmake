@@ -1,0 +1,11 @@
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets)
+
+# quillmark_windows(NAME SOURCES file... USES target...): one folder of src/windows, with the .ui
+# file beside each window's source.
+function(quillmark_windows NAME)
+  cmake_parse_arguments(WINDOWS "" "" "SOURCES;USES" ${ARGN})
+  quillmark_room(windows_${NAME}
+    SOURCES ${WINDOWS_SOURCES}
+    USES quillmark_ui quillmark_engine quillmark_settings quillmark_store Qt6::Widgets ${WINDOWS_USES})
+  set_target_properties(quillmark_windows_${NAME} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
+endfunction()

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "engine/outside/FtpComponent.h"
+#include "engine/outside/LocalDisk.h"
+#include "engine/outside/Messages.h"
+#include "settings/SettingsFiles.h"
+#include "store/Progress.h"
+#include "ui/Workspace.h"
+#include "windows/outside/FileDialogs.h"
+#include "windows/outside/FileMover.h"
+#include "windows/outside/ReportPrinter.h"
+#include "windows/outside/Shell.h"
+
+#include <filesystem>
+
+namespace quillmark {
+
+/// What the windows show and what they work with. Everything outlives them.
+struct WindowContext {
+    Workspace& workspace;
+    SettingsFiles& files;
+    Messages& messages;
+    Progress& progress;
+    LocalDisk& disk;
+    FtpComponent& ftp;
+    FileMover& mover;
+    Shell& shell;
+    FileDialogs& dialogs;
+    ReportPrinter& printer;
+    std::filesystem::path programFolder; ///< In the machine's own form.
+};
+
+} // namespace quillmark
