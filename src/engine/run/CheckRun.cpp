@@ -22,8 +22,9 @@ RunOutcome CheckRun::start() {
 }
 
 void CheckRun::stop() {
-    outside_.messages.post("Stopping Quillmark...Please Wait");
+    // First, should the message fail on a log file that cannot be written.
     state_.abort = true;
+    outside_.messages.post("Stopping Quillmark...Please Wait");
 }
 
 RunOutcome CheckRun::HostHandler() {

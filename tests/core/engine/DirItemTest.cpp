@@ -74,6 +74,7 @@ struct FullCase {
     ResultList ResultLists::*list;
     std::function<void(RunParts&)> write;
     Lines names;
+    ResultList ResultLists::*from = nullptr; ///< The other list of a pair.
 };
 
 TEST(ListMaximum, EveryWriterKeepsTheLineThatFillsItsListAndEndsTheRun) {
@@ -95,8 +96,19 @@ TEST(ListMaximum, EveryWriterKeepsTheLineThatFillsItsListAndEndsTheRun) {
          &Lists::UnusedList,
          [](auto& run) { run.filePasses.checkUnusedFiles(); },
          {"Unused File List"}},
-        {"Invalid", &Lists::InvalidReferences, checkReferences, invalid},
-        {"Unreachable", &Lists::InvalidReferences, scan, unreachable},
+        {"Invalid", &Lists::InvalidReferences, checkReferences, invalid,
+         &Lists::InvalidReferencesFrom},
+        {"Unreachable", &Lists::InvalidReferences, scan, unreachable,
+         &Lists::InvalidReferencesFrom},
+        {"Web",
+         &Lists::ReferenceList,
+         [](auto& run) {
+             run.context.lists.IgnoredReferences.Append("http://site.example/");
+             run.context.lists.IgnoredReferencesFrom.Append("x");
+             run.referencePasses.checkURLs();
+         },
+         {"Reference List", "Reference From List"},
+         &Lists::ReferenceListFrom},
     };
     for (const FullCase& row : cases) {
         SCOPED_TRACE(row.name);
@@ -110,8 +122,8 @@ TEST(ListMaximum, EveryWriterKeepsTheLineThatFillsItsListAndEndsTheRun) {
         ResultList& list = bench.lists.*row.list;
         while (list.Count() < ResultList::Maximum - 1) {
             list.Append("y");
-            if (row.list == &Lists::InvalidReferences) {
-                bench.lists.InvalidReferencesFrom.Append("x");
+            if (row.from != nullptr) {
+                (bench.lists.*row.from).Append("x");
             }
         }
         row.write(parts);
