@@ -1,98 +1,14 @@
 #include "platform/FileReplacement.h"
 
-#include "base/Failure.h"
-#include "platform/FileDescriptor.h"
-
-#include <cerrno>
-#include <string>
-
-#include <fcntl.h>
-#include <unistd.h>
+#include "platform/TemporaryFile.h"
 
 namespace quillmark {
-
-namespace {
-
-[[noreturn]] void throwLastError() {
-    throw failureFromError(lastSystemError(), pathNotFound());
-}
-
-/// The new file on its way to its name; deleted when it does not arrive there.
-class TemporaryFile {
-public:
-    TemporaryFile(const std::filesystem::path& folder, mode_t mode)
-        : descriptor_(create(folder, mode)) {}
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() {
-        if (!renamed_) {
-            ::unlink(path_.c_str());
-        }
-    }
-
-    void write(std::string_view bytes) {
-        while (!bytes.empty()) {
-            const ssize_t written = ::write(descriptor_.number(), bytes.data(), bytes.size());
-            if (written < 0) {
-                throwLastError();
-            }
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        }
-    }
-
-    void flush() {
-        if (::fsync(descriptor_.number()) != 0) {
-            throwLastError();
-        }
-    }
-
-    void rename(const std::filesystem::path& file) {
-        if (::rename(path_.c_str(), file.c_str()) != 0) {
-            throwLastError();
-        }
-        renamed_ = true;
-    }
-
-private:
-    /// Tries names until one is free: others may belong to a program that is writing, or was
-    /// stopped.
-    FileDescriptor create(const std::filesystem::path& folder, mode_t mode) {
-        for (int attempt = 0;; ++attempt) {
-            path_ = folder / (".quillmark-" + std::to_string(::getpid()) + "-" +
-                              std::to_string(attempt) + ".tmp");
-            FileDescriptor created(
-                ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-            if (created.isOpen()) {
-                return created;
-            }
-            if (errno != EEXIST) {
-                throwLastError();
-            }
-        }
-    }
-
-    std::filesystem::path path_;
-    FileDescriptor descriptor_;
-    bool renamed_ = false;
-};
-
-/// Makes the new name outlast a power cut. Not every file system can; the file is complete without
-/// it.
-void flushFolder(const std::filesystem::path& folder) {
-    const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (opened.isOpen()) {
-        ::fsync(opened.number());
-    }
-}
-
-} // namespace
 
 void replaceFile(const std::filesystem::path& file, std::string_view bytes, mode_t mode) {
     TemporaryFile temporary(file.parent_path(), mode);
     temporary.write(bytes);
     temporary.flush();
     temporary.rename(file);
-    flushFolder(file.parent_path());
 }
 
 } // namespace quillmark

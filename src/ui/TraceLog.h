@@ -14,6 +14,8 @@ public:
     /// command is kept as "PASS", so that no password is ever shown or saved. A list of more than
     /// 50 lines loses its oldest line first, one for each call.
     void Trace(std::string_view text);
+    /// Adds one line as it stands, however many there are.
+    void Append(std::string_view line) { lines_.Append(line); }
     void Clear() { lines_.Clear(); }
     const CappedList& DebugList() const { return lines_; }
 

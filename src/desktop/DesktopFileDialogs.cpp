@@ -1,0 +1,89 @@
+#include "desktop/DesktopFileDialogs.h"
+
+#include "base/Version.h"
+#include "windows/shared/Text.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QStandardPaths>
+
+namespace quillmark {
+
+namespace {
+
+QString nameOf(const std::filesystem::path& path) {
+    return QFile::decodeName(path.c_str());
+}
+
+/// The filter as Qt takes it: the text to show, and behind it the patterns that are matched. Names
+/// on this machine differ in case, and need no "." to be a file of any kind.
+QString matching(const QString& filter) {
+    const qsizetype begin = filter.indexOf('(') + 1;
+    QString patterns = filter.mid(begin, filter.lastIndexOf(')') - begin);
+    patterns = patterns == "*.*" ? "*" : patterns + " " + patterns.toUpper();
+    return filter + " (" + patterns + ")";
+}
+
+void setFilters(QFileDialog& dialog, const QStringList& filters) {
+    QStringList names;
+    for (const QString& filter : filters) {
+        names += matching(filter);
+    }
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(names);
+}
+
+bool mayReplace(QWidget* owner, const QString& file) {
+    return QMessageBox::question(owner, shown(ApplicationTitle),
+                                 file + " already exists.\nDo you want to replace it?") ==
+           QMessageBox::Yes;
+}
+
+} // namespace
+
+std::optional<std::filesystem::path> DesktopFileDialogs::saveFile(QWidget* owner,
+                                                                  const SaveQuestion& question) {
+    QFileDialog dialog(owner, question.title);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // Asked below: some desktops ask about the name before the extension is added.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setDefaultSuffix(question.extension);
+    setFilters(dialog, question.filters);
+    beginIn(dialog, question.proposed.parent_path());
+    dialog.selectFile(nameOf(question.proposed.filename()));
+    auto chosen = asked(dialog);
+    while (chosen && QFileInfo::exists(nameOf(*chosen)) && !mayReplace(owner, nameOf(*chosen))) {
+        chosen = asked(dialog);
+    }
+    return chosen;
+}
+
+std::optional<std::filesystem::path> DesktopFileDialogs::openPage(QWidget* owner) {
+    QFileDialog dialog(owner, "Select Start File");
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    setFilters(dialog, {"Web Pages (*.html *.htm)", "All Files (*.*)"});
+    beginIn(dialog, {});
+    return asked(dialog);
+}
+
+void DesktopFileDialogs::beginIn(QFileDialog& dialog, const std::filesystem::path& folder) const {
+    if (!folder.empty()) {
+        dialog.setDirectory(nameOf(folder));
+    } else if (!folder_.isEmpty()) {
+        dialog.setDirectory(folder_);
+    } else {
+        dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    }
+}
+
+std::optional<std::filesystem::path> DesktopFileDialogs::asked(QFileDialog& dialog) {
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    const QString file = dialog.selectedFiles().constFirst();
+    folder_ = QFileInfo(file).absolutePath();
+    return QFile::encodeName(file).toStdString();
+}
+
+} // namespace quillmark

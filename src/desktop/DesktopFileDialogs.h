@@ -1,0 +1,24 @@
+#pragma once
+
+#include "windows/outside/FileDialogs.h"
+
+#include <QFileDialog>
+
+namespace quillmark {
+
+/// The file dialogs of the desktop, or Qt's own where it has none. They begin in the folder that
+/// the last file was chosen in, unless a full path is proposed.
+class DesktopFileDialogs : public FileDialogs {
+public:
+    std::optional<std::filesystem::path> saveFile(QWidget* owner,
+                                                  const SaveQuestion& question) override;
+    std::optional<std::filesystem::path> openPage(QWidget* owner) override;
+
+private:
+    void beginIn(QFileDialog& dialog, const std::filesystem::path& folder) const;
+    std::optional<std::filesystem::path> asked(QFileDialog& dialog);
+
+    QString folder_; ///< Empty until a file was chosen.
+};
+
+} // namespace quillmark

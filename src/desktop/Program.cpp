@@ -1,0 +1,56 @@
+#include "desktop/Program.h"
+
+#include "base/Failure.h"
+#include "base/Paths.h"
+#include "platform/FolderLock.h"
+#include "settings/ConfigurationFile.h"
+#include "settings/DefaultSettings.h"
+
+#include <utility>
+
+namespace quillmark {
+
+namespace {
+
+/// 1031: another program uses the working copy.
+Failure folderInUse(const std::filesystem::path& folder) {
+    return {1031, "Another check is running with the folder " + folder.string() +
+                      ". Wait for its end, or give this one a folder of its own."};
+}
+
+} // namespace
+
+Program::Program(std::filesystem::path folder, std::filesystem::path help,
+                 const DesktopParts& parts, const std::function<void(std::string_view)>& messageBox)
+    : folder_(std::move(folder)), files_(ToBackSlashes(folder_.string())),
+      messages_(workspace_.settings.configuration, workspace_.run, workspace_.lists.Message,
+                workspace_.trace, folder_ / "Quillmark.log", feed_),
+      trace_(workspace_.trace),
+      ftp_(messages_, events_, workspace_.run, trace_, timeoutsFromEnvironment()),
+      inet_(events_, workspace_.run),
+      window_({workspace_, files_, messages_, progress_, disk_, ftp_, mover_, parts.shell,
+               parts.dialogs, parts.printer, folder_},
+              *this, std::move(help)),
+      outside_{messages_, disk_, ftp_, inet_, progress_, parts.sounds, window_, events_},
+      run_(workspace_.lists, workspace_.run, workspace_.settings, outside_,
+           ToBackSlashes(folder_.string())) {
+    feed_.onPosted([this] { window_.messagesPosted(); });
+    trace_.onTraced([this] { window_.conversationTraced(); });
+    progress_.setOwner(&window_);
+    SetDefaultSettings(workspace_.settings);
+    try {
+        ReadConfigurations(workspace_.settings, files_, messageBox);
+    } catch (const Failure& failure) {
+        messageBox("Quillmark.ini cannot be written: " + failure.description());
+    }
+}
+
+void Program::start() {
+    const FolderLock lock(folder_);
+    if (!lock.held()) {
+        throw folderInUse(folder_);
+    }
+    run_.start();
+}
+
+} // namespace quillmark

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "desktop/DiskMover.h"
+#include "desktop/HostTrace.h"
+#include "desktop/WindowEvents.h"
+#include "engine/run/CheckRun.h"
+#include "platform/ProgramFolder.h"
+#include "platform/disk/DiskAdapter.h"
+#include "platform/ftp/FtpXCtl.h"
+#include "platform/http/Inet.h"
+#include "ui/MessageLog.h"
+#include "ui/Workspace.h"
+#include "windows/main/MessageFeed.h"
+#include "windows/main/frmMain.h"
+#include "windows/run/ThinkingWindow.h"
+
+#include <filesystem>
+#include <functional>
+#include <string_view>
+
+namespace quillmark {
+
+/// What of the desktop the program uses, beside its windows.
+struct DesktopParts {
+    Shell& shell;
+    FileDialogs& dialogs;
+    ReportPrinter& printer;
+    SoundPlayer& sounds;
+};
+
+/// The desktop program: owns everything for its life, and wires it together.
+class Program : private RunCommands {
+public:
+    /// `folder` is the program's own folder, `help` that of the help pages, both in the machine's
+    /// own form. Reads the configuration; what the user must know of it goes to `messageBox`.
+    Program(std::filesystem::path folder, std::filesystem::path help, const DesktopParts& parts,
+            const std::function<void(std::string_view)>& messageBox);
+
+    frmMain& window() { return window_; }
+
+private:
+    void start() override;
+    void stop() override { run_.stop(); }
+
+    std::filesystem::path folder_;
+    ProgramFolder files_;
+    Workspace workspace_;
+    MessageFeed feed_;
+    MessageLog messages_;
+    WindowEvents events_;
+    ThinkingWindow progress_;
+    DiskAdapter disk_;
+    DiskMover mover_;
+    HostTrace trace_;
+    FtpXCtl ftp_;
+    Inet inet_;
+    frmMain window_;
+    Outside outside_;
+    CheckRun run_;
+};
+
+} // namespace quillmark

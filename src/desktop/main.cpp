@@ -1,0 +1,80 @@
+#include "base/Failure.h"
+#include "base/Version.h"
+#include "desktop/CommandLine.h"
+#include "desktop/DefaultPrinter.h"
+#include "desktop/DesktopFileDialogs.h"
+#include "desktop/DesktopShell.h"
+#include "desktop/InstalledFiles.h"
+#include "desktop/Program.h"
+#include "desktop/WavePlayer.h"
+#include "platform/FolderChoice.h"
+#include "windows/about/frmSplash.h"
+#include "windows/shared/Text.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <chrono>
+#include <exception>
+#include <thread>
+
+namespace quillmark {
+
+namespace {
+
+constexpr std::chrono::seconds SplashTime{1};
+constexpr int CannotStart = 2;
+
+void tell(QWidget* owner, std::string_view text) {
+    QMessageBox::information(owner, shown(ApplicationTitle), shown(text));
+}
+
+/// Shows the splash window, and lets it be seen for its time.
+void showSplash(frmSplash& splash) {
+    const auto end = std::chrono::steady_clock::now() + SplashTime;
+    splash.show();
+    WindowEvents().waitUntilSeen(splash);
+    std::this_thread::sleep_until(end);
+}
+
+int runProgram(const std::filesystem::path& folder, const CommandLine& line) {
+    frmSplash splash;
+    showSplash(splash);
+    const std::filesystem::path installed = installedFiles();
+    DesktopShell shell;
+    DesktopFileDialogs dialogs;
+    DefaultPrinter printer;
+    WavePlayer sounds(folder, installed / "sounds");
+    Program program(folder, installed / "help", {shell, dialogs, printer, sounds},
+                    [&splash](std::string_view text) { tell(&splash, text); });
+    program.window().show();
+    splash.close();
+    if (!line.startPath.empty()) {
+        QMetaObject::invokeMethod(
+            &program.window(), [&] { program.window().chooseProfile(line.startPath); },
+            Qt::QueuedConnection);
+    }
+    return QApplication::exec();
+}
+
+int Main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(shown(ApplicationTitle));
+    QApplication::setApplicationVersion(shown(ApplicationVersion));
+    const CommandLine line = readCommandLine(application);
+    applyTheme(application, line.theme);
+    try {
+        return runProgram(chooseProgramFolder(std::nullopt), line);
+    } catch (const std::exception& error) {
+        tell(nullptr, std::string("Quillmark cannot start: ").append(error.what()));
+        return CannotStart;
+    }
+}
+
+} // namespace
+
+} // namespace quillmark
+
+int main(int argc, char* argv[]) {
+    return quillmark::Main(argc, argv);
+}

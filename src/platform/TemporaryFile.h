@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/FileDescriptor.h"
+
+#include <filesystem>
+#include <string_view>
+
+#include <sys/types.h>
+
+namespace quillmark {
+
+/// A new file on its way to its name; deleted when it does not arrive there. Every step throws a
+/// Failure when the disk refuses it.
+class TemporaryFile {
+public:
+    /// Created in `folder` under a name of its own, for writing and reading.
+    TemporaryFile(const std::filesystem::path& folder, mode_t mode)
+        : descriptor_(create(folder, mode)) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile();
+
+    const FileDescriptor& descriptor() const { return descriptor_; }
+
+    void write(std::string_view bytes);
+    /// Brings what was written to the disk.
+    void flush();
+    /// Gives it its name, in the place of a file that has it, and makes that outlast a power cut
+    /// where the file system can.
+    void rename(const std::filesystem::path& file);
+
+private:
+    FileDescriptor create(const std::filesystem::path& folder, mode_t mode);
+
+    std::filesystem::path path_;
+    FileDescriptor descriptor_;
+    bool renamed_ = false;
+};
+
+} // namespace quillmark

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "settings/Settings.h"
+
+#include <string>
+#include <string_view>
+
+namespace quillmark {
+
+/// What the controls of the profile dialog hold: texts as bytes, numbers as the text that stands in
+/// their box.
+struct ProfileFields {
+    std::string hostName;
+    std::string userName;
+    std::string startPath;
+    std::string account;
+    std::string password; ///< In clear.
+    std::string hostAlias;
+    std::string depth;
+    std::string startColumn;
+    std::string endColumn;
+    std::string hostPort;
+    bool getStats = false;
+    bool checkDupes = false;
+    bool ignoreTopics = false;
+    bool ignoreCgi = false;
+    bool checkUrl = false;
+    bool ignoreValue = false;
+    bool disablePasv = false;
+    bool upperLevels = false;
+    bool rootLevel = false;
+
+    bool operator==(const ProfileFields&) const = default;
+};
+
+/// The fields of the current profile, with the configuration's IGNORE_VALUE.
+ProfileFields ShowFields(const Settings& settings);
+
+/// The fields of a new profile.
+ProfileFields ClearFields();
+
+/// Takes the fields into the current profile and the configuration's IGNORE_VALUE; a number is what
+/// its text begins with. Throws overflow(), and takes none, when a number does not fit 16 bits.
+void StoreFields(const ProfileFields& fields, Settings& settings);
+
+/// Whether somebody must be asked before the fields of a dialog with this profile name are given
+/// up: they differ from the current profile, and there is a name to save them under.
+bool hasUnsavedChanges(std::string_view name, const ProfileFields& fields,
+                       const Settings& settings);
+
+/// Whether a text holds a comma. It is saved as it stands, but the next load ends the text there
+/// and takes the rest for the field behind it. The password is safe: it is stored scrambled.
+bool holdsComma(const ProfileFields& fields);
+
+} // namespace quillmark

@@ -1,0 +1,50 @@
+#include "ui/results/ItemActions.h"
+
+#include "base/Failure.h"
+#include "base/Paths.h"
+#include "base/UpperCase.h"
+
+namespace quillmark {
+
+namespace {
+
+ItemTarget targetOf(const RunState& run, std::string_view text) {
+    if (run.localMode) {
+        const std::string file = ToBackSlashes(text);
+        return {file, file, file};
+    }
+    return {run.baseUrl + std::string(text), std::string(text), {}};
+}
+
+bool isWebAddress(std::string_view text) {
+    const std::string upper = upperAscii(text);
+    return upper.find("HTTP:") != std::string::npos || upper.find("FTP:") != std::string::npos;
+}
+
+} // namespace
+
+ItemTargets itemTargets(const RunState& run, std::string_view first,
+                        std::optional<std::string_view> second) {
+    ItemTargets targets;
+    targets[0] = targetOf(run, first);
+    if (second && isWebAddress(*second)) {
+        targets[1].view = *second;
+    } else if (second) {
+        targets[1] = targetOf(run, *second);
+    }
+    return targets;
+}
+
+std::string itemCaption(std::string_view verb, std::string_view target) {
+    return target.empty() ? std::string() : std::string(verb).append(" ").append(target);
+}
+
+void deleteLocalFile(LocalDisk& disk, std::string_view target) {
+    // The disk takes a folder for no file: the user, who said Yes, must hear that nothing was done.
+    if (target.ends_with('\\')) {
+        throw fileNotFound();
+    }
+    disk.deleteIfThere(target);
+}
+
+} // namespace quillmark

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "engine/outside/LocalDisk.h"
+#include "engine/run/RunState.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillmark {
+
+/// What the commands of one column of a row work on; empty where a command is not offered. Deletion
+/// and move targets are in "\" form in Local Mode and host paths otherwise.
+struct ItemTarget {
+    std::string view;
+    std::string deletion;
+    std::string move;
+};
+
+/// The targets of a row's two columns.
+using ItemTargets = std::array<ItemTarget, 2>;
+
+/// The targets of a row from its texts; `second` is empty where the view has one column. A second
+/// text that names a web address is only viewed: it is nobody's file to delete here.
+ItemTargets itemTargets(const RunState& run, std::string_view first,
+                        std::optional<std::string_view> second);
+
+/// "View /www/a.html": a command's caption, empty for an empty target.
+std::string itemCaption(std::string_view verb, std::string_view target);
+
+/// Deletes a file of the local disk ("\" form) if it is there. Folders are left alone: throws
+/// fileNotFound() for one, and another Failure for a file that cannot be deleted.
+void deleteLocalFile(LocalDisk& disk, std::string_view target);
+
+} // namespace quillmark

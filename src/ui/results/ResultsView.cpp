@@ -1,0 +1,154 @@
+#include "ui/results/ResultsView.h"
+
+#include "base/Numbers.h"
+#include "base/PathParser.h"
+#include "base/UpperCase.h"
+#include "engine/run/ListLimit.h"
+#include "ui/Thousands.h"
+
+#include <algorithm>
+
+namespace quillmark {
+
+namespace {
+
+/// The progress indicator of a fill, which closes however the fill ends.
+class BuildingList {
+public:
+    explicit BuildingList(Progress& progress) : progress_(progress) {
+        progress_.InitializeThinking("Building List");
+    }
+    BuildingList(const BuildingList&) = delete;
+    BuildingList& operator=(const BuildingList&) = delete;
+    ~BuildingList() { progress_.RemoveThinking(); }
+
+private:
+    Progress& progress_;
+};
+
+} // namespace
+
+void ResultsView::ShowResults(const ResultsSelection& selected) {
+    clear();
+    selected_ = selected;
+    display_ = &ResultDisplays.at(selected.display);
+    if (display_->sorted && selected.order != SortOrder::None) {
+        buildSorted(*display_);
+    } else {
+        build(*display_);
+    }
+}
+
+void ResultsView::clear() {
+    display_ = nullptr;
+    columnCount_ = 0;
+    rows_.clear();
+}
+
+std::string_view ResultsView::header(int column) const {
+    return columns_.at(static_cast<std::size_t>(column)).header;
+}
+
+std::string_view ResultsView::text(int row, int column) const {
+    const ResultList& list = *columns_.at(static_cast<std::size_t>(column)).list;
+    const int line = rows_[static_cast<std::size_t>(row)];
+    return line < list.Count() ? list.Line(line) : std::string_view();
+}
+
+std::string ResultsView::caption() const {
+    if (display_ == nullptr) {
+        return {};
+    }
+    std::string caption(display_->title);
+    caption.append(std::to_string(rows_.size())).append(display_->unit);
+    if (display_->total != nullptr && workspace_.settings.profile.GET_STATS == 1 &&
+        workspace_.run.statisticsComplete) {
+        const double total = workspace_.run.*display_->total;
+        caption.append(" In ").append(groupedThousands(total, userThousandsSeparator()));
+        caption.append(" Bytes");
+    }
+    return caption.append(")");
+}
+
+void ResultsView::build(const ResultDisplay& display) {
+    const ResultList& source = workspace_.lists.*display.source;
+    if (display.from == nullptr) {
+        BuildList(source, display.headers[0], display.masked);
+    } else {
+        BuildListPair(source, workspace_.lists.*display.from, display.headers[0]);
+    }
+}
+
+void ResultsView::buildSorted(const ResultDisplay& display) {
+    const ResultList& source = workspace_.lists.*display.source;
+    if (display.from == nullptr) {
+        BuildSortedList(source, display.headers[0], display.masked);
+    } else {
+        BuildSortedListPair(source, workspace_.lists.*display.from, display.headers[0]);
+    }
+}
+
+void ResultsView::BuildList(const ResultList& source, std::string_view header, bool masked) {
+    addColumn(source, header);
+    addRows(source, masked, nullptr);
+}
+
+void ResultsView::BuildListPair(const ResultList& source, const ResultList& from,
+                                std::string_view header) {
+    addColumn(source, header);
+    addColumn(from, display_->headers[1]);
+    addRows(source, true, nullptr);
+}
+
+void ResultsView::BuildSortedList(const ResultList& source, std::string_view header, bool masked) {
+    addColumn(source, header);
+    BuildSortKeys(source, selected_.order, workspace_.lists, progress_);
+    addRows(source, masked, &workspace_.lists.TempListCount);
+}
+
+void ResultsView::BuildSortedListPair(const ResultList& source, const ResultList& from,
+                                      std::string_view header) {
+    addColumn(source, header);
+    addColumn(from, display_->headers[1]);
+    BuildSortKeys(source, selected_.order, workspace_.lists, progress_);
+    addRows(source, true, &workspace_.lists.TempListCount);
+}
+
+void ResultsView::addColumn(const ResultList& list, std::string_view header) {
+    columns_.at(static_cast<std::size_t>(columnCount_)) = {&list, header};
+    ++columnCount_;
+}
+
+void ResultsView::addRows(const ResultList& source, bool masked, const ResultList* sortedIndexes) {
+    const BuildingList building(progress_);
+    rows_ = rowsOf(source, masked, sortedIndexes);
+    workspace_.lists.TempList.Clear();
+    workspace_.lists.TempListCount.Clear();
+    if (source.Count() >= ResultList::Maximum) {
+        ListLimit(messages_, workspace_.run).ListMaximumReached("Results List");
+    }
+}
+
+std::vector<int> ResultsView::rowsOf(const ResultList& source, bool masked,
+                                     const ResultList* sortedIndexes) {
+    std::vector<int> rows;
+    const int count = std::min(source.Count(), ResultList::Maximum);
+    rows.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        progress_.UpdateThinking(i, count);
+        const int line =
+            sortedIndexes == nullptr ? i : static_cast<int>(leadingNumber(sortedIndexes->Line(i)));
+        const std::string_view text = source.Line(line);
+        if (!text.empty() && (!masked || belongs(text))) {
+            rows.push_back(line);
+        }
+    }
+    return rows;
+}
+
+bool ResultsView::belongs(std::string_view line) const {
+    return subCheckMask(upperCase(PathParser(line).FileName()), selected_.category,
+                        workspace_.settings.configuration.masks);
+}
+
+} // namespace quillmark

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "engine/outside/Messages.h"
+#include "store/FileCategory.h"
+#include "store/ListSorting.h"
+#include "store/Progress.h"
+#include "ui/Workspace.h"
+#include "ui/results/ResultDisplays.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmark {
+
+/// What the three selectors say.
+struct ResultsSelection {
+    std::size_t display = 0; ///< Index of ResultDisplays.
+    std::optional<FileCategory> category = FileCategory::All;
+    SortOrder order = SortOrder::None;
+};
+
+/// The results of the last run as the window shows them: one list, or a pair as two columns, that
+/// is filtered and sorted. Rows are indexes of lines, nothing is copied: clear() before the lists
+/// are.
+class ResultsView {
+public:
+    ResultsView(Workspace& workspace, Messages& messages, Progress& progress)
+        : workspace_(workspace), messages_(messages), progress_(progress) {}
+
+    /// Rebuilds the view; there are no rows until it is complete. A list that is too long is
+    /// truncated with a message; the abort flag is left alone. Throws a Failure, the view complete,
+    /// when that message cannot be logged.
+    void ShowResults(const ResultsSelection& selected);
+    /// Takes the headers, rows and caption away.
+    void clear();
+
+    int rowCount() const { return static_cast<int>(rows_.size()); }
+    int columnCount() const { return columnCount_; }
+    std::string_view header(int column) const;
+    /// A cell, with 0 <= row < rowCount() and 0 <= column < columnCount(). Empty when the lists
+    /// were cleared beneath the view.
+    std::string_view text(int row, int column) const;
+    /// "Unused Host Files (2 Files In 1,234 Bytes)"; empty without a view.
+    std::string caption() const;
+
+private:
+    struct Column {
+        const ResultList* list = nullptr;
+        std::string_view header;
+    };
+
+    void BuildList(const ResultList& source, std::string_view header, bool masked);
+    void BuildListPair(const ResultList& source, const ResultList& from, std::string_view header);
+    void BuildSortedList(const ResultList& source, std::string_view header, bool masked);
+    void BuildSortedListPair(const ResultList& source, const ResultList& from,
+                             std::string_view header);
+    void build(const ResultDisplay& display);
+    void buildSorted(const ResultDisplay& display);
+    void addColumn(const ResultList& list, std::string_view header);
+    void addRows(const ResultList& source, bool masked, const ResultList* sortedIndexes);
+    std::vector<int> rowsOf(const ResultList& source, bool masked, const ResultList* sortedIndexes);
+    bool belongs(std::string_view line) const;
+
+    Workspace& workspace_;
+    Messages& messages_;
+    Progress& progress_;
+    ResultsSelection selected_;
+    const ResultDisplay* display_ = nullptr;
+    std::array<Column, 2> columns_;
+    int columnCount_ = 0;
+    std::vector<int> rows_;
+};
+
+} // namespace quillmark

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class frmAbout;
+}
+
+namespace quillmark {
+
+/// Tells the program's name and version. Modeless.
+class frmAbout : public QDialog {
+    Q_OBJECT
+public:
+    explicit frmAbout(QWidget* parent = nullptr);
+    ~frmAbout() override;
+
+private:
+    std::unique_ptr<Ui::frmAbout> ui_;
+};
+
+} // namespace quillmark

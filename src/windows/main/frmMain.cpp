@@ -1,0 +1,274 @@
+#include "windows/main/frmMain.h"
+
+#include "base/Paths.h"
+#include "base/Version.h"
+#include "ui_frmMain.h"
+#include "windows/about/frmAbout.h"
+#include "windows/main/DroppedPage.h"
+#include "windows/settings/frmConfig2.h"
+#include "windows/settings/frmProfile.h"
+#include "windows/shared/Guard.h"
+#include "windows/shared/Text.h"
+#include "windows/shared/ThemedIcon.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMessageBox>
+
+#include <utility>
+
+namespace quillmark {
+
+frmMain::frmMain(const WindowContext& context, RunCommands& run, std::filesystem::path helpFolder)
+    : context_(context), run_(run), helpFolder_(std::move(helpFolder)),
+      places_(context.programFolder), reports_(context, this),
+      messages_(context.workspace.lists.Message), messagesShown_([this] { showMessages(); }),
+      traceShown_([this] {
+          if (trace_) {
+              trace_->refresh();
+          }
+      }),
+      ui_(std::make_unique<Ui::frmMain>()) {
+    ui_->setupUi(this);
+    ui_->Message->setModel(&messages_);
+    setIcons();
+    addResults();
+    connectCommands();
+    connectHelp();
+    enterNoResults();
+    restorePlaces();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::addResults() {
+    results_ = std::make_unique<DisplayFrame>(
+        context_, [this](const std::function<void()>& hostWork) { work(hostWork); });
+    ui_->splitter->insertWidget(0, results_.get());
+    ui_->splitter->setStretchFactor(0, 3);
+    ui_->splitter->setStretchFactor(1, 1);
+    setTabOrder(ui_->cmdHelp, results_.get());
+    setTabOrder(results_.get(), ui_->Message);
+}
+
+void frmMain::connectCommands() {
+    connect(ui_->cmdStart, &QPushButton::clicked, this, [this] { chooseProfile(); });
+    connect(ui_->cmdStop, &QPushButton::clicked, this, &frmMain::stop);
+    const auto save = [this] { reports_.Save(); };
+    const auto print = [this] { reports_.Print(); };
+    connect(ui_->cmdSave, &QPushButton::clicked, this, save);
+    connect(ui_->mnuSave, &QAction::triggered, this, save);
+    connect(ui_->cmdPrint, &QPushButton::clicked, this, print);
+    connect(ui_->mnuPrint, &QAction::triggered, this, print);
+    connect(ui_->cmdOptions, &QPushButton::clicked, this, &frmMain::editOptions);
+    connect(ui_->mnuOptions, &QAction::triggered, this, &frmMain::editOptions);
+    connect(ui_->mnuExit, &QAction::triggered, this, &QWidget::close);
+}
+
+void frmMain::connectHelp() {
+    connect(ui_->mnuContents, &QAction::triggered, this, [this] { showHelp("index.html"); });
+    connect(ui_->mnuWebSite, &QAction::triggered, this, &frmMain::askForDocumentation);
+    connect(ui_->mnuAbout, &QAction::triggered, this, &frmMain::showAbout);
+}
+
+void frmMain::setIcons() {
+    setWindowIcon(themedIcon("quillmark"));
+    ui_->cmdStart->setIcon(themedIcon("start"));
+    ui_->cmdStop->setIcon(themedIcon("stop"));
+    ui_->cmdSave->setIcon(themedIcon("save"));
+    ui_->cmdPrint->setIcon(themedIcon("print"));
+    ui_->cmdOptions->setIcon(themedIcon("options"));
+    ui_->cmdHelp->setIcon(themedIcon("help"));
+}
+
+void frmMain::enterNoResults() {
+    ui_->cmdStop->setEnabled(false);
+    setReportsEnabled(false);
+    results_->enterNoResults();
+}
+
+void frmMain::restorePlaces() {
+    places_.restore(*this);
+    ui_->splitter->restoreState(places_.state(ui_->splitter->objectName()));
+    results_->setColumnWidths(places_.widths());
+}
+
+void frmMain::keepPlaces() {
+    places_.keep(*this);
+    places_.keepState(ui_->splitter->objectName(), ui_->splitter->saveState());
+    places_.keepWidths(results_->columnWidths());
+    if (trace_) {
+        places_.keep(*trace_);
+    }
+    if (help_) {
+        places_.keep(*help_);
+    }
+}
+
+void frmMain::chooseProfile(std::string_view startPath) {
+    frmProfile dialog(context_, currentProfile_, this);
+    connect(&dialog, &frmProfile::helpRequested, this, [this] { showHelp("profiles.html"); });
+    if (!startPath.empty()) {
+        dialog.proposeStartPath(startPath);
+    }
+    dialog.exec();
+    if (dialog.started() && !context_.workspace.settings.profile.START_PATH.empty()) {
+        guarded(this, [this] { run_.start(); });
+        closeIfAsked();
+    }
+}
+
+void frmMain::stop() {
+    guarded(this, [this] { run_.stop(); });
+}
+
+void frmMain::editOptions() {
+    frmConfig2 dialog(context_, this);
+    connect(&dialog, &frmConfig2::helpRequested, this, [this] { showHelp("options.html"); });
+    dialog.exec();
+}
+
+void frmMain::askForDocumentation() {
+    // Not waited for: a check may be running behind the question.
+    auto* question = new QMessageBox(QMessageBox::Question, shown(ApplicationTitle),
+                                     "Open the Quillmark Documentation page in your browser?",
+                                     QMessageBox::Yes | QMessageBox::No, this);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    connect(question, &QMessageBox::finished, this, [this](int answer) {
+        if (answer == QMessageBox::Yes) {
+            const std::string page = (helpFolder_ / "index.html").string();
+            guarded(this, [&] { context_.shell.open(ToBackSlashes(page)); });
+        }
+    });
+    question->open();
+}
+
+void frmMain::showAbout() {
+    auto* about = new frmAbout(this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->show();
+}
+
+void frmMain::showHelp(const QString& page) {
+    if (!help_) {
+        help_ = std::make_unique<frmHelp>(helpFolder_, context_.shell, nullptr);
+        help_->setWindowIcon(windowIcon());
+        places_.restore(*help_);
+    }
+    help_->showPage(page);
+}
+
+void frmMain::messagesPosted() {
+    messagesShown_.ask();
+    traceShown_.ask();
+}
+
+void frmMain::showMessages() {
+    messages_.refresh();
+    ui_->Message->scrollToBottom();
+}
+
+frmDebug& frmMain::traceWindow() {
+    if (!trace_) {
+        trace_ = std::make_unique<frmDebug>(context_, this);
+        places_.restore(*trace_);
+    }
+    return *trace_;
+}
+
+void frmMain::setReportsEnabled(bool enabled) {
+    ui_->cmdSave->setEnabled(enabled);
+    ui_->cmdPrint->setEnabled(enabled);
+    ui_->mnuFile->setEnabled(enabled);
+    // The keys of a disabled menu's commands would still work.
+    ui_->mnuSave->setEnabled(enabled);
+    ui_->mnuPrint->setEnabled(enabled);
+}
+
+void frmMain::setWorking(bool working) {
+    working_ = working;
+    ui_->cmdStart->setEnabled(!working);
+    ui_->cmdStop->setEnabled(working);
+    ui_->cmdOptions->setEnabled(!working);
+    ui_->mnuOptions->setEnabled(!working);
+    setReportsEnabled(!working);
+    if (trace_) {
+        trace_->setSaveEnabled(!working);
+    }
+}
+
+void frmMain::enterRunState() {
+    setWorking(true);
+    results_->enterNoResults();
+    context_.workspace.trace.Clear();
+    traceShown_.ask();
+    setWindowTitle(shown(ApplicationTitle) + " checking...");
+}
+
+void frmMain::leaveRunState() {
+    setWorking(false);
+    results_->enableSelectors();
+    setWindowTitle(shown(ApplicationTitle));
+}
+
+void frmMain::showTraceWindow() {
+    traceWindow().setSaveEnabled(false);
+    traceWindow().show();
+}
+
+void frmMain::ShowResults() {
+    results_->ShowResults();
+}
+
+void frmMain::work(const std::function<void()>& work) {
+    setWorking(true);
+    results_->setEnabled(false);
+    const auto end = [this](void*) {
+        results_->setEnabled(true);
+        setWorking(false);
+        context_.workspace.run.abort = false;
+        QMetaObject::invokeMethod(this, &frmMain::closeIfAsked, Qt::QueuedConnection);
+    };
+    const std::unique_ptr<void, decltype(end)> working(this, end);
+    work();
+}
+
+void frmMain::closeIfAsked() {
+    if (closeAsked_) {
+        close();
+    }
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (working_) {
+        event->ignore();
+        if (!std::exchange(closeAsked_, true)) {
+            stop();
+        }
+        return;
+    }
+    keepPlaces();
+    trace_.reset();
+    help_.reset();
+    event->accept();
+    QApplication::quit();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    const ResultList& pages = context_.workspace.settings.configuration.lstCheckHTML;
+    if (!working_ && droppedPage(*event->mimeData(), pages)) {
+        event->acceptProposedAction();
+    }
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    const ResultList& pages = context_.workspace.settings.configuration.lstCheckHTML;
+    if (const auto page = droppedPage(*event->mimeData(), pages)) {
+        event->acceptProposedAction();
+        // After the drop has ended: the program that is dragged from waits for it.
+        QMetaObject::invokeMethod(
+            this, [this, page = *page] { chooseProfile(page); }, Qt::QueuedConnection);
+    }
+}
+
+} // namespace quillmark

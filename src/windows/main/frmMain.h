@@ -1,0 +1,97 @@
+#pragma once
+
+#include "engine/outside/RunWindow.h"
+#include "windows/help/frmHelp.h"
+#include "windows/main/MessageModel.h"
+#include "windows/main/RunCommands.h"
+#include "windows/main/WindowPlaces.h"
+#include "windows/outside/WindowContext.h"
+#include "windows/printing/ReportCommands.h"
+#include "windows/results/DisplayFrame.h"
+#include "windows/run/frmDebug.h"
+#include "windows/shared/Later.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace Ui {
+class frmMain;
+}
+
+namespace quillmark {
+
+/// The main window: starts and stops checks, shows their messages and results, and opens all other
+/// windows. While a check runs, or something is deleted on the host, it stays alive, but nothing
+/// that would disturb the work can be pressed; closing it then ends the work first.
+class frmMain : public QMainWindow, public RunWindow {
+    Q_OBJECT
+
+public:
+    /// `helpFolder` is where the help pages are, in the machine's own form.
+    frmMain(const WindowContext& context, RunCommands& run, std::filesystem::path helpFolder);
+    ~frmMain() override;
+    frmMain(const frmMain&) = delete;
+    frmMain& operator=(const frmMain&) = delete;
+
+    /// Opens the profile dialog, and starts a check when the user asks for one there. A start path
+    /// ("\" form) that is given is proposed in a new profile.
+    void chooseProfile(std::string_view startPath = {});
+
+    /// New messages were posted.
+    void messagesPosted();
+    /// The conversation with the host went on.
+    void conversationTraced() { traceShown_.ask(); }
+
+    void enterRunState() override;
+    void leaveRunState() override;
+    void showTraceWindow() override;
+    void ShowResults() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void addResults();
+    void connectCommands();
+    void connectHelp();
+    void setIcons();
+    void enterNoResults();
+    void restorePlaces();
+    void keepPlaces();
+
+    void setWorking(bool working);
+    void setReportsEnabled(bool enabled);
+    void work(const std::function<void()>& work);
+    void closeIfAsked();
+    void stop();
+    void editOptions();
+    void askForDocumentation();
+    void showAbout();
+    void showHelp(const QString& page);
+    void showMessages();
+    frmDebug& traceWindow();
+
+    WindowContext context_;
+    RunCommands& run_;
+    std::filesystem::path helpFolder_;
+    WindowPlaces places_;
+    ReportCommands reports_;
+    MessageModel messages_;
+    Later messagesShown_;
+    Later traceShown_;
+    std::unique_ptr<Ui::frmMain> ui_;
+    std::unique_ptr<DisplayFrame> results_;
+    std::unique_ptr<frmDebug> trace_;
+    std::unique_ptr<frmHelp> help_;
+    std::string currentProfile_;
+    bool working_ = false;
+    bool closeAsked_ = false;
+};
+
+} // namespace quillmark

@@ -1,0 +1,83 @@
+#include "windows/results/ItemCommands.h"
+
+#include "base/Failure.h"
+#include "base/Paths.h"
+#include "base/Version.h"
+#include "engine/host/HostDelete.h"
+#include "ui/results/ItemActions.h"
+#include "windows/shared/Guard.h"
+#include "windows/shared/Text.h"
+
+#include <QMessageBox>
+
+#include <optional>
+#include <utility>
+
+namespace quillmark {
+
+ItemCommands::ItemCommands(WindowContext context, HostWork hostWork, QWidget* owner)
+    : context_(std::move(context)), hostWork_(std::move(hostWork)), owner_(owner) {}
+
+void ItemCommands::View(std::string_view target) {
+    guarded(owner_, [&] { context_.shell.open(target); });
+}
+
+void ItemCommands::Delete(std::string_view target) {
+    guarded(owner_, [&] {
+        if (!confirmed(target)) {
+            return;
+        }
+        if (context_.workspace.run.localMode) {
+            deleteLocalFile(context_.disk, target);
+        } else {
+            deleteFromHost(target);
+        }
+    });
+}
+
+bool ItemCommands::confirmed(std::string_view target) {
+    QMessageBox question(QMessageBox::Question, shown(ApplicationTitle),
+                         "Delete " + shown(target) + "?", QMessageBox::Yes | QMessageBox::No,
+                         owner_);
+    question.setTextFormat(Qt::PlainText);
+    question.setDefaultButton(QMessageBox::No);
+    return question.exec() == QMessageBox::Yes;
+}
+
+void ItemCommands::deleteFromHost(std::string_view target) {
+    std::optional<Failure> failure;
+    hostWork_([&] {
+        try {
+            deleteOnHost(context_.ftp, context_.messages, context_.workspace.settings.profile,
+                         target);
+        } catch (const Failure& refused) {
+            failure = refused;
+        }
+    });
+    if (failure) {
+        throw Failure(*failure);
+    }
+}
+
+void ItemCommands::Move(std::string_view target) {
+    try {
+        moveToChosenPlace(target);
+    } catch (const Failure&) {
+        // The file is where it was, and the missing message says so.
+        return;
+    }
+}
+
+void ItemCommands::moveToChosenPlace(std::string_view target) {
+    const std::filesystem::path source = ToForwardSlashes(target);
+    SaveQuestion question{"Select Move Location", source, {}, {"All Files (*.*)"}};
+    question.proposed.make_preferred();
+    const auto chosen = context_.dialogs.saveFile(owner_, question);
+    if (!chosen) {
+        return;
+    }
+    context_.mover.move(target, *chosen);
+    context_.messages.post("File ", target, " Moved To ", chosen->string());
+}
+
+} // namespace quillmark

@@ -1,0 +1,72 @@
+#include "windows/results/ResultsModel.h"
+
+#include "windows/shared/Text.h"
+
+#include <QScopeGuard>
+
+namespace quillmark {
+
+ResultsModel::ResultsModel(Workspace& workspace, Messages& messages, Progress& progress)
+    : view_(workspace, messages, progress) {}
+
+void ResultsModel::ShowResults(const ResultsSelection& selected) {
+    clear();
+    const auto complete = qScopeGuard([this] { publish(); });
+    view_.ShowResults(selected);
+}
+
+void ResultsModel::clear() {
+    view_.clear();
+    publish();
+}
+
+void ResultsModel::publish() {
+    beginResetModel();
+    rows_ = view_.rowCount();
+    columns_ = view_.columnCount();
+    endResetModel();
+}
+
+std::optional<int> ResultsModel::find(const QString& text, int from, bool forward) const {
+    for (int passed = 0; passed < rows_; ++passed) {
+        const int row = (from + (forward ? passed : -passed) + 2 * rows_) % rows_;
+        if (rowHolds(row, text)) {
+            return row;
+        }
+    }
+    return std::nullopt;
+}
+
+bool ResultsModel::rowHolds(int row, const QString& text) const {
+    for (int column = 0; column < columns_; ++column) {
+        if (cell(row, column).contains(text, Qt::CaseInsensitive)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+QString ResultsModel::cell(int row, int column) const {
+    return shown(view_.text(row, column));
+}
+
+int ResultsModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+int ResultsModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columns_;
+}
+
+QVariant ResultsModel::data(const QModelIndex& index, int role) const {
+    return role == Qt::DisplayRole ? cell(index.row(), index.column()) : QVariant();
+}
+
+QVariant ResultsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section >= columns_) {
+        return {};
+    }
+    return shown(view_.header(section));
+}
+
+} // namespace quillmark

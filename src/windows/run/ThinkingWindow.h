@@ -1,0 +1,35 @@
+#pragma once
+
+#include "store/Progress.h"
+#include "windows/run/frmThinking.h"
+
+#include <QPointer>
+
+#include <chrono>
+
+namespace quillmark {
+
+/// Shows how far a long loop has come in the progress window. Whoever runs the loop also runs the
+/// events; this never does.
+class ThinkingWindow : public Progress {
+public:
+    /// The window that the progress window stands over, and goes with; until there is one, nothing
+    /// is shown.
+    void setOwner(QWidget* owner) { owner_ = owner; }
+
+    void InitializeThinking(std::string_view title) override;
+    /// May be called for every line of a list: the bar moves 30 times a second at most, and a call
+    /// between costs no more than a look at the clock.
+    void UpdateThinking(int current, int total) override;
+    void RemoveThinking() override;
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    QPointer<QWidget> owner_;
+    QPointer<frmThinking> window_;
+    int steps_ = 0;
+    Clock::time_point next_;
+};
+
+} // namespace quillmark

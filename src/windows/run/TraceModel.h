@@ -1,0 +1,28 @@
+#pragma once
+
+#include "store/CappedList.h"
+
+#include <QAbstractListModel>
+
+namespace quillmark {
+
+/// The lines of the trace as a view shows them, without a copy of them.
+class TraceModel : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    explicit TraceModel(const CappedList& lines) : lines_(lines) {}
+
+    /// Takes over what has changed since the last call. The rows stay where they are and only their
+    /// texts move, so that a full list goes by without flickering.
+    void refresh();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    const CappedList& lines_;
+    int rows_ = 0;
+};
+
+} // namespace quillmark

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "ui/TraceSave.h"
+#include "windows/outside/WindowContext.h"
+#include "windows/run/TraceModel.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+namespace Ui {
+class frmDebug;
+}
+
+namespace quillmark {
+
+/// The host trace: the conversation with the host and the messages of the run, the newest line
+/// selected and in sight. A run can open it without taking the keyboard from the main window;
+/// closing it hides it.
+class frmDebug : public QMainWindow {
+    Q_OBJECT
+
+public:
+    frmDebug(const WindowContext& context, QWidget* parent);
+    ~frmDebug() override;
+    frmDebug(const frmDebug&) = delete;
+    frmDebug& operator=(const frmDebug&) = delete;
+
+    /// Shows the trace as it is now; to be called when it has changed. Next to nothing while the
+    /// window is hidden.
+    void refresh();
+
+    /// Whether the trace may be saved; not while a run adds to it.
+    void setSaveEnabled(bool enabled);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void save();
+    void copy() const;
+
+    FileDialogs& dialogs_;
+    TraceSave saver_;
+    TraceModel lines_;
+    std::unique_ptr<Ui::frmDebug> ui_;
+};
+
+} // namespace quillmark

@@ -1,0 +1,32 @@
+#include "windows/settings/MessageBoxes.h"
+
+#include "base/Version.h"
+#include "windows/shared/Text.h"
+
+namespace quillmark {
+
+namespace {
+
+QMessageBox::StandardButton show(QMessageBox& box) {
+    // A name of a profile may look like mark-up.
+    box.setTextFormat(Qt::PlainText);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+} // namespace
+
+QMessageBox::StandardButton ask(QWidget* owner, const QString& question,
+                                QMessageBox::StandardButtons buttons,
+                                QMessageBox::StandardButton harmless) {
+    QMessageBox box(QMessageBox::Question, shown(ApplicationTitle), question, buttons, owner);
+    box.setDefaultButton(harmless);
+    box.setEscapeButton(harmless);
+    return show(box);
+}
+
+void tellError(QWidget* owner, const QString& text) {
+    QMessageBox box(QMessageBox::Warning, shown(ApplicationTitle), text, QMessageBox::Ok, owner);
+    show(box);
+}
+
+} // namespace quillmark

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QString>
+#include <QWidget>
+
+namespace quillmark {
+
+/// Asks over `owner` and returns the answer. `harmless`, one of the buttons, is what the Enter key
+/// and closing the box choose.
+QMessageBox::StandardButton ask(QWidget* owner, const QString& question,
+                                QMessageBox::StandardButtons buttons,
+                                QMessageBox::StandardButton harmless);
+
+/// Tells of an error over `owner`, with an OK button.
+void tellError(QWidget* owner, const QString& text);
+
+} // namespace quillmark

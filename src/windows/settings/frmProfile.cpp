@@ -1,0 +1,221 @@
+#include "windows/settings/frmProfile.h"
+
+#include "base/Failure.h"
+#include "base/Paths.h"
+#include "settings/ProfileFile.h"
+#include "ui_frmProfile.h"
+#include "windows/settings/MessageBoxes.h"
+#include "windows/shared/Guard.h"
+#include "windows/shared/Text.h"
+
+namespace quillmark {
+
+frmProfile::frmProfile(const WindowContext& context, std::string& currentProfileName,
+                       QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmProfile>()), context_(context),
+      currentProfileName_(currentProfileName) {
+    ui_->setupUi(this);
+    QSizePolicy keepsRoom = ui_->lblComma->sizePolicy();
+    keepsRoom.setRetainSizeWhenHidden(true);
+    ui_->lblComma->setSizePolicy(keepsRoom);
+    bindFields();
+    connectControls();
+    openCurrentProfile();
+}
+
+frmProfile::~frmProfile() = default;
+
+void frmProfile::bindFields() {
+    texts_ = {{BytesEdit(ui_->HostName), &ProfileFields::hostName},
+              {BytesEdit(ui_->UserName), &ProfileFields::userName},
+              {BytesEdit(ui_->StartPath), &ProfileFields::startPath},
+              {BytesEdit(ui_->Account), &ProfileFields::account},
+              {BytesEdit(ui_->Password), &ProfileFields::password},
+              {BytesEdit(ui_->HostAlias), &ProfileFields::hostAlias},
+              {BytesEdit(ui_->txtDepth), &ProfileFields::depth},
+              {BytesEdit(ui_->txtStartColumn), &ProfileFields::startColumn},
+              {BytesEdit(ui_->txtEndColumn), &ProfileFields::endColumn},
+              {BytesEdit(ui_->txtHostPort), &ProfileFields::hostPort}};
+    flags_ = {{ui_->chkGetStats, &ProfileFields::getStats},
+              {ui_->chkCheckDupes, &ProfileFields::checkDupes},
+              {ui_->chkIgnoreTopics, &ProfileFields::ignoreTopics},
+              {ui_->chkIgnore_CGI, &ProfileFields::ignoreCgi},
+              {ui_->chkCheck_URL, &ProfileFields::checkUrl},
+              {ui_->chkIgnoreValue, &ProfileFields::ignoreValue},
+              {ui_->chkDisablePASV, &ProfileFields::disablePasv},
+              {ui_->chkUpperLevels, &ProfileFields::upperLevels},
+              {ui_->chkRootLevel, &ProfileFields::rootLevel}};
+}
+
+void frmProfile::connectControls() {
+    connect(ui_->cmboProfiles, &ProfileList::entered, this, &frmProfile::rememberDraft);
+    connect(ui_->cmboProfiles, &ProfileList::nameTyped, this, &frmProfile::LoadProfile);
+    connect(ui_->cmboProfiles, &ProfileList::nameChosen, this, &frmProfile::chooseName);
+    connect(ui_->cmboProfiles, &QComboBox::editTextChanged, this, &frmProfile::nameChanged);
+    for (QLineEdit* const edit :
+         {ui_->HostName, ui_->UserName, ui_->StartPath, ui_->Account, ui_->HostAlias}) {
+        connect(edit, &QLineEdit::textChanged, this, &frmProfile::fieldsChanged);
+    }
+    connect(ui_->cmdStart, &QPushButton::clicked, this, &frmProfile::start);
+    connect(ui_->cmdNew, &QPushButton::clicked, this, &frmProfile::startNew);
+    connect(ui_->cmdSave, &QPushButton::clicked, this, &frmProfile::SaveProfile);
+    connect(ui_->cmdDelete, &QPushButton::clicked, this, &frmProfile::deleteProfile);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui_->cmdBrowse, &QPushButton::clicked, this, &frmProfile::browse);
+    connect(ui_->mnuHelp, &QAction::triggered, this, &frmProfile::helpRequested);
+}
+
+void frmProfile::openCurrentProfile() {
+    guarded(this, [this] { ListProfiles(currentProfileName_); });
+    LoadProfile();
+    rememberDraft();
+}
+
+void frmProfile::proposeStartPath(std::string_view startPath) {
+    ProfileFields proposed = ClearFields();
+    proposed.startPath = startPath;
+    showNewProfile(proposed);
+}
+
+ProfileFields frmProfile::fields() const {
+    ProfileFields fields;
+    for (const Text& text : texts_) {
+        fields.*text.field = text.control.bytes();
+    }
+    for (const Flag& flag : flags_) {
+        fields.*flag.field = flag.control->isChecked();
+    }
+    return fields;
+}
+
+void frmProfile::display(const ProfileFields& fields) {
+    for (Text& text : texts_) {
+        text.control.show(fields.*text.field);
+    }
+    for (const Flag& flag : flags_) {
+        flag.control->setChecked(fields.*flag.field);
+    }
+}
+
+void frmProfile::fieldsChanged() {
+    ui_->lblComma->setVisible(holdsComma(fields()));
+}
+
+void frmProfile::nameChanged() {
+    const bool named = !ui_->cmboProfiles->currentText().isEmpty();
+    ui_->cmdSave->setEnabled(named);
+    ui_->cmdDelete->setEnabled(named);
+}
+
+void frmProfile::rememberDraft() {
+    draft_.reset();
+    if (!ui_->cmboProfiles->isListed() && fields() != ClearFields()) {
+        draft_ = fields();
+    }
+}
+
+QMessageBox::StandardButton frmProfile::CheckForChanges() {
+    if (!hasUnsavedChanges(ui_->cmboProfiles->name(), fields(), context_.workspace.settings)) {
+        return QMessageBox::Yes;
+    }
+    const auto answer =
+        ask(this, "Save changes to " + ui_->cmboProfiles->currentText() + "?",
+            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel);
+    return answer == QMessageBox::Yes && !SaveProfile() ? QMessageBox::Cancel : answer;
+}
+
+void frmProfile::LoadProfile() {
+    Settings& settings = context_.workspace.settings;
+    const bool loaded = quillmark::LoadProfile(settings, context_.files, ui_->cmboProfiles->name());
+    const bool ofNoFile = !loaded && !ui_->cmboProfiles->isListed();
+    display(ofNoFile && draft_ ? *draft_ : ShowFields(settings));
+}
+
+void frmProfile::showNewProfile(const ProfileFields& fields) {
+    ui_->cmboProfiles->setName({});
+    nameChanged();
+    display(fields);
+    rememberDraft();
+    ui_->cmboProfiles->setFocus();
+}
+
+bool frmProfile::SaveProfile() {
+    const std::string name = ui_->cmboProfiles->name();
+    try {
+        Settings edited = context_.workspace.settings;
+        StoreFields(fields(), edited);
+        quillmark::SaveProfile(edited, context_.files, name);
+        StoreFields(fields(), context_.workspace.settings);
+        ListProfiles(name);
+        display(ShowFields(context_.workspace.settings));
+        rememberDraft();
+        return true;
+    } catch (const Failure& failure) {
+        tellFailure(failure.description());
+        return false;
+    }
+}
+
+void frmProfile::ListProfiles(std::string_view shownName) {
+    ui_->cmboProfiles->setNames(quillmark::ListProfiles(context_.files));
+    ui_->cmboProfiles->setName(shownName);
+    nameChanged();
+}
+
+void frmProfile::chooseName() {
+    draft_.reset();
+    LoadProfile();
+}
+
+void frmProfile::startNew() {
+    if (CheckForChanges() != QMessageBox::Cancel) {
+        showNewProfile(ClearFields());
+    }
+}
+
+void frmProfile::deleteProfile() {
+    const auto answer = ask(this, "Delete the profile " + ui_->cmboProfiles->currentText() + "?",
+                            QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    if (answer != QMessageBox::Yes) {
+        return;
+    }
+    try {
+        context_.files.remove(profileFileName(ui_->cmboProfiles->name()));
+        ListProfiles({});
+        showNewProfile(ClearFields());
+    } catch (const Failure& failure) {
+        tellFailure(failure.description());
+        guarded(this, [this] { ListProfiles(ui_->cmboProfiles->name()); });
+    }
+}
+
+void frmProfile::start() {
+    guarded(this, [this] {
+        if (CheckForChanges() == QMessageBox::Cancel) {
+            return;
+        }
+        if (ui_->cmboProfiles->name().empty()) {
+            StoreFields(fields(), context_.workspace.settings);
+        }
+        currentProfileName_ = ui_->cmboProfiles->name();
+        started_ = true;
+        accept();
+    });
+}
+
+void frmProfile::browse() {
+    if (const auto page = context_.dialogs.openPage(this)) {
+        ProfileFields chosen = fields();
+        chosen.startPath = ToBackSlashes(std::filesystem::absolute(*page).string());
+        display(chosen);
+    }
+}
+
+void frmProfile::tellFailure(const std::string& description) {
+    const std::string folder = ToBackSlashes(context_.programFolder.string());
+    const std::string file =
+        WithTrailingBackslash(folder) + profileFileName(ui_->cmboProfiles->name());
+    tellError(this, "Error: " + shown(description) + " (" + shown(file) + ")");
+}
+
+} // namespace quillmark

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "ui/profile/ProfileFields.h"
+#include "windows/outside/WindowContext.h"
+#include "windows/settings/BytesEdit.h"
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QMessageBox>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Ui {
+class frmProfile;
+}
+
+namespace quillmark {
+
+/// The dialog in which a profile is picked, edited and saved, and from which a check run is
+/// started. It edits the current profile of the workspace in place.
+///
+/// Start is the default button, so that a name and Enter start a check. That loses nothing: unsaved
+/// changes are asked about first. A check that is started without saving them uses the values last
+/// loaded or saved; without a name to save them under, it uses what the dialog shows. A save that
+/// fails counts as Cancel.
+///
+/// What was entered before there was a profile to it stays while its name is typed: a name without
+/// a file then shows those fields, else the current profile.
+class frmProfile : public QDialog {
+    Q_OBJECT
+public:
+    /// Shows the profile of that name. Start puts the name of the profile to be checked there.
+    frmProfile(const WindowContext& context, std::string& currentProfileName, QWidget* parent);
+    ~frmProfile() override;
+
+    /// Whether the dialog was closed by Start.
+    bool started() const { return started_; }
+    /// Shows a new profile with this start path (in "\" form), as for a page that was dropped.
+    void proposeStartPath(std::string_view startPath);
+
+signals:
+    void helpRequested();
+
+private:
+    struct Text {
+        BytesEdit control;
+        std::string ProfileFields::*field;
+    };
+    struct Flag {
+        QCheckBox* control;
+        bool ProfileFields::*field;
+    };
+
+    void bindFields();
+    void connectControls();
+    void openCurrentProfile();
+
+    ProfileFields fields() const;
+    void display(const ProfileFields& fields);
+    void fieldsChanged();
+    void nameChanged();
+    void rememberDraft();
+
+    QMessageBox::StandardButton CheckForChanges();
+    void LoadProfile();
+    void showNewProfile(const ProfileFields& fields);
+    /// Whether the profile is on the disk now.
+    bool SaveProfile();
+    void ListProfiles(std::string_view shownName);
+    void chooseName();
+    void startNew();
+    void deleteProfile();
+    void start();
+    void browse();
+    void tellFailure(const std::string& description);
+
+    std::unique_ptr<Ui::frmProfile> ui_;
+    const WindowContext& context_;
+    std::string& currentProfileName_;
+    std::vector<Text> texts_;
+    std::vector<Flag> flags_;
+    std::optional<ProfileFields> draft_; ///< Fields that belong to no file yet.
+    bool started_ = false;
+};
+
+} // namespace quillmark

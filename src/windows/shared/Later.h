@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QTimer>
+
+#include <functional>
+#include <utility>
+
+namespace quillmark {
+
+/// Does something once at the next turn of the event loop, however often it was asked for until
+/// then: what a run changes thousands of times a second is shown as often as it can be seen.
+class Later {
+public:
+    explicit Later(std::function<void()> action) {
+        timer_.setSingleShot(true);
+        QObject::connect(&timer_, &QTimer::timeout, std::move(action));
+    }
+
+    void ask() {
+        if (!timer_.isActive()) {
+            timer_.start(0);
+        }
+    }
+
+private:
+    QTimer timer_;
+};
+
+} // namespace quillmark

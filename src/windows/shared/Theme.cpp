@@ -1,0 +1,116 @@
+#include "windows/shared/Theme.h"
+
+#include "windows/shared/DesktopScheme.h"
+
+#include <QColor>
+#include <QStyle>
+#include <QStyleFactory>
+
+#include <initializer_list>
+#include <memory>
+
+namespace quillmark {
+
+namespace {
+
+struct RoleColor {
+    QPalette::ColorRole role;
+    QRgb color;
+};
+
+QPalette paletteOf(std::initializer_list<RoleColor> all,
+                   std::initializer_list<RoleColor> disabled) {
+    QPalette palette;
+    for (const RoleColor& entry : all) {
+        palette.setColor(entry.role, QColor(entry.color));
+    }
+    for (const RoleColor& entry : disabled) {
+        palette.setColor(QPalette::Disabled, entry.role, QColor(entry.color));
+    }
+    return palette;
+}
+
+/// Qt stands in with the colours of its Fusion style where the desktop has none for programs.
+bool desktopGivesColors(QApplication& application) {
+    application.setPalette(QPalette());
+    const std::unique_ptr<QStyle> fusion(QStyleFactory::create("Fusion"));
+    return QApplication::palette() != fusion->standardPalette();
+}
+
+} // namespace
+
+QPalette lightPalette() {
+    return paletteOf({{QPalette::Window, 0xf3f4f6},
+                      {QPalette::WindowText, 0x1f2933},
+                      {QPalette::Base, 0xffffff},
+                      {QPalette::AlternateBase, 0xf6f7f9},
+                      {QPalette::Text, 0x1f2933},
+                      {QPalette::Button, 0xf9fafb},
+                      {QPalette::ButtonText, 0x1f2933},
+                      {QPalette::BrightText, 0xffffff},
+                      {QPalette::Light, 0xffffff},
+                      {QPalette::Midlight, 0xe8eaee},
+                      {QPalette::Mid, 0xc4cad2},
+                      {QPalette::Dark, 0x99a2ad},
+                      {QPalette::Shadow, 0x69727d},
+                      {QPalette::Highlight, 0x0f766e},
+                      {QPalette::HighlightedText, 0xffffff},
+                      {QPalette::Link, 0x0b6b63},
+                      {QPalette::LinkVisited, 0x5b4b8a},
+                      {QPalette::ToolTipBase, 0x26313c},
+                      {QPalette::ToolTipText, 0xf3f5f7},
+                      {QPalette::PlaceholderText, 0x66707b}},
+                     {{QPalette::WindowText, 0x838c97},
+                      {QPalette::Text, 0x838c97},
+                      {QPalette::ButtonText, 0x838c97},
+                      {QPalette::Base, 0xf6f7f9},
+                      {QPalette::Highlight, 0xc4cad2},
+                      {QPalette::HighlightedText, 0x4b5560},
+                      {QPalette::Link, 0x838c97},
+                      {QPalette::LinkVisited, 0x838c97},
+                      {QPalette::PlaceholderText, 0x9aa2ad}});
+}
+
+QPalette darkPalette() {
+    return paletteOf({{QPalette::Window, 0x22262b},
+                      {QPalette::WindowText, 0xe6e8eb},
+                      {QPalette::Base, 0x191c20},
+                      {QPalette::AlternateBase, 0x1f2327},
+                      {QPalette::Text, 0xe6e8eb},
+                      {QPalette::Button, 0x30363d},
+                      {QPalette::ButtonText, 0xe6e8eb},
+                      {QPalette::BrightText, 0xffffff},
+                      {QPalette::Light, 0x4c545e},
+                      {QPalette::Midlight, 0x3c434b},
+                      {QPalette::Mid, 0x2b3036},
+                      {QPalette::Dark, 0x131518},
+                      {QPalette::Shadow, 0x08090a},
+                      {QPalette::Highlight, 0x127a70},
+                      {QPalette::HighlightedText, 0xffffff},
+                      {QPalette::Link, 0x5fd3c6},
+                      {QPalette::LinkVisited, 0xc3aef2},
+                      {QPalette::ToolTipBase, 0x3a424b},
+                      {QPalette::ToolTipText, 0xf1f3f5},
+                      {QPalette::PlaceholderText, 0x929ba6}},
+                     {{QPalette::WindowText, 0x7b848f},
+                      {QPalette::Text, 0x7b848f},
+                      {QPalette::ButtonText, 0x7b848f},
+                      {QPalette::Base, 0x1f2327},
+                      {QPalette::Highlight, 0x3c434b},
+                      {QPalette::HighlightedText, 0xaab2bc},
+                      {QPalette::Link, 0x7b848f},
+                      {QPalette::LinkVisited, 0x7b848f},
+                      {QPalette::PlaceholderText, 0x6a727c}});
+}
+
+void applyTheme(QApplication& application, ThemeChoice choice) {
+    if (choice == ThemeChoice::System && desktopGivesColors(application)) {
+        return;
+    }
+    const bool dark =
+        choice == ThemeChoice::Dark || (choice == ThemeChoice::System && desktopPrefersDark());
+    QApplication::setStyle("Fusion");
+    application.setPalette(dark ? darkPalette() : lightPalette());
+}
+
+} // namespace quillmark

@@ -1,0 +1,76 @@
+#include "ui/profile/ProfileFields.h"
+
+#include "base/Failure.h"
+#include "settings/DefaultSettings.h"
+#include "ui/profile/NameCompletion.h"
+
+#include <gtest/gtest.h>
+
+namespace quillmark::test {
+namespace {
+
+TEST(ProfileFields, HoldWhatANewProfileBeginsWith) {
+    ProfileFields expected;
+    expected.depth = "0";
+    expected.startColumn = "33";
+    expected.endColumn = "43";
+    expected.hostPort = "21";
+    EXPECT_EQ(ClearFields(), expected);
+}
+
+TEST(ProfileFields, ComeBackAsTheyWereStored) {
+    ProfileFields fields{"host", "user", "\\a\xE4", "acct", "p,w", "alias", "-3",
+                         "1",    "2",    "8021",    true,   false, true,    false,
+                         true,   false,  true,      false,  true};
+    Settings settings;
+    settings.configuration.IGNORE_VALUE = 1;
+    StoreFields(fields, settings);
+    EXPECT_EQ(ShowFields(settings), fields);
+    EXPECT_EQ(settings.configuration.IGNORE_VALUE, 0);
+    EXPECT_EQ(settings.profile.CHECK_URL, 1);
+}
+
+TEST(ProfileFields, StoreAllOrNothing) {
+    Settings settings;
+    settings.profile = newProfile();
+    ProfileFields fields = ClearFields();
+    fields.hostName = "new";
+    fields.hostPort = "70000";
+    EXPECT_THROW(StoreFields(fields, settings), Failure);
+    EXPECT_EQ(settings.profile, newProfile());
+}
+
+TEST(ProfileFields, AreUnsavedWhenOneDiffersAndThereIsAName) {
+    Settings settings;
+    settings.profile = newProfile();
+    ProfileFields fields = ClearFields();
+    EXPECT_FALSE(hasUnsavedChanges("site", fields, settings));
+    fields.hostPort = "021"; // The same number, another text.
+    EXPECT_TRUE(hasUnsavedChanges("site", fields, settings));
+    EXPECT_FALSE(hasUnsavedChanges("", fields, settings));
+}
+
+TEST(ProfileFields, TellOfACommaOutsideThePassword) {
+    ProfileFields fields;
+    fields.password = "a,b";
+    EXPECT_FALSE(holdsComma(fields));
+    fields.hostAlias = "a,b";
+    EXPECT_TRUE(holdsComma(fields));
+}
+
+TEST(NameCompletion, FindsTheFirstLongerNameInTheOrderOfTheList) {
+    struct Row {
+        const char* typed;
+        std::optional<std::size_t> found;
+    };
+    const std::vector<std::string> names = {"alpha", "MySite", "my", "mysite2", "\xC3\x84pfel"};
+    const std::vector<Row> rows = {{"my", 1},     {"MYSITE", 3},  {"mysite2", {}},
+                                   {"site", {}},  {"", {}},       {"A", 0},
+                                   {"alpha", {}}, {"alphas", {}}, {"\xC3\xA4p", 4}};
+    for (const Row& row : rows) {
+        EXPECT_EQ(completion(names, row.typed), row.found) << row.typed;
+    }
+}
+
+} // namespace
+} // namespace quillmark::test

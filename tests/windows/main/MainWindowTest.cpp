@@ -1,0 +1,205 @@
+#include "windows/support/Answers.h"
+#include "windows/support/TestProgram.h"
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+#include <QUrl>
+
+namespace quillmark::test {
+
+namespace {
+
+const std::string Example = QUILLMARK_EXAMPLE;
+
+void press(QWidget& window, const char* button) {
+    QTest::mouseClick(&child<QPushButton>(window, button), Qt::LeftButton);
+}
+
+/// Presses Start, fills the fields of the profile dialog, and presses a button there.
+void throughProfileDialog(TestProgram& program, const std::map<QString, QString>& texts,
+                          const QStringList& checks, const char* button = "cmdStart") {
+    WhenModal dialog(named("frmProfile"), [&](QWidget& profile) {
+        for (const auto& text : texts) {
+            child<QLineEdit>(profile, text.first.toUtf8()).setText(text.second);
+        }
+        for (const QString& check : checks) {
+            child<QCheckBox>(profile, check.toUtf8()).setChecked(true);
+        }
+        press(profile, button);
+    });
+    press(program.window(), "cmdStart");
+    QVERIFY(dialog.acted());
+}
+
+/// A configuration that tells capital letters apart, and nothing else but the defaults.
+std::string exactNames() {
+    TestProgram defaults;
+    std::string configuration = defaults.folder.read("Quillmark.ini");
+    const std::string last = "#IGNORECASE=";
+    return configuration.substr(0, configuration.rfind(last)) + last + "0\r\n";
+}
+
+QString frameAfterChoosing(TestProgram& program, const QString& display, const QString& mask) {
+    choose(program, "cmbMask", mask);
+    choose(program, "cmbDisplay", display);
+    return program.control<QGroupBox>("Frame2").title();
+}
+
+QString cell(TestProgram& program, int row, int column = 0) {
+    const QAbstractItemModel& model = *program.control<QAbstractItemView>("ListView1").model();
+    return model.index(row, column).data().toString();
+}
+
+} // namespace
+
+class MainWindowTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void startsWithoutResults() {
+        TestProgram program;
+        for (const char* off : {"cmdStop", "cmdSave", "cmdPrint"}) {
+            QVERIFY2(!program.control<QPushButton>(off).isEnabled(), off);
+        }
+        for (const char* off : {"cmbDisplay", "cmbMask", "cmbSort"}) {
+            QVERIFY2(!program.control<QComboBox>(off).isEnabled(), off);
+            QCOMPARE(program.control<QComboBox>(off).currentIndex(), 0);
+        }
+        QVERIFY(!program.control<QMenu>("mnuFile").isEnabled());
+        QCOMPARE(program.control<QGroupBox>("Frame2").title(), "");
+        QCOMPARE(program.window().windowTitle(), "Quillmark");
+        QVERIFY(program.folder.read("Quillmark.ini").starts_with("#QUILLMARK=3.5.0\r\n"));
+        QVERIFY(program.boxes.empty());
+    }
+
+    void resetsAForeignConfigurationAndSaysSo() {
+        const TestProgram program(std::string("\0\xFF rubbish\n\0", 12));
+        QCOMPARE(program.boxes.size(), 1U);
+        QVERIFY(program.boxes.front().starts_with("Your configuration file is from an older"));
+        QVERIFY(program.folder.read("Quillmark.ini").find("#CODE_MASKS=6") != std::string::npos);
+    }
+
+    void startsNothingWhenTheProfileDialogIsCancelled() {
+        TestProgram program;
+        throughProfileDialog(program, {{"StartPath", "C:\\site\\index.html"}}, {}, "cmdCancel");
+        QCOMPARE(program.control<QAbstractItemView>("Message").model()->rowCount(), 0);
+        QVERIFY(!program.control<QPushButton>("cmdSave").isEnabled());
+    }
+
+    void checksTheExampleSite() {
+        TestProgram program(exactNames());
+        throughProfileDialog(
+            program,
+            {{"StartPath", QString::fromStdString(ToBackSlashes(Example + "/index.html"))}},
+            {"chkIgnoreValue", "chkCheckDupes"});
+
+        QCOMPARE(program.window().windowTitle(), "Quillmark");
+        for (const char* on : {"cmdStart", "cmdSave", "cmdPrint", "cmdOptions"}) {
+            QVERIFY2(program.control<QPushButton>(on).isEnabled(), on);
+        }
+        QVERIFY(!program.control<QPushButton>("cmdStop").isEnabled());
+        QAbstractItemModel& messages = *program.control<QAbstractItemView>("Message").model();
+        QTRY_COMPARE(messages.index(messages.rowCount() - 1, 0).data().toString(),
+                     "Quillmark Finished");
+
+        const std::vector<std::array<QString, 3>> displays = {
+            {"Host Directory List", "Image Files", "Host Directory Listing (7 Entries)"},
+            {"Host File List", "All Files", "Host File Listing (40 Files)"},
+            {"Host File List", "Documents", "Host File Listing (5 Files)"},
+            {"Host File References", "All Files", "Host References (146 Files)"},
+            {"Unused Host Files", "All Files", "Unused Host Files (14 Files)"},
+            {"Invalid References", "All Files", "Invalid References (11 Files)"},
+            {"Ignored References", "All Files", "Ignored References (12 Files)"},
+            {"Duplicate Files", "All Files", "Duplicate File Listing (1 Entries)"}};
+        for (const auto& [display, mask, caption] : displays) {
+            QCOMPARE(frameAfterChoosing(program, display, mask), caption);
+        }
+        frameAfterChoosing(program, "Host File List", "All Files");
+        choose(program, "cmbSort", "Name");
+        QVERIFY(cell(program, 0).endsWith("/about.html") || cell(program, 0) < cell(program, 1));
+    }
+
+    void takesADroppedPageForTheStartPath() {
+        TestProgram program;
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(Example + "/index.html"))});
+        QString proposed;
+        const WhenModal dialog(named("frmProfile"), [&](QWidget& profile) {
+            proposed = child<QLineEdit>(profile, "StartPath").text();
+            QTest::keyClick(&profile, Qt::Key_Escape);
+        });
+        QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&program.window(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&program.window(), &drop);
+        QTRY_VERIFY(dialog.acted());
+        QCOMPARE(proposed.toStdString(), ToBackSlashes(Example + "/index.html"));
+    }
+
+    void opensHelpAboutAndDocumentation() {
+        TestProgram program;
+        program.control<QAction>("mnuContents").trigger();
+        program.control<QAction>("mnuAbout").trigger();
+        QStringList windows;
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->isVisible()) {
+                windows << window->objectName();
+            }
+        }
+        QVERIFY(windows.contains("frmHelp"));
+        QVERIFY(windows.contains("frmAbout"));
+        for (const auto button : {QMessageBox::No, QMessageBox::Yes}) {
+            const Answer answer(button);
+            program.control<QAction>("mnuWebSite").trigger();
+            QTRY_VERIFY(answer.acted());
+            QCOMPARE(answer.text(), "Open the Quillmark Documentation page in your browser?");
+        }
+        QTRY_COMPARE(program.shell.opened.size(), 1U);
+        QVERIFY(program.shell.opened.front().ends_with("\\index.html"));
+    }
+
+    void alternatesTheSoundsWhileTheyAreOn() {
+        TestProgram program;
+        const std::map<QString, QString> start = {
+            {"StartPath", QString::fromStdString(ToBackSlashes(Example + "/about.html"))}};
+        const auto toggleSounds = [&program] {
+            const WhenModal dialog(named("frmConfig2"), [](QWidget& options) {
+                child<QCheckBox>(options, "chkSound").toggle();
+                press(options, "cmdOk");
+            });
+            press(program.window(), "cmdOptions");
+        };
+        throughProfileDialog(program, start, {});
+        QVERIFY(program.sounds.played.empty());
+        toggleSounds();
+        for (int i = 0; i < 3; ++i) {
+            throughProfileDialog(program, start, {});
+        }
+        const std::vector<std::string> expected = {"fastchug", "moo",      "engine",
+                                                   "dhombls",  "fastchug", "moo"};
+        QCOMPARE(program.sounds.played, expected);
+    }
+
+    void remembersItsPlace() {
+        TestProgram program;
+        program.window().resize(701, 503);
+        program.window().close();
+        program.start();
+        QCOMPARE(program.window().size(), QSize(701, 503));
+        QVERIFY(program.folder.read("Quillmark.ini").find("geometry") == std::string::npos);
+    }
+};
+
+} // namespace quillmark::test
+
+QTEST_MAIN(quillmark::test::MainWindowTest)
+#include "MainWindowTest.moc"

@@ -1,0 +1,150 @@
+#include "integration/ftp/Servers.h"
+#include "settings/ConfigurationFile.h"
+#include "settings/ProfileFile.h"
+#include "windows/support/Answers.h"
+#include "windows/support/TestProgram.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace quillmark::test {
+
+namespace {
+
+/// Saves the profile "Host" of the server, and the options that matter here.
+void prepare(TestProgram& program, const FtpLogin& login, const std::string& startPath) {
+    Settings settings;
+    SetDefaultSettings(settings);
+    settings.configuration.TRACE_WINDOW = 1;
+    settings.configuration.IGNORECASE = 1;
+    settings.profile.HOST_NAME = login.host;
+    settings.profile.HOST_PORT = login.port;
+    settings.profile.USER_NAME = login.userName;
+    settings.profile.USER_PASSWORD = login.password;
+    settings.profile.START_PATH = startPath;
+    ProgramFolder files(ToBackSlashes(program.folder.path().string()));
+    SaveConfigurations(settings, files);
+    SaveProfile(settings, files, "Host");
+    program.start();
+}
+
+/// Presses Start, chooses the profile and presses Start there. Returns at the run's end.
+void check(TestProgram& program) {
+    const WhenModal dialog(named("frmProfile"), [](QWidget& profile) {
+        auto& profiles = child<QComboBox>(profile, "cmboProfiles");
+        profiles.lineEdit()->selectAll();
+        QTest::keyClicks(profiles.lineEdit(), "Host");
+        QTest::mouseClick(&child<QPushButton>(profile, "cmdStart"), Qt::LeftButton);
+    });
+    QTest::mouseClick(&program.control<QPushButton>("cmdStart"), Qt::LeftButton);
+}
+
+QStringList linesOf(QWidget& window, const char* list) {
+    QStringList lines;
+    const QAbstractItemModel& model = *child<QAbstractItemView>(window, list).model();
+    for (int i = 0; i < model.rowCount(); ++i) {
+        lines << model.index(i, 0).data().toString();
+    }
+    return lines;
+}
+
+/// Does something once the run has come so far that the text was posted.
+class WhenPosted : public QObject {
+public:
+    WhenPosted(TestProgram& program, QString text, std::function<void()> act) {
+        connect(&timer_, &QTimer::timeout, this, [this, &program, text, act] {
+            if (linesOf(program.window(), "Message").contains(text)) {
+                timer_.stop();
+                act();
+                sinceAct_.start();
+            }
+        });
+        timer_.start(1);
+    }
+    qint64 sinceAct() const { return sinceAct_.isValid() ? sinceAct_.elapsed() : -1; }
+
+private:
+    QTimer timer_;
+    QElapsedTimer sinceAct_;
+};
+
+} // namespace
+
+class RunningTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void checksAHostAndTracesIt() {
+        const RealServer server("vsftpd");
+        TestProgram program;
+        prepare(program, server.login(), std::string(QUILLMARK_EXAMPLE) + "/index.html");
+        check(program);
+        QTRY_VERIFY(linesOf(program.window(), "Message").contains("Quillmark Finished"));
+        QCOMPARE(program.control<QGroupBox>("Frame2").title(),
+                 "Host Directory Listing (7 Entries)");
+        auto& trace = child<QWidget>(program.window(), "frmDebug");
+        QVERIFY(trace.isVisible());
+        QTRY_VERIFY(linesOf(trace, "DebugList").contains("Quillmark : Quillmark Finished"));
+        QVERIFY(linesOf(trace, "DebugList").size() <= 52);
+    }
+
+    void stopsAStalledHostAtOnce() {
+        const FaultServer server("stalled-listing");
+        TestProgram program;
+        prepare(program, server.login(), "/index.html");
+        const WhenPosted stop(program, "Checking For /index.html", [&program] {
+            QVERIFY(!program.control<QPushButton>("cmdStart").isEnabled());
+            QCOMPARE(program.window().windowTitle(), "Quillmark checking...");
+            QTest::mouseClick(&program.control<QPushButton>("cmdStop"), Qt::LeftButton);
+        });
+        check(program);
+        // 200 ms are promised; sanitizers and a busy machine take their share.
+        QVERIFY2(stop.sinceAct() >= 0 && stop.sinceAct() < 600,
+                 qPrintable(QString::number(stop.sinceAct())));
+        QTRY_VERIFY(linesOf(program.window(), "Message").contains("Quillmark Aborted"));
+        QVERIFY(program.control<QPushButton>("cmdStart").isEnabled());
+        QVERIFY(program.control<QPushButton>("cmdSave").isEnabled());
+    }
+
+    void endsTheRunWhenTheWindowIsClosed() {
+        const FaultServer server("stalled-listing");
+        TestProgram program;
+        prepare(program, server.login(), "/index.html");
+        bool stayed = false;
+        const WhenPosted close(program, "Checking For /index.html", [&] {
+            program.window().close();
+            stayed = program.window().isVisible();
+        });
+        check(program);
+        QVERIFY(stayed);
+        QVERIFY(!program.window().isVisible());
+    }
+
+    void stopsALocalRun() {
+        TestProgram program;
+        TempFolder site;
+        std::string links;
+        for (int i = 0; i < 3000; ++i) {
+            const std::string name = "page" + std::to_string(i) + ".html";
+            site.write(name, "<a href=\"index.html\">\r\n\r\n");
+            links += "<a href=\"" + name + "\">\r\n";
+        }
+        site.write("index.html", links + "\r\n");
+        prepare(program, {}, ToBackSlashes(site.path().string()) + "\\index.html");
+        const WhenPosted stop(program, "Starting...", [&program] {
+            QTest::mouseClick(&program.control<QPushButton>("cmdStop"), Qt::LeftButton);
+        });
+        check(program);
+        QVERIFY(stop.sinceAct() >= 0 && stop.sinceAct() < 600);
+        QTRY_VERIFY(linesOf(program.window(), "Message").contains("Quillmark Aborted"));
+    }
+};
+
+} // namespace quillmark::test
+
+QTEST_MAIN(quillmark::test::RunningTest)
+#include "RunningTest.moc"

@@ -1,0 +1,163 @@
+#include "windows/run/ThinkingWindow.h"
+#include "windows/run/frmDebug.h"
+#include "windows/support/TestContext.h"
+
+#include <QClipboard>
+#include <QListView>
+#include <QMenu>
+#include <QProgressBar>
+#include <QTest>
+
+namespace quillmark::test {
+
+/// The windows that a run opens beside the main window.
+class RunWindowsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void traceShowsItsNewestLine();
+    void traceIsCopiedAndClosedByKeys();
+    void traceSaveGoesThroughTheDialog();
+    void progressIsShownOverItsOwner();
+    void progressNeedsAnOwner();
+};
+
+namespace {
+
+QStringList rowsOf(const QListView& view) {
+    QStringList rows;
+    for (int i = 0; i < view.model()->rowCount(); ++i) {
+        rows += view.model()->index(i, 0).data().toString();
+    }
+    return rows;
+}
+
+/// Without a display every window that opens becomes the active one; a window manager leaves the
+/// keyboard where it is.
+bool takesNoKeyboard(const QWidget& window) {
+    return window.testAttribute(Qt::WA_ShowWithoutActivating) && !window.isModal();
+}
+
+/// A main window with the trace window over it.
+struct TraceBench {
+    TraceBench() { window.show(); }
+    void trace(std::string_view text) {
+        parts.workspace.trace.Trace(text);
+        window.refresh();
+    }
+
+    TestContext parts;
+    QWidget main;
+    frmDebug window{parts.context, &main};
+    QListView& list = *window.findChild<QListView*>("DebugList");
+    QAction& save = *window.findChild<QAction*>("mnuSaveTrace");
+};
+
+} // namespace
+
+void RunWindowsTest::traceShowsItsNewestLine() {
+    TraceBench bench;
+    QCOMPARE(bench.window.windowTitle(), QString("Host Trace"));
+    QVERIFY(takesNoKeyboard(bench.window));
+    for (int i = 0; i < 60; ++i) {
+        bench.trace("line " + std::to_string(i));
+    }
+    QCOMPARE(rowsOf(bench.list).size(), 51);
+    QCOMPARE(rowsOf(bench.list).first(), QString("line 9"));
+    QCOMPARE(bench.list.selectionModel()->selectedRows(), {bench.list.currentIndex()});
+    QCOMPARE(bench.list.currentIndex().data(), QString("line 59"));
+    QVERIFY(
+        bench.list.viewport()->rect().contains(bench.list.visualRect(bench.list.currentIndex())));
+    bench.parts.workspace.trace.Clear();
+    bench.list.viewport()->repaint();
+    bench.trace("a\r\nb \xE9\r\n");
+    QCOMPARE(rowsOf(bench.list), QStringList({"a", QString("b ") + QChar(0xE9)}));
+    bench.window.hide();
+    bench.trace("c");
+    bench.window.show();
+    QCOMPARE(bench.list.currentIndex().data(), QString("c"));
+}
+
+void RunWindowsTest::traceIsCopiedAndClosedByKeys() {
+    TraceBench bench;
+    bench.trace("a\r\nb\r\n");
+    bench.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&bench.window));
+    bench.list.setFocus();
+    QTest::keyClick(&bench.list, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString("b"));
+    QTest::keyClick(&bench.list, Qt::Key_Up, Qt::ShiftModifier);
+    QTest::keyClick(&bench.list, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString("a\nb"));
+    QTest::keyClick(&bench.list, Qt::Key_Escape);
+    QVERIFY(!bench.window.isVisible());
+}
+
+void RunWindowsTest::traceSaveGoesThroughTheDialog() {
+    TraceBench bench;
+    bench.parts.dialogs.answers = {bench.parts.folder.path() / "t.txt", std::nullopt};
+    bench.window.setSaveEnabled(false);
+    bench.save.trigger();
+    QVERIFY(bench.parts.dialogs.asked.empty());
+    bench.window.setSaveEnabled(true);
+    bench.save.trigger();
+    bench.save.trigger();
+    QCOMPARE(bench.parts.folder.read("t.txt"), std::string("Quillmark Version 3.5.0\r\n"));
+    const QString unable = "Unable to save trace window";
+    QCOMPARE(rowsOf(bench.list), QStringList({unable, unable}));
+    const SaveQuestion& question = bench.parts.dialogs.asked.front();
+    QCOMPARE(question.proposed.string(), std::string("trace"));
+    QCOMPARE(question.extension, QString("txt"));
+    QCOMPARE(question.filters, QStringList({"Text Files (*.txt)", "All Files (*.*)"}));
+}
+
+void RunWindowsTest::progressIsShownOverItsOwner() {
+    QWidget main;
+    main.setGeometry(100, 100, 600, 400);
+    main.show();
+    ThinkingWindow progress;
+    progress.setOwner(&main);
+    progress.InitializeThinking("Checking References");
+    auto& window = *main.findChild<frmThinking*>();
+    const auto& bar = *window.findChild<QProgressBar*>("ProgressBar1");
+    const auto full = [&bar] { return bar.value() * 100.0 / bar.maximum(); };
+    QVERIFY(window.isVisible() && takesNoKeyboard(window));
+    QVERIFY(window.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    QVERIFY((window.frameGeometry().center() - main.frameGeometry().center()).manhattanLength() <
+            40);
+    QCOMPARE(window.windowTitle(), QString("Checking References...PleaseWait"));
+    progress.UpdateThinking(1, 3);
+    QCOMPARE(full(), 33.3);
+    progress.InitializeThinking("Checking for CGI Files");
+    QCOMPARE(window.windowTitle(), QString("Checking for CGI Files...PleaseWait"));
+    progress.UpdateThinking(30999, 31000);
+    QCOMPARE(full(), 99.9);
+    progress.RemoveThinking();
+    QVERIFY(!window.isVisible());
+    progress.InitializeThinking("Checking Unused Files");
+    QVERIFY(window.isVisible());
+    QCOMPARE(full(), 0.0);
+    progress.UpdateThinking(2, 31000 * 20);
+    QCOMPARE(full(), 0.0);
+}
+
+void RunWindowsTest::progressNeedsAnOwner() {
+    ThinkingWindow progress;
+    const auto runPass = [&progress] {
+        progress.InitializeThinking("Checking References");
+        progress.UpdateThinking(1, 2);
+        progress.RemoveThinking();
+    };
+    runPass();
+    auto main = std::make_unique<QWidget>();
+    progress.setOwner(main.get());
+    runPass();
+    main.reset();
+    runPass();
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+} // namespace quillmark::test
+
+QTEST_MAIN(quillmark::test::RunWindowsTest)
+#include "RunWindowsTest.moc"
