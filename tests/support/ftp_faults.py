@@ -9,6 +9,7 @@ and every page PAGE.
 """
 
 import itertools
+import os
 import socket
 import struct
 import sys
@@ -20,7 +21,8 @@ LINGER = (socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
 
 
 def free_port(listener):
-    for candidate in range(20000, 32000):
+    """Not the one that a server of another test has just left: somebody may still call it."""
+    for candidate in range(20000 + os.getpid() % 10000, 32000):
         try:
             listener.bind(("127.0.0.1", candidate))
             return candidate
@@ -124,6 +126,38 @@ def no_last_reply(it, _):
     it.stall()
 
 
+def hasty(answer):
+    """On the first connection the next command is taken before the last reply, and gets `answer`."""
+    def fault(it, _):
+        it.send(PAGE)
+        if it.number == 1:
+            it.log.write(it.lines.readline())
+            it.say(answer)
+        it.say("226 done")
+
+    return fault
+
+
+def failed_late(content):
+    def fault(it, _):
+        it.send(content)
+        it.control.recv(1, socket.MSG_PEEK)
+        it.say("451 local error")
+
+    return fault
+
+
+def delete(it, _):
+    """The port that was announced last is closed, too."""
+    it.data.close()
+    it.say("250 deleted")
+
+
+def endless_reply(it, _):
+    while True:
+        it.say("150-" + "x" * 1000)
+
+
 def cut_page(reset):
     def fault(it, _):
         it.pages += 1
@@ -157,10 +191,9 @@ USUAL = {
     "greeting": "220 ready",
     "USER": "331 password",
     "PASS": "230 welcome",
-    "PWD": '257 "/" is current',
     "TYPE": "200 type set",
     "QUIT": lambda it, _: it.close("221 bye"),
-    "DELE": "250 deleted",
+    "DELE": delete,
     "RMD": "250 deleted",
     "EPSV": lambda it, _: it.say("229 Extended (|||%d|)" % it.passive()),
     "PASV": lambda it, _: it.say("227 Passive (10,1,2,3,%d,%d)" % divmod(it.passive(), 256)),
@@ -171,6 +204,7 @@ USUAL = {
 }
 SCENARIOS = {
     "healthy": {},
+    "long-welcome": {"PASS": "230-welcome\r\n331 is a number of users\r\n230- \r\n230 ready"},
     "login-refused": {"PASS": "530 Login incorrect."},
     "echoing": {"PASS": lambda it, password: it.say(b"530 no: " + password + b"\r\n")},
     "account-needed": {"PASS": "332 account please", "ACCT": "230 welcome"},
@@ -191,6 +225,11 @@ SCENARIOS = {
     "stalled-reply": {"RETR": stall},
     "stalled-listing": {"LIST": lambda it, _: it.send(then_stall(it, LISTING + LISTING[:20]))},
     "no-last-reply": {"RETR": no_last_reply},
+    "drops-early": {"RETR": hasty(b"")},
+    "busy-early": {"RETR": hasty(b"450 busy\r\n")},
+    "failed-late": {"RETR": failed_late(PAGE), "LIST": failed_late(LISTING)},
+    "endless-reply": {"RETR": endless_reply},
+    "long-line-reply": {"RETR": "150 " + "x" * 100000},
     "both-replies": {"RETR": lambda it, _: it.send(PAGE, "150 here it comes\r\n226 done")},
     "no-goodbye": {"QUIT": stall},
     "refused": {"RETR": "550 no such page", "LIST": "550 no such directory"},

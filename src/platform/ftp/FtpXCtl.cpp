@@ -1,7 +1,6 @@
 #include "platform/ftp/FtpXCtl.h"
 
 #include "platform/ftp/FtpFailures.h"
-#include "platform/ftp/FtpRequest.h"
 #include "platform/ftp/ListingLines.h"
 #include "platform/ftp/PageFile.h"
 
@@ -11,12 +10,13 @@ namespace {
 
 using Kind = FtpOutcome::Kind;
 
-bool nothing(std::string_view /*bytes*/) {
-    return true;
-}
-
 bool wasRefused(const FtpOutcome& outcome) {
     return outcome.kind == Kind::Refused || outcome.kind == Kind::Broken;
+}
+
+/// Whether the text can be part of one command: no line break, no zero byte.
+bool isSendable(std::string_view text) {
+    return text.find_first_of(std::string_view("\r\n\0", 3)) == std::string_view::npos;
 }
 
 void requireSendable(std::string_view text) {
@@ -29,7 +29,7 @@ void requireSendable(std::string_view text) {
 
 FtpXCtl::FtpXCtl(Messages& messages, EventLoop& events, const RunState& state, FtpTrace& trace,
                  const FtpTimeouts& timeouts)
-    : messages_(messages), conversation_(events, state, trace, timeouts) {}
+    : messages_(messages), dialogue_(events, state, trace, timeouts) {}
 
 void FtpXCtl::connect(const FtpLogin& login) {
     connected_ = false;
@@ -44,9 +44,8 @@ void FtpXCtl::logIn(const FtpLogin& login) {
     for (const std::string& text : {login.host, login.userName, login.password, login.account}) {
         requireSendable(text);
     }
-    hostUrl_ = hostUrl(login);
-    conversation_.setLogin(login);
-    const FtpOutcome outcome = conversation_.perform(loginRequest(hostUrl_), nothing);
+    dialogue_.setLogin(login);
+    const FtpOutcome outcome = dialogue_.logIn();
     connected_ = outcome.kind == Kind::Done;
     if (!connected_ && outcome.kind != Kind::Ended) {
         postReason(outcome.reason);
@@ -54,10 +53,7 @@ void FtpXCtl::logIn(const FtpLogin& login) {
 }
 
 void FtpXCtl::disconnect() {
-    if (connected_ && conversation_.isOpen()) {
-        conversation_.perform(commandRequest(hostUrl_, "QUIT"), nothing);
-    }
-    conversation_.hangUp();
+    dialogue_.close();
     connected_ = false;
 }
 
@@ -80,7 +76,7 @@ void FtpXCtl::transferListing(std::string_view directory, const DirItem& item) {
         return true;
     };
     const FtpOutcome outcome =
-        perform(listRequest(hostUrl_, directory), take, [&lines] { lines.restart(); });
+        perform([&] { return dialogue_.list(directory, take); }, [&lines] { lines.restart(); });
     if (wasRefused(outcome)) {
         postReason(outcome.reason);
         throw refusedByHost(outcome.reason);
@@ -100,7 +96,7 @@ bool FtpXCtl::retrieve(std::string_view remoteFile, std::string_view localFile) 
         return page.size() <= LargestPage;
     };
     const FtpOutcome outcome =
-        perform(retrieveRequest(hostUrl_, remoteFile), take, [&page] { page.restart(); });
+        perform([&] { return dialogue_.retrieve(remoteFile, take); }, [&page] { page.restart(); });
     if (page.size() > LargestPage) {
         messages_.post("Host: ", remoteFile, " is larger than 64 MB");
     }
@@ -121,8 +117,8 @@ void FtpXCtl::removeDirectory(std::string_view directory) {
 
 void FtpXCtl::command(std::string_view verb, std::string_view path) {
     requireSendable(path);
-    const FtpOutcome outcome =
-        perform(commandRequest(hostUrl_, std::string(verb).append(path)), nothing, [] {});
+    const std::string text = std::string(verb).append(path);
+    const FtpOutcome outcome = perform([&] { return dialogue_.command(text); }, [] {});
     if (wasRefused(outcome)) {
         throw refusedByHost(outcome.reason);
     }
@@ -130,16 +126,16 @@ void FtpXCtl::command(std::string_view verb, std::string_view path) {
 
 // A connection that cannot be had again is not tried for by every later operation: each of them
 // would wait for the host in vain.
-FtpOutcome FtpXCtl::perform(const FtpRequest& request, const FtpConversation::Taker& take,
+FtpOutcome FtpXCtl::perform(const std::function<FtpOutcome()>& operation,
                             const std::function<void()>& restart) {
     if (!connected_) {
         throw hostConnectionLost("not connected");
     }
-    FtpOutcome outcome = conversation_.perform(request, take);
+    FtpOutcome outcome = operation();
     const bool freshlyLost = outcome.kind == Kind::Lost && outcome.openedAnew;
     if ((outcome.kind == Kind::Lost && !freshlyLost) || outcome.kind == Kind::Broken) {
         restart();
-        outcome = conversation_.perform(request, take);
+        outcome = operation();
     }
     if (outcome.kind == Kind::Lost) {
         connected_ = outcome.loggedIn;

@@ -4,7 +4,7 @@
 #include "engine/outside/FtpComponent.h"
 #include "engine/outside/Messages.h"
 #include "engine/run/RunState.h"
-#include "platform/ftp/FtpConversation.h"
+#include "platform/ftp/FtpDialogue.h"
 #include "platform/ftp/FtpTimeouts.h"
 #include "platform/ftp/FtpTrace.h"
 
@@ -15,7 +15,7 @@
 
 namespace quillmark {
 
-/// The FTP component over libcurl. A connection that is lost during an operation is made anew once,
+/// The FTP component. A connection that is lost during an operation is made anew once,
 /// and the operation begun again. Messages of its own begin with "Host: ": why a login failed, why
 /// a directory could not be listed, a page that is too large, a connection lost for good.
 class FtpXCtl : public FtpComponent {
@@ -41,13 +41,12 @@ private:
     void logIn(const FtpLogin& login);
     void transferListing(std::string_view directory, const DirItem& item);
     void command(std::string_view verb, std::string_view path);
-    FtpOutcome perform(const FtpRequest& request, const FtpConversation::Taker& take,
+    FtpOutcome perform(const std::function<FtpOutcome()>& operation,
                        const std::function<void()>& restart);
     void postReason(const std::string& reason) { messages_.post("Host: ", reason); }
 
     Messages& messages_;
-    FtpConversation conversation_;
-    std::string hostUrl_;
+    FtpDialogue dialogue_;
     bool connected_ = false;
 };
 

@@ -43,6 +43,7 @@ struct LoginRow {
 TEST(FtpFaults, ALoginTellsWhyThereIsNone) {
     const std::vector<LoginRow> rows = {
         {"healthy", "", {}},
+        {"long-welcome", "", {}},
         {"login-refused", "", {"Host: 530 Login incorrect."}},
         {"echoing", "", {"Host: 530 no: ***"}},
         {"account-needed", "billing", {}},
@@ -117,6 +118,7 @@ TEST(FtpFaults, ListingsComeAsTheHostSentThem) {
         {"endless-line", {std::string(std::size_t{64} * 1024, 'x')}},
         {"no-files", {}},
         {"refused", {}, 1, {"Host: 550 no such directory"}},
+        {"failed-late", {Index}, 1, {"Host: 451 local error"}},
         {"reset-once", {Index}, 2},
         {"cut-listing", Lines(5, Index), 2},
         {"stalled-listing", {Index}, 2, {TimedOut}},
@@ -142,6 +144,10 @@ TEST(FtpFaults, PagesArriveAsAWholeOrNotAtAll) {
         {"healthy", {Page}},
         {"both-replies", {Page}},
         {"refused", {}},
+        {"failed-late", {}},
+        {"endless-reply", {}, 2, {"Host: Weird server reply"}},
+        {"long-line-reply", {}, 2, {"Host: Weird server reply"}},
+        {"busy-early", {Page}, 2},
         {"goodbye-once", {Page}, 2},
         {"goodbye-always", {}, 2, {"Host: 421 idle for too long"}},
         {"cut-page", {Page}},
@@ -193,6 +199,32 @@ TEST(FtpFaults, StopEndsAWaitingOperationAtOnce) {
         EXPECT_EQ(client.messages.normals, Lines());
         EXPECT_TRUE(client.folderIsEmpty());
     }
+}
+
+TEST(FtpFaults, TheNextPortIsAskedForAheadAndKeptWhileItWorks) {
+    Visit visit("healthy");
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(visit.list("/"), Lines{Index});
+    }
+    EXPECT_EQ(visit.trace.count("EPSV"), 4);
+    const auto& texts = visit.trace.texts;
+    EXPECT_THAT(
+        Lines(texts.end() - 5, texts.end()),
+        testing::ElementsAre(HasSubstr("229 "), "LIST /", "150 here it comes", "EPSV", "226 done"));
+    visit.ftp.deleteFile("/page");
+    EXPECT_TRUE(visit.retrieve("/page"));
+    EXPECT_EQ(visit.trace.count("EPSV"), 6) << "the port was closed meanwhile";
+    EXPECT_EQ(visit.connections(), 1U);
+}
+
+TEST(FtpFaults, AHostThatTakesNothingAheadIsLoggedInAtOnceMore) {
+    Visit visit("drops-early", Short);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(visit.retrieve("/page"));
+        EXPECT_EQ(visit.page(), Page);
+    }
+    EXPECT_EQ(visit.connections(), 2U);
+    EXPECT_EQ(visit.messages.normals, Lines());
 }
 
 TEST(FtpFaults, ManyLinesStreamInAndNothingIsKept) {
