@@ -13,9 +13,6 @@ struct CurlEasyDelete {
 struct CurlMultiDelete {
     void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
 };
-struct CurlListDelete {
-    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-};
 struct CurlUrlDelete {
     void operator()(CURLU* handle) const { curl_url_cleanup(handle); }
 };
@@ -26,7 +23,6 @@ struct CurlTextDelete {
 /// The handles of libcurl, each owned by one object.
 using CurlEasy = std::unique_ptr<CURL, CurlEasyDelete>;
 using CurlMulti = std::unique_ptr<CURLM, CurlMultiDelete>;
-using CurlList = std::unique_ptr<curl_slist, CurlListDelete>;
 using CurlUrl = std::unique_ptr<CURLU, CurlUrlDelete>;
 using CurlText = std::unique_ptr<char, CurlTextDelete>;
 

@@ -1,5 +1,7 @@
 #include "windows/main/WindowPlaces.h"
 
+#include "windows/shared/Screen.h"
+
 #include <QFile>
 
 namespace quillmark {
@@ -8,8 +10,10 @@ WindowPlaces::WindowPlaces(const std::filesystem::path& programFolder)
     : file_(QFile::decodeName((programFolder / "Quillmark.window").c_str()), QSettings::IniFormat) {
 }
 
-bool WindowPlaces::restore(QWidget& window) const {
-    return window.restoreGeometry(state(window.objectName()));
+void WindowPlaces::restore(QWidget& window) const {
+    if (!window.restoreGeometry(state(window.objectName()))) {
+        fitToScreen(window);
+    }
 }
 
 void WindowPlaces::keep(const QWidget& window) {

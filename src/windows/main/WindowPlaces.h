@@ -16,8 +16,9 @@ public:
     /// `programFolder` in the machine's own form.
     explicit WindowPlaces(const std::filesystem::path& programFolder);
 
-    /// Puts a window back by its object name. False when its place is not known.
-    bool restore(QWidget& window) const;
+    /// Puts a window back by its object name. One whose place is not known is made to fit its
+    /// screen.
+    void restore(QWidget& window) const;
     void keep(const QWidget& window);
 
     /// Any other state of a window's parts, by a name of its own.

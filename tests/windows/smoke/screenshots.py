@@ -16,7 +16,7 @@ from time import monotonic, sleep
 
 SOURCE = Path(__file__).resolve().parents[3]
 EXAMPLE = SOURCE / "examples" / "site" / "index.html"
-PATIENCE = 30
+PATIENCE = 15
 
 
 class Screen:
@@ -29,7 +29,8 @@ class Screen:
             pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         os.environ["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
-        self.manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
+        self.manager = subprocess.Popen(["openbox"], stdout=subprocess.DEVNULL,
+                                        stderr=subprocess.DEVNULL)
 
     def close(self):
         for process in (self.manager, self.server):
@@ -67,45 +68,76 @@ def keys(*names):
 
 class Tour:
     def __init__(self, options, folder):
+        self.options = options
         self.to = Path(options.to)
         self.to.mkdir(parents=True, exist_ok=True)
-        self.environment = {**os.environ, "QUILLMARK_FOLDER": str(folder)}
-        self.options = options
+        self.environment = {**os.environ, "QUILLMARK_FOLDER": folder, "XDG_RUNTIME_DIR": folder}
         start = str(EXAMPLE).replace("/", "\\")
-        subprocess.run([options.check, "--folder", folder, "profile", "save", "Example site",
-                        "--set", f"START_PATH={start}", "--set", "CHECK_DUPES=1"], check=True)
+        self.save_profile("Example site", f"START_PATH={start}", "CHECK_DUPES=1", "IGNORE_VALUE=1")
+        self.host = subprocess.Popen([sys.executable, SOURCE / "tests/support/ftp_faults.py",
+                                      "healthy", f"{folder}/log"],
+                                     stdout=subprocess.PIPE, text=True)
+        port = self.host.stdout.readline().strip()
+        self.save_profile("Web host", "HOST_NAME=127.0.0.1", f"HOST_PORT={port}", "USER_NAME=me",
+                          "START_PATH=/index.html", password="secret")
+
+    def save_profile(self, name, *values, password=""):
+        sets = [word for value in values for word in ("--set", value)]
+        subprocess.run([self.options.check, "--folder", self.environment["QUILLMARK_FOLDER"],
+                        "profile", "save", name, *sets],
+                       check=True, env={**os.environ, "QUILLMARK_PASSWORD": password})
 
     def picture(self, name, title):
         target = window(title)
         sleep(0.4)
         subprocess.run(["import", "-window", target, self.to / f"{name}.png"], check=True)
 
+    def screen(self, name):
+        """A picture of everything: menus are no windows of the window manager's."""
+        sleep(0.4)
+        subprocess.run(["import", "-window", "root", self.to / f"{name}.png"], check=True)
+
     def walk(self):
         program = subprocess.Popen([self.options.program, "--theme", self.options.theme],
                                    env=self.environment, stderr=subprocess.PIPE, text=True)
-        begin = monotonic()
-        subprocess.run(["import", "-window", window("Quillmark"), self.to / "splash.png"])
-        gone_splash = window("Quillmark")
-        self.visit()
-        status = program.wait(PATIENCE)
-        said = program.stderr.read()
+        try:
+            self.picture("splash", "Quillmark")
+            sleep(1.5)
+            self.visit()
+            status = program.wait(PATIENCE)
+            said = program.stderr.read()
+        except BaseException:
+            self.screen("failed")
+            raise
+        finally:
+            program.kill()
+            self.host.terminate()
+            self.host.wait()
         if status != 0 or said:
             raise SystemExit(f"the program ended with {status} and said: {said}")
-        return monotonic() - begin, gone_splash
 
     def visit(self):
-        sleep(1.5)
         self.picture("main-empty", "Quillmark")
         keys("alt+s")
         self.picture("profile-new", "Profiles")
-        xdotool("type", "Exam")
-        self.picture("profile", "Profiles")
+        self.check("Exam", "profile")
+        self.results()
+        self.row()
+        self.options_on()
+        self.check("Web", "profile-host")
+        self.picture("trace", "Host Trace")
+        self.help()
+        xdotool("windowactivate", "--sync", window("Quillmark"))
+        keys("ctrl+q")
+
+    def check(self, name, picture):
+        """Types the beginning of a profile's name in the dialog and presses Start there."""
+        window("Profiles")
+        xdotool("type", name)
+        self.picture(picture, "Profiles")
         keys("alt+s")
         gone("Profiles")
         sleep(1)
-        self.results()
-        self.others()
-        keys("ctrl+q")
 
     def results(self):
         names = ["directories", "files", "references", "unused", "invalid", "ignored", "duplicates"]
@@ -113,9 +145,27 @@ class Tour:
             keys("alt+d", *(["Down"] if number else []))
             self.picture(f"results-{name}", "Quillmark")
 
-    def others(self):
-        for name, open_keys, title in (("options", ["alt+n"], "Quillmark Options"),
-                                       ("help", ["F1"], "Quillmark Help"),
+    def row(self):
+        """What can be done with a row of the invalid references."""
+        keys("alt+d", "Up", "Up", "Tab", "Tab", "Tab", "Down", "Menu")
+        self.screen("row-menu")
+        keys("Escape", "ctrl+f")
+        xdotool("type", "contact")
+        self.picture("find", "Quillmark")
+        keys("Escape")
+
+    def options_on(self):
+        """Opens the options, and switches the trace window on."""
+        keys("alt+n")
+        self.picture("options", "Quillmark Options")
+        keys("alt+t")
+        keys("Return")
+        gone("Quillmark Options")
+        keys("alt+s")
+
+    def help(self):
+        xdotool("windowactivate", "--sync", window("Quillmark"))
+        for name, open_keys, title in (("help", ["F1"], "Quillmark Help"),
                                        ("about", ["alt+h", "a"], "About Quillmark")):
             keys(*open_keys)
             self.picture(name, title)
