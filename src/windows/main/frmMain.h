@@ -2,7 +2,6 @@
 
 #include "engine/outside/RunWindow.h"
 #include "windows/help/frmHelp.h"
-#include "windows/main/MessageModel.h"
 #include "windows/main/RunCommands.h"
 #include "windows/main/WindowPlaces.h"
 #include "windows/outside/WindowContext.h"
@@ -10,6 +9,7 @@
 #include "windows/results/DisplayFrame.h"
 #include "windows/run/frmDebug.h"
 #include "windows/shared/Later.h"
+#include "windows/shared/NewestLines.h"
 
 #include <QMainWindow>
 
@@ -82,7 +82,7 @@ private:
     std::filesystem::path helpFolder_;
     WindowPlaces places_;
     ReportCommands reports_;
-    MessageModel messages_;
+    NewestLines messages_;
     Later messagesShown_;
     Later traceShown_;
     std::unique_ptr<Ui::frmMain> ui_;

@@ -1,13 +1,12 @@
 #include "windows/printing/ReportCommands.h"
 
 #include "base/Failure.h"
-#include "base/Version.h"
 #include "ui/ReportWriter.h"
 #include "windows/printing/frmPrinting.h"
 #include "windows/shared/Guard.h"
+#include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
 
-#include <QMessageBox>
 #include <QScopeGuard>
 
 #include <fstream>
@@ -66,9 +65,8 @@ void ReportCommands::printNow() {
         if (printed(report)) {
             context_.messages.post("Printing Completed");
         } else {
-            QMessageBox::warning(owner_, shown(ApplicationTitle),
-                                 "There is no default printer. The report is in " +
-                                     shown(report.string()));
+            tellError(owner_,
+                      "There is no default printer. The report is in " + shown(report.string()));
         }
     });
 }

@@ -2,13 +2,11 @@
 
 #include "base/Failure.h"
 #include "base/Paths.h"
-#include "base/Version.h"
 #include "engine/host/HostDelete.h"
 #include "ui/results/ItemActions.h"
 #include "windows/shared/Guard.h"
+#include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
-
-#include <QMessageBox>
 
 #include <optional>
 #include <utility>
@@ -36,12 +34,8 @@ void ItemCommands::Delete(std::string_view target) {
 }
 
 bool ItemCommands::confirmed(std::string_view target) {
-    QMessageBox question(QMessageBox::Question, shown(ApplicationTitle),
-                         "Delete " + shown(target) + "?", QMessageBox::Yes | QMessageBox::No,
-                         owner_);
-    question.setTextFormat(Qt::PlainText);
-    question.setDefaultButton(QMessageBox::No);
-    return question.exec() == QMessageBox::Yes;
+    return ask(owner_, "Delete " + shown(target) + "?", QMessageBox::Yes | QMessageBox::No,
+               QMessageBox::No) == QMessageBox::Yes;
 }
 
 void ItemCommands::deleteFromHost(std::string_view target) {

@@ -2,7 +2,7 @@
 
 #include "ui/TraceSave.h"
 #include "windows/outside/WindowContext.h"
-#include "windows/run/TraceModel.h"
+#include "windows/shared/NewestLines.h"
 
 #include <QMainWindow>
 
@@ -42,7 +42,7 @@ private:
 
     FileDialogs& dialogs_;
     TraceSave saver_;
-    TraceModel lines_;
+    NewestLines lines_;
     std::unique_ptr<Ui::frmDebug> ui_;
 };
 

@@ -6,12 +6,12 @@
 
 namespace quillmark {
 
-/// The lines of the trace as a view shows them, without a copy of them.
-class TraceModel : public QAbstractListModel {
+/// A list of the newest lines, the messages or the trace, as a view shows it: without a copy.
+class NewestLines : public QAbstractListModel {
     Q_OBJECT
 
 public:
-    explicit TraceModel(const CappedList& lines) : lines_(lines) {}
+    explicit NewestLines(const CappedList& lines) : lines_(lines) {}
 
     /// Takes over what has changed since the last call. The rows stay where they are and only their
     /// texts move, so that a full list goes by without flickering.

@@ -1,4 +1,4 @@
-#include "windows/settings/MessageBoxes.h"
+#include "windows/shared/MessageBoxes.h"
 
 #include "base/Version.h"
 #include "windows/shared/Text.h"
@@ -8,7 +8,7 @@ namespace quillmark {
 namespace {
 
 QMessageBox::StandardButton show(QMessageBox& box) {
-    // A name of a profile may look like mark-up.
+    // A name of a profile or a file may look like mark-up.
     box.setTextFormat(Qt::PlainText);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -1,10 +1,10 @@
-#include "windows/run/TraceModel.h"
+#include "windows/shared/NewestLines.h"
 
 #include "windows/shared/Text.h"
 
 namespace quillmark {
 
-void TraceModel::refresh() {
+void NewestLines::refresh() {
     const int count = lines_.Count();
     if (count < rows_) {
         beginRemoveRows({}, count, rows_ - 1);
@@ -22,14 +22,15 @@ void TraceModel::refresh() {
     }
 }
 
-int TraceModel::rowCount(const QModelIndex& parent) const {
+int NewestLines::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : rows_;
 }
 
-QVariant TraceModel::data(const QModelIndex& index, int role) const {
-    // Between two refreshes the trace may have been cleared.
+QVariant NewestLines::data(const QModelIndex& index, int role) const {
+    // Between two refreshes the list may have been cleared.
     const bool there = index.isValid() && index.row() < lines_.Count();
-    return there && role == Qt::DisplayRole ? shown(lines_.Line(index.row())) : QVariant();
+    const bool asText = role == Qt::DisplayRole || role == Qt::ToolTipRole;
+    return there && asText ? shown(lines_.Line(index.row())) : QVariant();
 }
 
 } // namespace quillmark
