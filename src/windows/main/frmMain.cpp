@@ -8,6 +8,7 @@
 #include "windows/settings/frmConfig2.h"
 #include "windows/settings/frmProfile.h"
 #include "windows/shared/Guard.h"
+#include "windows/shared/RowCopy.h"
 #include "windows/shared/Text.h"
 #include "windows/shared/ThemedIcon.h"
 
@@ -31,6 +32,7 @@ frmMain::frmMain(const WindowContext& context, RunCommands& run, std::filesystem
       ui_(std::make_unique<Ui::frmMain>()) {
     ui_->setupUi(this);
     ui_->Message->setModel(&messages_);
+    copyByKey(*ui_->Message);
     setIcons();
     addResults();
     connectCommands();

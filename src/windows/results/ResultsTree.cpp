@@ -1,7 +1,7 @@
 #include "windows/results/ResultsTree.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
+#include "windows/shared/RowCopy.h"
+
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -31,6 +31,7 @@ public:
 } // namespace
 
 ResultsTree::ResultsTree(QWidget* parent) : QTreeView(parent) {
+    copyByKey(*this);
     setItemDelegate(new AiryRows(this));
     connect(header(), &QHeaderView::sectionResized, this,
             [this](int column, int /*before*/, int width) { keepWidth(column, width); });
@@ -74,39 +75,12 @@ void ResultsTree::resizeEvent(QResizeEvent* event) {
 }
 
 void ResultsTree::keyPressEvent(QKeyEvent* event) {
-    if (event->matches(QKeySequence::Copy)) {
-        copySelection();
-    } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
-               currentIndex().isValid()) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+        currentIndex().isValid()) {
         emit viewAsked(currentIndex().row());
     } else {
         QTreeView::keyPressEvent(event);
     }
-}
-
-void ResultsTree::copySelection() const {
-    const QModelIndexList selected = selectionModel()->selectedRows();
-    std::vector<int> rows;
-    rows.reserve(static_cast<std::size_t>(selected.size()));
-    for (const QModelIndex& index : selected) {
-        rows.push_back(index.row());
-    }
-    std::sort(rows.begin(), rows.end());
-    QStringList lines;
-    for (const int row : rows) {
-        lines += rowText(row);
-    }
-    if (!lines.empty()) {
-        QGuiApplication::clipboard()->setText(lines.join('\n'));
-    }
-}
-
-QString ResultsTree::rowText(int row) const {
-    QStringList cells;
-    for (int column = 0; column < model()->columnCount(); ++column) {
-        cells += model()->index(row, column).data().toString();
-    }
-    return cells.join('\t');
 }
 
 bool ResultsTree::viewportEvent(QEvent* event) {

@@ -43,8 +43,6 @@ protected:
 private:
     static constexpr std::size_t NoDisplay = ResultDisplays.size();
 
-    void copySelection() const;
-    QString rowText(int row) const;
     void showWholeText(QPoint position, QPoint screenPosition);
     void keepWidth(int column, int width);
     void applyWidth();

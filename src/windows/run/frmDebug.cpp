@@ -1,13 +1,10 @@
 #include "windows/run/frmDebug.h"
 
 #include "ui_frmDebug.h"
+#include "windows/shared/RowCopy.h"
 
-#include <QClipboard>
 #include <QFontDatabase>
-#include <QGuiApplication>
 #include <QShortcut>
-
-#include <algorithm>
 
 namespace quillmark {
 
@@ -20,7 +17,7 @@ frmDebug::frmDebug(const WindowContext& context, QWidget* parent)
     ui_->DebugList->setModel(&lines_);
     ui_->DebugList->addAction(ui_->mnuCopy);
     connect(ui_->mnuSaveTrace, &QAction::triggered, this, &frmDebug::save);
-    connect(ui_->mnuCopy, &QAction::triggered, this, &frmDebug::copy);
+    connect(ui_->mnuCopy, &QAction::triggered, this, [this] { copySelectedRows(*ui_->DebugList); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 }
 
@@ -49,16 +46,6 @@ void frmDebug::save() {
     saver_.save(dialogs_.saveFile(
         this, {"Save Trace", "trace", "txt", {"Text Files (*.txt)", "All Files (*.*)"}}));
     refresh();
-}
-
-void frmDebug::copy() const {
-    QModelIndexList rows = ui_->DebugList->selectionModel()->selectedRows();
-    std::sort(rows.begin(), rows.end());
-    QStringList texts;
-    for (const QModelIndex& row : rows) {
-        texts += row.data().toString();
-    }
-    QGuiApplication::clipboard()->setText(texts.join('\n'));
 }
 
 } // namespace quillmark

@@ -38,7 +38,6 @@ protected:
 
 private:
     void save();
-    void copy() const;
 
     FileDialogs& dialogs_;
     TraceSave saver_;

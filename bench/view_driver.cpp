@@ -1,0 +1,106 @@
+// Times how long the results view takes to show 31,000 rows, from the choice of the entry to the
+// painted rows, with the progress window: view_driver [-platform offscreen]
+
+#include "desktop/Program.h"
+#include "windows/results/DisplayFrame.h"
+#include "windows/run/ThinkingWindow.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+using namespace quillmark;
+
+constexpr int Runs = 9;
+
+class NoMessages : public Messages {
+public:
+    void MessageHandler(bool /*debug*/, std::string_view /*text*/) override {}
+    bool wantsDebug() const override { return false; }
+};
+
+class NoDesktop : public Shell, public FileDialogs, public ReportPrinter {
+public:
+    void open(std::string_view /*target*/) override {}
+    std::optional<std::filesystem::path> saveFile(QWidget* /*owner*/,
+                                                  const SaveQuestion& /*question*/) override {
+        return {};
+    }
+    std::optional<std::filesystem::path> openPage(QWidget* /*owner*/) override { return {}; }
+    bool available() const override { return false; }
+    void print(const QStringList& /*lines*/) override {}
+};
+
+class NoEvents : public EventLoop {
+public:
+    void DoEvents() override {}
+};
+
+void fill(ResultLists& lists) {
+    for (int i = 0; i < ResultList::Maximum - 1; ++i) {
+        const int folder = i * 7919 % 500;
+        const std::string file = "/www/folder" + std::to_string(folder) + "/page" +
+                                 std::to_string(i * 7919 % ResultList::Maximum) + ".html";
+        lists.FileList.Append(file);
+        lists.ReferenceList.Append(file);
+        lists.ReferenceListFrom.Append("/www/index.html");
+    }
+}
+
+double median(std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    return times.at(times.size() / 2);
+}
+
+/// Milliseconds from the choice to the painted view.
+double timeToShow(DisplayFrame& frame, const char* display, const char* sort) {
+    frame.findChild<QComboBox*>("cmbDisplay")->setCurrentText(display);
+    frame.findChild<QComboBox*>("cmbSort")->setCurrentText(sort);
+    std::vector<double> times;
+    for (int i = 0; i < Runs; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        frame.ShowResults();
+        frame.findChild<QAbstractItemView*>("ListView1")->viewport()->repaint();
+        times.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+        QCoreApplication::processEvents();
+    }
+    return median(times);
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const QApplication application(argc, argv);
+    Workspace workspace;
+    fill(workspace.lists);
+    NoMessages messages;
+    NoDesktop desktop;
+    NoEvents events;
+    ThinkingWindow progress;
+    ProgramFolder files("\\nowhere");
+    DiskAdapter disk;
+    DiskMover mover;
+    HostTrace trace(workspace.trace);
+    FtpXCtl ftp(messages, events, workspace.run, trace, {});
+    DisplayFrame frame({workspace, files, messages, progress, disk, ftp, mover, desktop, desktop,
+                        desktop, "/nowhere"},
+                       [](const std::function<void()>& work) { work(); });
+    progress.setOwner(&frame);
+    frame.resize(900, 500);
+    frame.show();
+    frame.enableSelectors();
+    QCoreApplication::processEvents();
+    for (const char* display : {"Host File List", "Host File References"}) {
+        for (const char* sort : {"None", "Name", "Path"}) {
+            std::printf("%-22s %-5s %7.1f ms\n", display, sort, timeToShow(frame, display, sort));
+        }
+    }
+}
