@@ -1,11 +1,10 @@
 #include "desktop/DesktopFileDialogs.h"
 
-#include "base/Version.h"
-#include "windows/shared/Text.h"
+#include "windows/shared/MessageBoxes.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QStandardPaths>
 
 namespace quillmark {
@@ -35,9 +34,14 @@ void setFilters(QFileDialog& dialog, const QStringList& filters) {
 }
 
 bool mayReplace(QWidget* owner, const QString& file) {
-    return QMessageBox::question(owner, shown(ApplicationTitle),
-                                 file + " already exists.\nDo you want to replace it?") ==
-           QMessageBox::Yes;
+    return ask(owner, file + " already exists.\nDo you want to replace it?",
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+/// Not every home has a folder for documents.
+QString usualFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo::exists(documents) ? documents : QDir::homePath();
 }
 
 } // namespace
@@ -73,7 +77,7 @@ void DesktopFileDialogs::beginIn(QFileDialog& dialog, const std::filesystem::pat
     } else if (!folder_.isEmpty()) {
         dialog.setDirectory(folder_);
     } else {
-        dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+        dialog.setDirectory(usualFolder());
     }
 }
 

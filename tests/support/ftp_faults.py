@@ -222,7 +222,7 @@ SCENARIOS = {
     "cut-listing": {"LIST": once(cut_listing, LISTING * 5)},
     "cut-page": {"RETR": cut_page(False)},
     "reset-page": {"RETR": cut_page(True)},
-    "stalled-reply": {"RETR": stall},
+    "stalled-reply": {"RETR": stall, "DELE": stall},
     "stalled-listing": {"LIST": lambda it, _: it.send(then_stall(it, LISTING + LISTING[:20]))},
     "no-last-reply": {"RETR": no_last_reply},
     "drops-early": {"RETR": hasty(b"")},

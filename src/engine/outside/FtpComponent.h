@@ -44,9 +44,10 @@ public:
     /// there is no local file then.
     virtual bool retrieve(std::string_view remoteFile, std::string_view localFile) = 0;
 
-    /// Deletes a file of the host. Throws a Failure when the host refuses.
+    /// Deletes a file of the host. Throws a Failure when the host refuses, and when the work is
+    /// aborted before the host has answered.
     virtual void deleteFile(std::string_view remoteFile) = 0;
-    /// Removes a directory of the host. Throws a Failure when the host refuses.
+    /// The same for a directory.
     virtual void removeDirectory(std::string_view directory) = 0;
 };
 

@@ -14,5 +14,8 @@ Failure unsendableText() {
 Failure notAHost(const std::string& detail) {
     return {1023, "Not a host: " + detail};
 }
+Failure stoppedByUser() {
+    return {1024, "Stopped before the host answered"};
+}
 
 } // namespace quillmark

@@ -14,5 +14,7 @@ Failure refusedByHost(const std::string& reply);
 Failure unsendableText();
 /// 1023: a host name or port that no connection can be made with.
 Failure notAHost(const std::string& detail);
+/// 1024: a deletion that may or may not have happened, since nobody waited for the answer.
+Failure stoppedByUser();
 
 } // namespace quillmark

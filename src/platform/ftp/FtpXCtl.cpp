@@ -122,6 +122,9 @@ void FtpXCtl::command(std::string_view verb, std::string_view path) {
     if (wasRefused(outcome)) {
         throw refusedByHost(outcome.reason);
     }
+    if (outcome.kind == Kind::Ended) {
+        throw stoppedByUser();
+    }
 }
 
 // A connection that cannot be had again is not tried for by every later operation: each of them

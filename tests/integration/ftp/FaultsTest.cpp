@@ -201,6 +201,12 @@ TEST(FtpFaults, StopEndsAWaitingOperationAtOnce) {
     }
 }
 
+TEST(FtpFaults, AStoppedDeletionDoesNotPassForDone) {
+    Visit visit("stalled-reply");
+    visit.events.hook = [&visit] { visit.state.abort = visit.log().ends_with("DELE /page\r\n"); };
+    EXPECT_THROW(visit.ftp.deleteFile("/page"), Failure);
+}
+
 TEST(FtpFaults, TheNextPortIsAskedForAheadAndKeptWhileItWorks) {
     Visit visit("healthy");
     for (int i = 0; i < 3; ++i) {
