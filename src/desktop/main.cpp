@@ -25,8 +25,8 @@ namespace {
 constexpr std::chrono::seconds SplashTime{1};
 constexpr int CannotStart = 2;
 
-void tell(QWidget* owner, std::string_view text) {
-    QMessageBox::information(owner, shown(ApplicationTitle), shown(text));
+void tell(std::string_view text) {
+    QMessageBox::information(nullptr, shown(ApplicationTitle), shown(text));
 }
 
 /// Shows the splash window, and lets it be seen for its time.
@@ -46,7 +46,10 @@ int runProgram(const std::filesystem::path& folder, const CommandLine& line) {
     DefaultPrinter printer;
     WavePlayer sounds(folder, installed / "sounds");
     Program program(folder, installed / "help", {shell, dialogs, printer, sounds},
-                    [&splash](std::string_view text) { tell(&splash, text); });
+                    [&splash](std::string_view text) {
+                        splash.close();
+                        tell(text);
+                    });
     program.window().show();
     splash.close();
     if (!line.startPath.empty()) {
@@ -61,12 +64,14 @@ int Main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(shown(ApplicationTitle));
     QApplication::setApplicationVersion(shown(ApplicationVersion));
+    // The main window ends the program; a message before it must not.
+    QApplication::setQuitOnLastWindowClosed(false);
     const CommandLine line = readCommandLine(application);
     applyTheme(application, line.theme);
     try {
         return runProgram(chooseProgramFolder(std::nullopt), line);
     } catch (const std::exception& error) {
-        tell(nullptr, std::string("Quillmark cannot start: ").append(error.what()));
+        tell(std::string("Quillmark cannot start: ").append(error.what()));
         return CannotStart;
     }
 }
