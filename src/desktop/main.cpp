@@ -60,7 +60,7 @@ int runProgram(const std::filesystem::path& folder, const CommandLine& line) {
     return QApplication::exec();
 }
 
-int Main(int argc, char* argv[]) {
+int Main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(shown(ApplicationTitle));
     QApplication::setApplicationVersion(shown(ApplicationVersion));

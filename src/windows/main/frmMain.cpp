@@ -29,6 +29,7 @@ frmMain::frmMain(const WindowContext& context, RunCommands& run, std::filesystem
               trace_->refresh();
           }
       }),
+      workEnded_([this] { closeIfAsked(); }), dropEnded_([this] { chooseProfile(dropped_); }),
       ui_(std::make_unique<Ui::frmMain>()) {
     ui_->setupUi(this);
     ui_->Message->setModel(&messages_);
@@ -229,7 +230,7 @@ void frmMain::work(const std::function<void()>& work) {
         results_->setEnabled(true);
         setWorking(false);
         context_.workspace.run.abort = false;
-        QMetaObject::invokeMethod(this, &frmMain::closeIfAsked, Qt::QueuedConnection);
+        workEnded_.ask();
     };
     const std::unique_ptr<void, decltype(end)> working(this, end);
     work();
@@ -268,8 +269,8 @@ void frmMain::dropEvent(QDropEvent* event) {
     if (const auto page = droppedPage(*event->mimeData(), pages)) {
         event->acceptProposedAction();
         // After the drop has ended: the program that is dragged from waits for it.
-        QMetaObject::invokeMethod(
-            this, [this, page = *page] { chooseProfile(page); }, Qt::QueuedConnection);
+        dropped_ = *page;
+        dropEnded_.ask();
     }
 }
 

@@ -85,11 +85,14 @@ private:
     NewestLines messages_;
     Later messagesShown_;
     Later traceShown_;
+    Later workEnded_;
+    Later dropEnded_;
     std::unique_ptr<Ui::frmMain> ui_;
     std::unique_ptr<DisplayFrame> results_;
     std::unique_ptr<frmDebug> trace_;
     std::unique_ptr<frmHelp> help_;
     std::string currentProfile_;
+    std::string dropped_; ///< The start path of the page that was dropped last.
     bool working_ = false;
     bool closeAsked_ = false;
 };
