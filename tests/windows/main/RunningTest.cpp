@@ -57,7 +57,7 @@ QStringList linesOf(QWidget& window, const char* list) {
 /// Does something once a run has posted the text; without a text, once a run has begun.
 class WhenPosted : public QObject {
 public:
-    WhenPosted(TestProgram& program, QString text, std::function<void()> act) {
+    WhenPosted(TestProgram& program, const QString& text, const std::function<void()>& act) {
         connect(&timer_, &QTimer::timeout, this, [this, &program, text, act] {
             const bool running = program.control<QPushButton>("cmdStop").isEnabled();
             const bool posted = linesOf(program.window(), "Message").contains(text);
