@@ -3,6 +3,7 @@
 #include "windows/printing/ReportPages.h"
 #include "windows/printing/frmPrinting.h"
 #include "windows/support/Answers.h"
+#include "windows/support/Pictures.h"
 #include "windows/support/TestContext.h"
 
 #include <QLabel>
@@ -38,6 +39,7 @@ public:
         noticed = notices.size() == 1 && notices.first()->isVisible()
                       ? notices.first()->findChild<QLabel*>()->text()
                       : QString();
+        keepPicture(*notices.first(), "printing");
         if (refuses) {
             throw printerError();
         }

@@ -1,5 +1,6 @@
 #include "windows/run/ThinkingWindow.h"
 #include "windows/run/frmDebug.h"
+#include "windows/support/Pictures.h"
 #include "windows/support/TestContext.h"
 
 #include <QClipboard>
@@ -128,6 +129,7 @@ void RunWindowsTest::progressIsShownOverItsOwner() {
     QCOMPARE(window.windowTitle(), QString("Checking References...PleaseWait"));
     progress.UpdateThinking(1, 3);
     QCOMPARE(full(), 33.3);
+    keepPicture(window, "thinking");
     progress.InitializeThinking("Checking for CGI Files");
     QCOMPARE(window.windowTitle(), QString("Checking for CGI Files...PleaseWait"));
     progress.UpdateThinking(30999, 31000);
