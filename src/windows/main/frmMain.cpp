@@ -147,9 +147,13 @@ void frmMain::askForDocumentation() {
 }
 
 void frmMain::showAbout() {
-    auto* about = new frmAbout(this);
-    about->setAttribute(Qt::WA_DeleteOnClose);
+    auto* about = findChild<frmAbout*>();
+    if (about == nullptr) {
+        about = new frmAbout(this);
+        about->setAttribute(Qt::WA_DeleteOnClose);
+    }
     about->show();
+    about->activateWindow();
 }
 
 void frmMain::showHelp(const QString& page) {
