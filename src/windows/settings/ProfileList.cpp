@@ -26,6 +26,7 @@ ProfileList::ProfileList(QWidget* parent) : QComboBox(parent) {
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     installEventFilter(this);
     lineEdit()->installEventFilter(this);
+    lineEdit()->setAccessibleName("Profile Name");
     connect(lineEdit(), &QLineEdit::textEdited, this, [this] { edited_ = true; });
     connect(this, &QComboBox::editTextChanged, this, &ProfileList::changeText);
     connect(this, &QComboBox::activated, this, &ProfileList::nameChosen);

@@ -2,6 +2,7 @@
 #include "windows/support/TestProgram.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDropEvent>
@@ -56,6 +57,18 @@ QString frameAfterChoosing(TestProgram& program, const QString& display, const Q
 QString cell(TestProgram& program, int row, int column = 0) {
     const QAbstractItemModel& model = *program.control<QAbstractItemView>("ListView1").model();
     return model.index(row, column).data().toString();
+}
+
+QStringList namelessControls(QWidget& window) {
+    QStringList nameless;
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        const bool reached = control->isVisible() && (control->focusPolicy() & Qt::TabFocus) != 0;
+        QAccessibleInterface* tool = QAccessible::queryAccessibleInterface(control);
+        if (reached && tool != nullptr && tool->text(QAccessible::Name).isEmpty()) {
+            nameless += control->metaObject()->className() + control->objectName();
+        }
+    }
+    return nameless;
 }
 
 } // namespace
@@ -165,6 +178,21 @@ private slots:
         }
         QTRY_COMPARE(program.shell.opened.size(), 1U);
         QVERIFY(program.shell.opened.front().ends_with("\\index.html"));
+    }
+
+    void namesEveryControlForAssistiveTools() {
+        TestProgram program;
+        QStringList nameless = namelessControls(program.window());
+        for (const auto& [button, dialog] :
+             {std::pair("cmdStart", "frmProfile"), std::pair("cmdOptions", "frmConfig2")}) {
+            const WhenModal shown(named(dialog), [&nameless](QWidget& window) {
+                nameless += namelessControls(window);
+                window.close();
+            });
+            press(program.window(), button);
+            QVERIFY(shown.acted());
+        }
+        QCOMPARE(nameless.join(" "), "");
     }
 
     void alternatesTheSoundsWhileTheyAreOn() {
