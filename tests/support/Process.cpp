@@ -1,11 +1,8 @@
 #include "support/Process.h"
 
-#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <thread>
 
@@ -21,33 +18,17 @@ namespace quillmark::test {
 
 namespace {
 
-std::string contents(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-std::filesystem::path temporaryFile() {
-    std::string name = (std::filesystem::temp_directory_path() / "quillmark-out-XXXXXX").string();
-    const int file = mkstemp(name.data());
-    if (file < 0) {
-        throw std::runtime_error("no temporary file");
-    }
-    close(file);
-    return name;
-}
-
 void redirect(const std::filesystem::path& file, int target) {
-    const int descriptor = open(file.c_str(), O_WRONLY | O_TRUNC);
+    const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT, 0600);
     dup2(descriptor, target);
     close(descriptor);
 }
 
-[[noreturn]] void become(const Command& command, const std::filesystem::path& out,
-                         const std::filesystem::path& err) {
+[[noreturn]] void become(const Command& command, const std::filesystem::path& folder) {
     setpgid(0, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL); // A test that crashes takes its servers with it.
-    redirect(out, STDOUT_FILENO);
-    redirect(err, STDERR_FILENO);
+    redirect(folder / "out", STDOUT_FILENO);
+    redirect(folder / "err", STDERR_FILENO);
     const int nothing = open("/dev/null", O_RDONLY);
     dup2(nothing, STDIN_FILENO);
     if (!command.folder.empty() && chdir(command.folder.c_str()) != 0) {
@@ -67,23 +48,28 @@ void redirect(const std::filesystem::path& file, int target) {
     _exit(127);
 }
 
-sockaddr_in loopback(int port) {
+/// Whether a port of 127.0.0.1 can be bound or be connected to.
+bool works(int (*call)(int, const sockaddr*, socklen_t), int port) {
+    const int socketHandle = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(static_cast<std::uint16_t>(port));
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return address;
+    const bool result =
+        call(socketHandle, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+    close(socketHandle);
+    return result;
 }
 
 } // namespace
 
-Process::Process(const Command& command) : outFile_(temporaryFile()), errFile_(temporaryFile()) {
+Process::Process(const Command& command) {
     pid_ = fork();
     if (pid_ < 0) {
         throw std::runtime_error("no process");
     }
     if (pid_ == 0) {
-        become(command, outFile_, errFile_);
+        become(command, output_.path());
     }
     setpgid(pid_, pid_);
 }
@@ -93,9 +79,6 @@ Process::~Process() {
         kill(-pid_, SIGKILL);
         reap(0);
     }
-    std::error_code ignored;
-    std::filesystem::remove(outFile_, ignored);
-    std::filesystem::remove(errFile_, ignored);
 }
 
 void Process::signal(int number) const {
@@ -117,14 +100,6 @@ Finished Process::wait() {
     return {status, outSoFar(), errSoFar()};
 }
 
-std::string Process::outSoFar() const {
-    return contents(outFile_);
-}
-
-std::string Process::errSoFar() const {
-    return contents(errFile_);
-}
-
 void Process::reap(int options) {
     ended_ = waitpid(pid_, &status_, options) == pid_;
 }
@@ -134,33 +109,25 @@ Finished run(const Command& command) {
 }
 
 int freePort() {
-    const int socketHandle = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address = loopback(0);
-    socklen_t length = sizeof address;
-    if (bind(socketHandle, reinterpret_cast<sockaddr*>(&address), length) != 0) {
-        close(socketHandle);
-        throw std::runtime_error("no free port");
+    static int next = 20'000 + getpid() * 16 % 10'000;
+    while (next < 32'000) {
+        if (works(bind, next++)) {
+            return next - 1;
+        }
     }
-    getsockname(socketHandle, reinterpret_cast<sockaddr*>(&address), &length);
-    close(socketHandle);
-    return ntohs(address.sin_port);
+    throw std::runtime_error("no free port");
 }
 
 bool waitForPort(int port) {
     using namespace std::chrono_literals;
     const auto end = std::chrono::steady_clock::now() + 10s;
-    while (std::chrono::steady_clock::now() < end) {
-        const int socketHandle = socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in address = loopback(port);
-        const bool listening =
-            connect(socketHandle, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
-        close(socketHandle);
-        if (listening) {
-            return true;
+    while (!works(connect, port)) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
         }
         std::this_thread::sleep_for(10ms);
     }
-    return false;
+    return true;
 }
 
 } // namespace quillmark::test

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/TempFolder.h"
+
 #include <filesystem>
 #include <map>
 #include <string>
@@ -31,14 +33,13 @@ public:
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
-    pid_t pid() const { return pid_; }
     void signal(int number) const;
     bool running();
     /// Waits for its end and returns what it printed.
     Finished wait();
     /// What it has printed to standard output and standard error by now.
-    std::string outSoFar() const;
-    std::string errSoFar() const;
+    std::string outSoFar() const { return output_.read("out"); }
+    std::string errSoFar() const { return output_.read("err"); }
 
 private:
     void reap(int options);
@@ -46,14 +47,14 @@ private:
     pid_t pid_ = -1;
     bool ended_ = false;
     int status_ = 0;
-    std::filesystem::path outFile_;
-    std::filesystem::path errFile_;
+    TempFolder output_;
 };
 
 /// Runs a command to its end.
 Finished run(const Command& command);
 
-/// A port of 127.0.0.1 that was free a moment ago.
+/// A port of 127.0.0.1 that was free a moment ago; another at each call, and one that a profile
+/// can keep in its 16 bits with a sign.
 int freePort();
 
 /// Waits until somebody listens on the port of 127.0.0.1; false after ten seconds.

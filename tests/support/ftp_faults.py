@@ -17,7 +17,6 @@ import threading
 
 LISTING = b"-rw-r--r--   1 ftp      ftp            14 Jan 01 12:00 index.html\r\n"
 PAGE = b"<a href=\"x\">\r\n\r\n"
-LINGER = (socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
 
 
 def free_port(listener):
@@ -35,8 +34,7 @@ class Conversation:
     def __init__(self, control, number, log):
         self.control, self.number, self.log = control, number, log
         self.lines = control.makefile("rb")
-        self.data = None
-        self.active = None
+        self.data = self.active = None
         self.pages = 0
 
     def say(self, text):
@@ -52,7 +50,7 @@ class Conversation:
         self.close()
 
     def reset(self):
-        self.control.setsockopt(*LINGER)
+        self.control.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
         self.close()
 
     def connection(self):
@@ -89,13 +87,11 @@ class Conversation:
             reply = replies.get(verb.decode("latin-1"), "502 not known here")
             reply(self, argument) if callable(reply) else self.say(reply)
 
-    def send(self, content, first="150 here it comes", reset=False):
+    def send(self, content, first="150 here it comes"):
         with self.connection() as data:
             self.say(first)
             for block in [content] if isinstance(content, bytes) else content:
                 data.sendall(block)
-            if reset:
-                data.setsockopt(*LINGER)
 
     def transfer(self, content, last="226 done"):
         self.send(content)
@@ -158,15 +154,12 @@ def endless_reply(it, _):
         it.say("150-" + "x" * 1000)
 
 
-def cut_page(reset):
-    def fault(it, _):
-        it.pages += 1
-        if it.pages > 1:
-            return it.transfer(PAGE)
-        it.send(PAGE[:5], reset=reset)
-        it.say("426 data connection closed")
-
-    return fault
+def cut_page(it, _):
+    it.pages += 1
+    if it.pages > 1:
+        return it.transfer(PAGE)
+    it.send(PAGE[:5])
+    it.say("426 data connection closed")
 
 
 def cut_listing(it):
@@ -220,8 +213,7 @@ SCENARIOS = {
     "reset-once": {"LIST": once(Conversation.reset, LISTING)},
     "idle": {"RETR": once(idle, PAGE)},
     "cut-listing": {"LIST": once(cut_listing, LISTING * 5)},
-    "cut-page": {"RETR": cut_page(False)},
-    "reset-page": {"RETR": cut_page(True)},
+    "cut-page": {"RETR": cut_page},
     "stalled-reply": {"RETR": stall, "DELE": stall},
     "stalled-listing": {"LIST": lambda it, _: it.send(then_stall(it, LISTING + LISTING[:20]))},
     "no-last-reply": {"RETR": no_last_reply},
@@ -229,7 +221,6 @@ SCENARIOS = {
     "busy-early": {"RETR": hasty(b"450 busy\r\n")},
     "failed-late": {"RETR": failed_late(PAGE), "LIST": failed_late(LISTING)},
     "endless-reply": {"RETR": endless_reply},
-    "long-line-reply": {"RETR": "150 " + "x" * 100000},
     "both-replies": {"RETR": lambda it, _: it.send(PAGE, "150 here it comes\r\n226 done")},
     "no-goodbye": {"QUIT": stall},
     "refused": {"RETR": "550 no such page", "LIST": "550 no such directory"},

@@ -10,10 +10,8 @@ namespace {
 struct LineCase {
     const char* name;
     std::string line;
-    Lines directories;
-    Lines fileSizes;
-    std::int16_t startColumn = 33;
-    std::int16_t endColumn = 43;
+    Lines directories, fileSizes;
+    std::int16_t startColumn = 33, endColumn = 43;
 };
 
 struct ListingBench : RunBench {
@@ -54,64 +52,54 @@ TEST(DirItem, TakesListingLines) {
     }
 }
 
-TEST(DirItem, KeepsAppendingBehindTheMaximum) {
-    ListingBench bench;
-    for (int i = 0; i < ResultList::Maximum - 1; ++i) {
-        bench.inventory.FtpXCtl1_DirItem("drwx " + std::to_string(i));
-    }
-    EXPECT_FALSE(bench.state.abort);
-    EXPECT_TRUE(bench.messages.normals.empty());
-    bench.inventory.FtpXCtl1_DirItem("drwx last");
-    bench.inventory.FtpXCtl1_DirItem("drwx beyond");
-    EXPECT_TRUE(bench.state.abort);
-    EXPECT_EQ(bench.messages.normals,
-              Lines(2, "Exceeded List Maximum (Directory List) - List Truncated"));
-    EXPECT_EQ(bench.lists.DirectoryList.Count(), ResultList::Maximum + 1);
-}
-
 struct FullCase {
-    const char* name;
+    Lines names; ///< The list, and the other one of a pair that is told of.
     ResultList ResultLists::*list;
     std::function<void(RunParts&)> write;
-    Lines names;
     ResultList ResultLists::*from = nullptr; ///< The other list of a pair.
 };
 
+std::function<void(RunParts&)> adding(const std::string& reference) {
+    return [reference](RunParts& run) {
+        const PathParser parser(reference);
+        run.resolver.MakeAddition(parser.Path(), parser.FileName(), reference);
+    };
+}
+
 TEST(ListMaximum, EveryWriterKeepsTheLineThatFillsItsListAndEndsTheRun) {
     using Lists = ResultLists;
-    const auto checkReferences = [](RunParts& run) { run.referencePasses.checkReferences(); };
-    const auto scan = [](RunParts& run) { run.walk.scanReferencedPages(); };
-    const Lines invalid = {"Invalid References List", "Invalid References From List"};
-    const Lines unreachable = {"Invalid Reference List", "Invalid References From List"};
+    const auto listFile = [](auto& run) { run.inventory.FtpXCtl1_DirItem("-rw x"); };
+    const auto listFolder = [](auto& run) { run.inventory.FtpXCtl1_DirItem("drwx x"); };
+    const auto retrieve = [](auto& run) { run.retrieval.RetrieveFile(false); };
+    const auto unused = [](auto& run) { run.filePasses.checkUnusedFiles(); };
+    const auto invalid = [](auto& run) { run.referencePasses.checkReferences(); };
+    const auto unreachable = [](auto& run) { run.walk.scanReferencedPages(); };
+    const auto web = [](auto& run) {
+        run.context.lists.IgnoredReferences.Append("http://site.example/");
+        run.context.lists.IgnoredReferencesFrom.Append("x");
+        run.referencePasses.checkURLs();
+    };
+    const std::string from = "Invalid References From List";
+    const auto filed = &Lists::ReferenceList;
+    const auto filedFrom = &Lists::ReferenceListFrom;
+    const auto broken = &Lists::InvalidReferences;
+    const auto brokenFrom = &Lists::InvalidReferencesFrom;
+    const auto ignored = &Lists::IgnoredReferences;
+    const auto ignoredFrom = &Lists::IgnoredReferencesFrom;
     const std::vector<FullCase> cases = {
-        {"File",
-         &Lists::FileList,
-         [](auto& run) { run.inventory.FtpXCtl1_DirItem("-rw x"); },
-         {"File List"}},
-        {"GetFile",
-         &Lists::GetFileList,
-         [](auto& run) { run.retrieval.RetrieveFile(false); },
-         {"Get File List"}},
-        {"Unused",
-         &Lists::UnusedList,
-         [](auto& run) { run.filePasses.checkUnusedFiles(); },
-         {"Unused File List"}},
-        {"Invalid", &Lists::InvalidReferences, checkReferences, invalid,
-         &Lists::InvalidReferencesFrom},
-        {"Unreachable", &Lists::InvalidReferences, scan, unreachable,
-         &Lists::InvalidReferencesFrom},
-        {"Web",
-         &Lists::ReferenceList,
-         [](auto& run) {
-             run.context.lists.IgnoredReferences.Append("http://site.example/");
-             run.context.lists.IgnoredReferencesFrom.Append("x");
-             run.referencePasses.checkURLs();
-         },
-         {"Reference List", "Reference From List"},
-         &Lists::ReferenceListFrom},
+        {{"File List"}, &Lists::FileList, listFile},
+        {{"Directory List"}, &Lists::DirectoryList, listFolder},
+        {{"Get File List"}, &Lists::GetFileList, retrieve},
+        {{"Unused File List"}, &Lists::UnusedList, unused},
+        {{"Invalid References List", from}, broken, invalid, brokenFrom},
+        {{"Invalid Reference List", from}, broken, unreachable, brokenFrom},
+        {{"Reference List", "Reference From List"}, filed, web, filedFrom},
+        {{"Reference List"}, filed, adding("page.html"), filedFrom},
+        {{"Ignored References"}, ignored, adding("ftp://x/"), ignoredFrom},
+        {{"Ignored References List"}, ignored, adding("#t"), ignoredFrom},
     };
     for (const FullCase& row : cases) {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(row.names.front());
         RunBench bench;
         bench.state.localMode = true;
         bench.state.currentFile = bench.site.write("page", "").string();
@@ -126,6 +114,8 @@ TEST(ListMaximum, EveryWriterKeepsTheLineThatFillsItsListAndEndsTheRun) {
                 (bench.lists.*row.from).Append("x");
             }
         }
+        bench.limit.apply(list, "");
+        EXPECT_FALSE(bench.state.abort);
         row.write(parts);
         EXPECT_EQ(list.Count(), ResultList::Maximum);
         EXPECT_TRUE(bench.state.abort);

@@ -131,21 +131,6 @@ TEST(Passes, TopicAndCgiReferencesAreRemovedToTheEnd) {
     EXPECT_EQ(bench.messages.debugs.front(), "Removed Topic Reference :#t");
 }
 
-TEST(Passes, AnnounceWebReferencesInTheOrderOfTheirFetching) {
-    RunBench bench;
-    FiledReferences references{bench.lists};
-    LineIndex files{bench.lists.FileList, NameComparison::Exact};
-    ReferencePasses passes{bench.context, bench.limit, references, files};
-    for (const char* line : {"http://b/", "#top", "http://a/", "mailto:x", "http://b/"}) {
-        bench.lists.IgnoredReferences.Append(line);
-        bench.lists.IgnoredReferencesFrom.Append("page");
-    }
-    passes.checkURLs();
-    EXPECT_EQ(bench.web.expected, Lines({"http://b/", "http://a/", "http://b/"}));
-    EXPECT_EQ(linesOf(bench.lists.IgnoredReferences), Lines({"#top", "mailto:x"}));
-    EXPECT_EQ(linesOf(bench.lists.ReferenceList), bench.web.expected);
-}
-
 TEST(Passes, StopKeepsWhatWasFound) {
     Generated bench(4);
     int steps = 0;
@@ -155,19 +140,6 @@ TEST(Passes, StopKeepsWhatWasFound) {
     EXPECT_LE(bench.lists.UnusedList.Count(), 4);
     bench.referencePasses.checkReferences();
     EXPECT_EQ(bench.lists.InvalidReferences.Count(), 0);
-}
-
-TEST(Passes, StatisticsSumFromTheTopOfTheList) {
-    RunBench bench;
-    for (const char* line : {"/a000000100", "/b000000020", "/c000000003"}) {
-        bench.lists.FileSizes.Append(line);
-    }
-    bench.lists.UnusedList.Append("/b");
-    bench.lists.UnusedList.Append("/c");
-    FilePasses(bench.context, bench.limit).computeStatistics();
-    EXPECT_EQ(bench.state.hostByteTotal, 123);
-    EXPECT_EQ(bench.state.unusedByteTotal, 120);
-    EXPECT_TRUE(bench.state.statisticsComplete);
 }
 
 TEST(HtmlFile, IsToldByAnExtensionAnywhere) {

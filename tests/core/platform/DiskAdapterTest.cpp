@@ -1,15 +1,22 @@
 #include "platform/disk/DiskAdapter.h"
 #include "base/Failure.h"
 #include "base/Paths.h"
-#include "platform/FolderLock.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
+
+#include <cerrno>
 
 namespace quillmark::test {
 namespace {
 
 using Names = std::vector<std::string>;
+
+TEST(FailureFromError, TellsThatThereIsNoPermission) {
+    for (const int error : {EACCES, EPERM, EROFS}) {
+        EXPECT_EQ(failureFromError({error, std::system_category()}, pathNotFound()).number(), 70);
+    }
+}
 
 TEST(DiskAdapter, ListsInByteOrderWithoutHiddenEntriesAndLinks) {
     const TempFolder folder;
@@ -45,19 +52,15 @@ TEST(DiskAdapter, CopyFindsAnotherSpellingOnlyWhenTheExactOneIsMissing) {
     folder.write("Docs/Page.HTM", "mixed");
     folder.write("Docs/PAGE.HTM", "upper");
     const std::string target = ToBackSlashes((folder.path() / "copy").string());
-    struct SpellingCase {
-        const char* name;
-        const char* asked;
-        std::string found; ///< Empty: nothing is copied.
-    };
-    for (const SpellingCase& row :
-         {SpellingCase{"Exact", "Docs/Page.HTM", "mixed"},
-          SpellingCase{"FirstInByteOrder", "docs/page.htm", "upper"},
-          SpellingCase{"None", "docs/other.htm", ""}, SpellingCase{"AFolder", "docs", ""}}) {
-        SCOPED_TRACE(row.name);
-        const std::string source = ToBackSlashes((folder.path() / row.asked).string());
-        EXPECT_EQ(DiskAdapter().CopyFileBinary(source, target), row.found.empty() ? 1 : 0);
-        EXPECT_EQ(folder.read("copy").substr(0, 5), row.found.empty() ? "upper" : row.found);
+    const std::vector<std::pair<std::string, std::string>> rows = {
+        {"Docs/Page.HTM", "mixed"},
+        {"docs/page.htm", "upper"}, // The first in byte order.
+        {"docs/other.htm", ""},
+        {"docs", ""}};
+    for (const auto& [asked, found] : rows) {
+        const std::string source = ToBackSlashes((folder.path() / asked).string());
+        EXPECT_EQ(DiskAdapter().CopyFileBinary(source, target), found.empty() ? 1 : 0) << asked;
+        EXPECT_EQ(folder.read("copy").substr(0, 5), found.empty() ? "upper" : found);
     }
 }
 
@@ -75,16 +78,6 @@ TEST(DiskAdapter, ReadsAndDeletes) {
     folder.write("kept/x", "");
     disk.deleteIfThere(ToBackSlashes((folder.path() / "kept").string()));
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "kept" / "x"));
-}
-
-TEST(FolderLock, IsHeldByOneAtATime) {
-    const TempFolder folder;
-    {
-        const FolderLock first(folder.path());
-        EXPECT_TRUE(first.held());
-        EXPECT_FALSE(FolderLock(folder.path()).held());
-    }
-    EXPECT_TRUE(FolderLock(folder.path()).held());
 }
 
 } // namespace

@@ -29,7 +29,7 @@ TEST(SetByKey, SetsOneValuePerKey) {
     EXPECT_THAT(lines, testing::Not(testing::HasSubstr("8")));
     setByKey(settings, "HOST_ALIAS", "a, =b");
     setByKey(settings, "MAX_LEVELS", "-32768");
-    setByKey(settings, "FILEMASKS", ".dot,,x");
+    setByKey(settings, "FILEMASKS", ",.dot,,x,");
     EXPECT_EQ(settings.profile.HOST_ALIAS, "a, =b");
     EXPECT_EQ(settings.profile.MAX_LEVELS, -32768);
     EXPECT_EQ(settings.configuration.masks.lstFileMasks.Line(1), "X");

@@ -1,21 +1,12 @@
 #include "store/FileMasks.h"
 
-#include "core/store/Lists.h"
 #include "store/FileCategory.h"
+#include "support/Lists.h"
 
 #include <gtest/gtest.h>
 
 namespace quillmark {
 namespace {
-
-TEST(FileMasks, AreSplitAndJoined) {
-    ResultList masks = listOf({"OLD"});
-    SplitFileMasks(",.htm,,asp, .gif,", masks);
-    EXPECT_EQ(linesOf(masks), (Lines{".HTM", "ASP", " .GIF"}));
-    EXPECT_EQ(JoinFileMasks(masks), ".HTM,ASP, .GIF");
-    SplitFileMasks(",,", masks);
-    EXPECT_EQ(JoinFileMasks(masks), "");
-}
 
 TEST(CheckMask, ComparesExtensions) {
     CategoryMasks masks;

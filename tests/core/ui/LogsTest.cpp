@@ -1,7 +1,7 @@
 #include "ui/MessageLog.h"
 
 #include "base/Failure.h"
-#include "core/store/Lists.h"
+#include "support/Lists.h"
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>

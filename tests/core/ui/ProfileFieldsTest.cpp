@@ -9,15 +9,6 @@
 namespace quillmark::test {
 namespace {
 
-TEST(ProfileFields, HoldWhatANewProfileBeginsWith) {
-    ProfileFields expected;
-    expected.depth = "0";
-    expected.startColumn = "33";
-    expected.endColumn = "43";
-    expected.hostPort = "21";
-    EXPECT_EQ(ClearFields(), expected);
-}
-
 TEST(ProfileFields, ComeBackAsTheyWereStored) {
     ProfileFields fields{"host", "user", "\\a\xE4", "acct", "p,w", "alias", "-3",
                          "1",    "2",    "8021",    true,   false, true,    false,

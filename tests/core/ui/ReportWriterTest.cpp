@@ -2,7 +2,7 @@
 
 #include "base/Failure.h"
 #include "base/Version.h"
-#include "core/store/Lists.h"
+#include "support/Lists.h"
 #include "support/TempFolder.h"
 #include "ui/Thousands.h"
 
@@ -103,11 +103,6 @@ TEST_F(ReportWriterTest, FailsWithTheReasonOfTheDisk) {
     expectFailure(folder.path() / "missing/report.txt", 76);
     expectFailure(folder.path(), 1003);
     expectFailure("/dev/full", 1002);
-}
-
-TEST(PadToColumn, EndsEveryTextWithOneTab) {
-    EXPECT_EQ(PadToColumn("ab", 4), "ab  \t");
-    EXPECT_EQ(PadToColumn("abcde", 4), "abcde\t");
 }
 
 TEST(Thousands, AreGroupedByACommaWithoutALocale) {

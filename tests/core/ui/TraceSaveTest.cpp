@@ -1,7 +1,7 @@
 #include "ui/TraceSave.h"
 
 #include "base/Version.h"
-#include "core/store/Lists.h"
+#include "support/Lists.h"
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>

@@ -72,41 +72,35 @@ TEST(CheckCommand, WritesFilesOnlyWhereItIsTold) {
     EXPECT_EQ(std::distance(files, {}), 3) << "nothing is added to the site";
 }
 
-struct RefusedCase {
-    const char* name;
-    Words words;
-    std::string error;
-};
-
 TEST(CheckCommand, RefusesWhatCannotStart) {
     const CommandBench bench;
     bench.writeBrokenSite();
     const std::string start = bench.start();
     const std::string site = bench.site.path().string();
-    const std::vector<RefusedCase> cases = {
-        {"Nothing", {}, "a start file, --profile NAME or --host NAME"},
-        {"NoSuchFile", {"nowhere.html"}, "there is no start file \"nowhere.html\""},
-        {"AFolder", {site}, "is a folder; name the start file in it, such as " + start},
-        {"NoSuchProfile", {"--profile", "x"}, "there is no profile \"x\""},
-        {"ProfileAndStart", {"--profile", "x", start}, "--profile"},
-        {"UnknownOption", {"--frob", start}, "--frob"},
-        {"UnknownSetting", {"--set", "FOO=1", start}, "there is no setting \"FOO\""},
-        {"SettingWithoutValue", {"--set", "MAX_LEVELS", start}, "--set takes KEY=VALUE"},
-        {"NoNumber", {"--set", "MAX_LEVELS=many", start}, "MAX_LEVELS takes a whole number"},
-        {"PasswordInSight", {"--set", "USER_PASSWORD=secret", start}, "password"},
-        {"UnknownList", {"--list", "Foo", start}, "there is no list \"Foo\""},
-        {"TwoForOutput", {"--json", "-", "--list", "FileList", start}, "standard output"},
-        {"ReportNowhere", {"--report", "none/r.txt", start}, "\"none/r.txt\" cannot be written"},
-        {"FolderIsAFile", {"--folder", start, start}, "own folder"},
-        {"StartPathGone", {"--set", "START_PATH=\\x\\index.html", start}, "there is no start file"},
+    const std::vector<std::pair<Words, std::string>> cases = {
+        {{}, "a start file, --profile NAME or --host NAME"},
+        {{"nowhere.html"}, "there is no start file \"nowhere.html\""},
+        {{site}, "is a folder; name the start file in it, such as " + start},
+        {{"--profile", "x"}, "there is no profile \"x\""},
+        {{"--profile", "x", start}, "--profile"},
+        {{"--frob", start}, "--frob"},
+        {{"--set", "FOO=1", start}, "there is no setting \"FOO\""},
+        {{"--set", "MAX_LEVELS", start}, "--set takes KEY=VALUE"},
+        {{"--set", "MAX_LEVELS=many", start}, "MAX_LEVELS takes a whole number"},
+        {{"--set", "USER_PASSWORD=secret", start}, "password"},
+        {{"--list", "Foo", start}, "there is no list \"Foo\""},
+        {{"--json", "-", "--list", "FileList", start}, "standard output"},
+        {{"--report", "none/r.txt", start}, "\"none/r.txt\" cannot be written"},
+        {{"--folder", start, start}, "own folder"},
+        {{"--set", "START_PATH=\\x\\index.html", start}, "there is no start file"},
     };
-    for (const RefusedCase& row : cases) {
-        SCOPED_TRACE(row.name);
-        const Finished result = bench.check(row.words);
+    for (const auto& [words, error] : cases) {
+        SCOPED_TRACE(error);
+        const Finished result = bench.check(words);
         EXPECT_EQ(result.status, 2);
         EXPECT_THAT(result.out, IsEmpty());
         EXPECT_THAT(result.err, HasSubstr("quillmark-check: "));
-        EXPECT_THAT(result.err, HasSubstr(row.error));
+        EXPECT_THAT(result.err, HasSubstr(error));
         EXPECT_THAT(result.err, Not(HasSubstr("secret")));
     }
 }
@@ -163,42 +157,27 @@ void writeLongSite(const TempFolder& site) {
     site.write("index.html", index);
 }
 
-/// A run that has begun to read the pages of a long site.
-struct LongRun {
-    CommandBench bench;
-    Process process;
-
-    LongRun() : process(begin()) {
-        while (process.running() && process.errSoFar().find("Retrieving") == std::string::npos) {
-        }
-        EXPECT_TRUE(process.running());
+TEST(CheckCommand, InterruptStopsTheOnlyRunOfAFolderAndKeepsItsResults) {
+    const CommandBench bench;
+    writeLongSite(bench.site);
+    Process process(bench.command({"--json", "r.json", bench.start()}));
+    while (process.running() && process.errSoFar().find("Retrieving") == std::string::npos) {
     }
-    Command begin() const {
-        writeLongSite(bench.site);
-        return bench.command({"--json", "r.json", bench.start()});
-    }
-};
-
-TEST(CheckCommand, InterruptStopsTheRunAndKeepsItsResults) {
-    LongRun longRun;
-    longRun.process.signal(SIGINT);
-    const Finished result = longRun.process.wait();
+    ASSERT_TRUE(process.running());
+    const Finished second = bench.check({bench.start()});
+    EXPECT_EQ(second.status, 2);
+    EXPECT_THAT(second.err, HasSubstr("another check is running"));
+    const std::string page = bench.workingFolder.write("1.html", "").string();
+    EXPECT_EQ(bench.check({"--folder", "other", "-q", page}).status, 0);
+    process.signal(SIGINT);
+    const Finished result = process.wait();
     EXPECT_EQ(result.status, 3);
     EXPECT_THAT(result.err, HasSubstr("Stopping Quillmark...Please Wait\n"));
     EXPECT_THAT(result.err, HasSubstr("Quillmark Aborted\n"));
-    const auto json = nlohmann::json::parse(longRun.bench.workingFolder.read("r.json"));
+    const auto json = nlohmann::json::parse(bench.workingFolder.read("r.json"));
     EXPECT_EQ(json["outcome"], "aborted");
     EXPECT_EQ(json["lists"]["FileList"].size(), 201U);
     EXPECT_LT(json["lists"]["GetFileList"].size(), 201U);
-}
-
-TEST(CheckCommand, OneRunAtATimeUsesAFolder) {
-    const LongRun longRun;
-    const Finished second = longRun.bench.check({longRun.bench.start()});
-    EXPECT_EQ(second.status, 2);
-    EXPECT_THAT(second.err, HasSubstr("another check is running"));
-    const std::string page = longRun.bench.site.write("other/1.html", "").string();
-    EXPECT_EQ(longRun.bench.check({"--folder", "other", "-q", page}).status, 0);
 }
 
 } // namespace

@@ -6,9 +6,7 @@
 #include <thread>
 
 #include <grp.h>
-#include <netinet/in.h>
 #include <pwd.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 namespace quillmark::test {
@@ -18,24 +16,6 @@ namespace {
 std::string vsftpdProgram() {
     const char* program = std::getenv("QUILLMARK_VSFTPD");
     return program == nullptr ? VSFTPD : program;
-}
-
-/// A profile keeps its port in 16 bits with a sign.
-std::int16_t freeLowPort() {
-    for (int port = 20'000 + getpid() % 10'000; port < 32'000; ++port) {
-        const int socketHandle = socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_port = htons(static_cast<std::uint16_t>(port));
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        const bool isFree =
-            bind(socketHandle, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
-        close(socketHandle);
-        if (isFree) {
-            return static_cast<std::int16_t>(port);
-        }
-    }
-    throw std::runtime_error("no free port");
 }
 
 } // namespace
@@ -56,7 +36,7 @@ void Server::start(const Command& command) {
 }
 
 RealServer::RealServer(const std::string& name, bool passiveDisabled) {
-    login_.port = freeLowPort();
+    login_.port = static_cast<std::int16_t>(freePort());
     login_.passiveDisabled = passiveDisabled;
     name == "vsftpd" ? startVsftpd() : startProftpd();
 }

@@ -17,21 +17,19 @@ protected:
                               std::filesystem::copy_options::recursive);
         std::filesystem::remove(bench.site.path() / ".gitattributes");
     }
-    Command withPassword(const Words& words) const {
-        Command command = bench.command(words);
-        command.environment["QUILLMARK_PASSWORD"] = server.login().password;
-        return command;
-    }
-    Words saveWords() const {
+    Command saveProfile() const {
         const FtpLogin& login = server.login();
         const char* passive = login.passiveDisabled ? "DISABLE_PASV=1" : "DISABLE_PASV=0";
-        Words words = {"profile", "save", "Host", "--host", login.host, "--user", login.userName};
-        words.insert(words.end(), {"--port", std::to_string(login.port), "--start", bench.start()});
-        for (const char* setting :
-             {"IGNORE_VALUE=1", "GET_STATS=1", "START_COL=30", "END_COL=43", passive}) {
-            words.insert(words.end(), {"--set", setting});
-        }
-        return words;
+        Command command =
+            bench.command({"profile",        "save",         "Host",
+                           "--host",         login.host,     "--user",
+                           login.userName,   "--port",       std::to_string(login.port),
+                           "--start",        bench.start(),  "--set",
+                           "IGNORE_VALUE=1", "--set",        "GET_STATS=1",
+                           "--set",          "START_COL=30", "--set",
+                           "END_COL=43",     "--set",        passive});
+        command.environment["QUILLMARK_PASSWORD"] = login.password;
+        return command;
     }
 
     RealServer server;
@@ -48,7 +46,7 @@ double bytesIn(const std::filesystem::path& folder) {
 
 TEST_P(HostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
     auto local = bench.json({"--set", "IGNORECASE=0", bench.start()});
-    ASSERT_EQ(run(withPassword(saveWords())).status, 0);
+    ASSERT_EQ(run(saveProfile()).status, 0);
     EXPECT_THAT(bench.program.read("Host.pro"), Not(HasSubstr(server.login().password)));
     const Finished result = bench.check(
         {"--profile", "Host", "--set", "IGNORECASE=0", "--trace", "trace.txt", "--json", "-"});

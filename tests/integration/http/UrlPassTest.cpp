@@ -4,7 +4,6 @@
 #include "support/RunFakes.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <fstream>
 #include <optional>
 #include <string>
@@ -92,8 +91,10 @@ struct UrlRow {
     Answer answer;
 };
 
-std::vector<UrlRow> rows(const WebServer& server) {
-    return {
+TEST(UrlPass, GivesEachAnswerItsResultAndMessageInOrder) {
+    UrlPass pass({.wholeFetch = 3s});
+    const WebServer& server = pass.server;
+    const std::vector<UrlRow> rows = {
         {"a page", server.url("/page/1"), Answer::Passes},
         {"scheme in capitals", "HTTP" + server.url("/page/2").substr(4), Answer::Passes},
         {"blank and bytes beyond ASCII", server.url("/page/a b\xe9"), Answer::Passes},
@@ -120,14 +121,10 @@ std::vector<UrlRow> rows(const WebServer& server) {
         {"no absolute address", "go.cgi?u=" + server.url("/page/5"), Answer::None},
         {"no web reference", "mailto:me", Answer::None},
     };
-}
-
-TEST(UrlPass, GivesEachAnswerItsResultAndMessageInOrder) {
-    UrlPass pass({.wholeFetch = 3s});
     Lines messages;
     Lines references;
     Lines ignored;
-    for (const UrlRow& row : rows(pass.server)) {
+    for (const UrlRow& row : rows) {
         pass.ignore({row.url});
         (row.answer == Answer::Passes ? references : ignored).push_back(row.url);
         if (row.answer != Answer::None) {
@@ -149,8 +146,7 @@ struct LimitRow {
     const char* name;
     int hosts;
     std::size_t toOneHost;
-    int mostToOneHost;
-    int mostInAll;
+    int mostToOneHost, mostInAll;
 };
 
 TEST(UrlPass, ReachesItsLimitsAndNeverExceedsThem) {
@@ -210,21 +206,6 @@ TEST(UrlPass, StopEndsItAtOnce) {
 }
 
 #ifndef __SANITIZE_ADDRESS__
-/// The most memory that this process has had since forgetPeak(), in KiB.
-int peakMemory() {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.rfind("VmHWM:", 0) == 0) {
-            return std::atoi(line.c_str() + 6);
-        }
-    }
-    return 0;
-}
-
-void forgetPeak() {
-    std::ofstream("/proc/self/clear_refs") << "5";
-}
-
 TEST(UrlPass, KeepsItsMemoryWhateverArrivesAhead) {
     UrlPass pass({.wholeFetch = 3s});
     const WebServer& server = pass.server;
@@ -236,9 +217,14 @@ TEST(UrlPass, KeepsItsMemoryWhateverArrivesAhead) {
             pass.ignore({server.url(habit + std::to_string(i), host)});
         }
     }
-    forgetPeak();
+    std::ofstream("/proc/self/clear_refs") << "5"; // Forgets the most memory so far.
     pass.check();
-    EXPECT_LT(peakMemory(), 64 * 1024);
+    std::ifstream status("/proc/self/status");
+    for (std::string word; word != "VmHWM:" && status >> word;) {
+    }
+    int kibibytes = 0;
+    EXPECT_TRUE(status >> kibibytes);
+    EXPECT_LT(kibibytes, 64 * 1024);
     EXPECT_EQ(pass.passed(), 81);
     EXPECT_EQ(pass.reported("/big/0"), 1);
     EXPECT_EQ(pass.reported("/big/39"), 1);

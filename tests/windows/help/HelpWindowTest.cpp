@@ -1,6 +1,6 @@
-#include "support/TempFolder.h"
 #include "windows/help/frmHelp.h"
 #include "windows/shared/Theme.h"
+#include "windows/support/TestContext.h"
 
 #include <QDialog>
 #include <QDir>
@@ -14,33 +14,16 @@
 #include <QToolButton>
 #include <QWindow>
 
+#include <array>
 #include <memory>
-#include <string>
-#include <vector>
 
 namespace quillmark::test {
 
 namespace {
 
-class RecordingShell : public Shell {
-public:
-    void open(std::string_view target) override { opened.emplace_back(target); }
-    std::vector<std::string> opened;
-};
-
-QString fileText(const QString& path) {
-    QFile file(path);
+QString fileText(const QString& name) {
+    QFile file(QUILLMARK_HELP "/" + name);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-/// Every first group that matches in the text.
-QStringList allMatches(const QString& text, const QString& pattern) {
-    QStringList found;
-    auto match = QRegularExpression(pattern).globalMatch(text);
-    while (match.hasNext()) {
-        found += match.next().captured(1);
-    }
-    return found;
 }
 
 } // namespace
@@ -64,82 +47,63 @@ private slots:
         applyTheme(*qApp, ThemeChoice::Light);
     }
 
-    void thePagesOfTheHelpAreComplete() {
-        const QString folder = QUILLMARK_HELP;
+    void theHelpListsAllItsPagesInOrder() {
+        const std::vector<HelpPage> pages = readHelpPages(QUILLMARK_HELP);
         QStringList listed;
-        for (const HelpPage& page : readHelpPages(QUILLMARK_HELP)) {
-            listed += page.file;
+        for (std::size_t i = 0; i < pages.size(); ++i) {
+            listed += pages[i].file;
+            const bool back = i == 0 || pages[i].text.contains("Back: " + pages[i - 1].title);
+            const bool next =
+                i + 1 == pages.size() || pages[i].text.contains("Next: " + pages[i + 1].title);
+            QVERIFY2(back && next, qPrintable(pages[i].file));
         }
-        QCOMPARE(listed.size(), fileText(folder + "/contents").count('\n'));
+        QCOMPARE(listed.size(), fileText("contents").count('\n'));
         listed.sort();
-        QCOMPARE(QDir(folder).entryList({"*.html"}, QDir::Files, QDir::Name), listed);
+        QCOMPARE(QDir(QUILLMARK_HELP).entryList({"*.html"}, QDir::Files, QDir::Name), listed);
     }
 
     void theLinksOfTheHelpLeadSomewhere() {
+        const QRegularExpression links("<(?:a|link rel=\"stylesheet\") href=\"([^\"]*)\"");
         int checked = 0;
         for (const HelpPage& page : readHelpPages(QUILLMARK_HELP)) {
-            const QString html = fileText(QString(QUILLMARK_HELP) + '/' + page.file);
-            for (const QString& link :
-                 allMatches(html, "<(?:a|link rel=\"stylesheet\") href=\"([^\"]*)\"")) {
+            const QString html = fileText(page.file);
+            for (auto match = links.globalMatch(html); match.hasNext(); ++checked) {
+                const QString link = match.next().captured(1);
                 const QString file = link.section('#', 0, 0);
-                const QString target =
-                    file.isEmpty() ? html : fileText(QString(QUILLMARK_HELP) + '/' + file);
                 const QString place = link.section('#', 1);
+                const QString target = file.isEmpty() ? html : fileText(file);
                 const bool there = place.isEmpty() || target.contains("name=\"" + place + '"');
                 QVERIFY2(!target.isEmpty() && there, qPrintable(page.file + ": " + link));
-                ++checked;
             }
         }
         QVERIFY(checked > 60);
     }
 
-    void theFootOfEachPageFollowsTheContents() {
-        const std::vector<HelpPage> pages = readHelpPages(QUILLMARK_HELP);
-        for (std::size_t i = 0; i + 1 < pages.size(); ++i) {
-            QVERIFY2(pages[i].text.contains("Next: " + pages[i + 1].title),
-                     qPrintable(pages[i].file));
-            QVERIFY2(pages[i + 1].text.contains("Back: " + pages[i].title),
-                     qPrintable(pages[i + 1].file));
-        }
-    }
-
-    void theSearchNarrowsTheContents_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("count");
-        QTest::newRow("nothing typed") << ""
-                                       << "Start here, Boats, River"
-                                       << "3 pages";
-        QTest::newRow("a word, whatever its case") << "eIGHT"
-                                                   << "Boats, River"
-                                                   << "2 of 3 pages";
-        QTest::newRow("all words, in any order") << " quad  eight "
-                                                 << "Boats"
-                                                 << "1 of 3 pages";
-        QTest::newRow("a word of the title") << "here"
-                                             << "Start here"
-                                             << "1 of 3 pages";
-        QTest::newRow("a tag is no word") << "href"
-                                          << ""
-                                          << "0 of 3 pages";
-    }
     void theSearchNarrowsTheContents() {
-        QFETCH(QString, typed);
-        QTest::keyClicks(control<QLineEdit>("txtSearch"), typed);
-        QStringList left;
-        auto* contents = control<QListWidget>("lstContents");
-        for (int row = 0; row < contents->count(); ++row) {
-            if (!contents->item(row)->isHidden()) {
-                left += contents->item(row)->text();
+        const std::array<std::array<QString, 3>, 5> rows = {
+            {{"", "Start here, Boats, River", "3 pages"},
+             {"eIGHT", "-, Boats, River", "2 of 3 pages"},
+             {" quad  eight ", "-, Boats, -", "1 of 3 pages"},
+             {"here", "Start here, -, -", "1 of 3 pages"}, // A word of the title.
+             {"href", "-, -, -", "0 of 3 pages"}}};        // A tag is no word.
+        const auto& contents = *control<QListWidget>("lstContents");
+        for (const auto& [typed, shown, count] : rows) {
+            control<QLineEdit>("txtSearch")->clear();
+            QTest::keyClicks(control<QLineEdit>("txtSearch"), typed);
+            QStringList left;
+            for (int row = 0; row < contents.count(); ++row) {
+                left += contents.item(row)->isHidden() ? "-" : contents.item(row)->text();
             }
+            QCOMPARE(left.join(", "), shown);
+            QCOMPARE(control<QLabel>("lblFound")->text(), count);
         }
-        QTEST(left.join(", "), "shown");
-        QTEST(control<QLabel>("lblFound")->text(), "count");
     }
 
     void theSearchOpensAndMarksWhatItFinds() {
-        QTest::keyClicks(control<QLineEdit>("txtSearch"), "quad");
-        QTest::keyClick(control<QLineEdit>("txtSearch"), Qt::Key_Return);
+        QVERIFY(QTest::qWaitForWindowActive(window_.get()));
+        QTest::keyClick(window_.get(), Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(window_->focusWidget(), "quad");
+        QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
         QCOMPARE(page(), "boats.html");
         QCOMPARE(text()->extraSelections().size(), 1);
         QCOMPARE(text()->extraSelections().first().cursor.selectedText(), "quad");
@@ -150,49 +114,36 @@ private slots:
         clickText("Locks");
         QCOMPARE(page(), "river.html");
         QCOMPARE(control<QListWidget>("lstContents")->currentItem()->text(), "River");
-        control<QListWidget>("lstContents")->setFocus();
         QTest::keyClick(control<QListWidget>("lstContents"), Qt::Key_Up);
         QCOMPARE(page(), "boats.html");
-        press("cmdBack");
-        QCOMPARE(page(), "river.html");
-        press("cmdForward");
-        QCOMPARE(page(), "boats.html");
-        press("cmdHome");
-        QCOMPARE(page(), "index.html");
-    }
-
-    void aLinkThatLeadsOutGoesToTheBrowser() {
-        window_->showPage("river.html");
+        for (const auto& [button, file] :
+             {std::pair("cmdBack", "river.html"), std::pair("cmdForward", "boats.html"),
+              std::pair("cmdHome", "index.html")}) {
+            press(button);
+            QCOMPARE(page(), file);
+        }
+        clickText("Locks");
         clickText("Outside");
         QCOMPARE(shell_.opened, std::vector<std::string>{"http://a.example/b?c"});
         QCOMPARE(page(), "river.html");
     }
 
-    void aMissingFolderIsToldInPlainWords() {
-        open(folder_->path() / "no <such> folder");
-        QVERIFY(text()->toPlainText().contains("The help is not here"));
-        QVERIFY(text()->toPlainText().contains("no <such> folder"));
-        applyTheme(*qApp, ThemeChoice::Dark);
-        QTRY_COMPARE(colorOf("The help"), darkPalette().color(QPalette::Link));
-    }
-
-    void keysFindAndClose() {
-        QVERIFY(QTest::qWaitForWindowActive(window_.get()));
-        QTest::keyClick(window_.get(), Qt::Key_F, Qt::ControlModifier);
-        QVERIFY(control<QLineEdit>("txtSearch")->hasFocus());
-        QTest::keyClick(window_.get(), Qt::Key_Escape);
-        QVERIFY(!window_->isVisible());
-    }
-
-    void linksFollowThePalette() {
+    void pagesFollowThePaletteAndAMissingFolderIsTold() {
         applyTheme(*qApp, ThemeChoice::Dark);
         QTRY_COMPARE(colorOf("Locks"), darkPalette().color(QPalette::Link));
+        open(folder_->path() / "no <such> folder");
+        QVERIFY(text()->toPlainText().contains("no <such> folder"));
         applyTheme(*qApp, ThemeChoice::Light);
-        QTRY_COMPARE(colorOf("Locks"), lightPalette().color(QPalette::Link));
+        QTRY_COMPARE(colorOf("The help is not here"), lightPalette().color(QPalette::Link));
     }
 
     /// The profile and options dialogs open the help while they wait for an answer.
     void theHelpCanBeReadWhileADialogAsks() {
+        const auto readable = [this] {
+            window_->showPage("river.html");
+            press("cmdHome");
+            return window_->isVisible() && page() == "index.html";
+        };
         for (const bool openBefore : {true, false}) {
             window_->setVisible(openBefore);
             {
@@ -200,14 +151,9 @@ private slots:
                 dialog.setModal(true);
                 dialog.show();
                 QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-                window_->showPage("river.html");
-                pressOnScreen("cmdHome");
-                QCOMPARE(page(), "index.html");
+                QVERIFY(readable());
             }
-            QVERIFY(window_->isVisible());
-            window_->showPage("river.html");
-            pressOnScreen("cmdHome");
-            QCOMPARE(page(), "index.html");
+            QVERIFY(window_->isVisible() && readable());
         }
     }
 
@@ -222,11 +168,8 @@ private:
     }
     QTextBrowser* text() const { return control<QTextBrowser>("HelpText"); }
     QString page() const { return text()->source().fileName(); }
-    void press(const char* button) const {
-        QTest::mouseClick(control<QToolButton>(button), Qt::LeftButton);
-    }
     /// As the window system does it, which lets no click through to a window that has to wait.
-    void pressOnScreen(const char* name) const {
+    void press(const char* name) const {
         const auto* button = control<QToolButton>(name);
         QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {},
                           button->mapTo(window_.get(), button->rect().center()));

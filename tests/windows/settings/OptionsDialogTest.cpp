@@ -1,4 +1,3 @@
-#include "settings/ConfigurationFile.h"
 #include "windows/settings/frmConfig2.h"
 #include "windows/support/Answers.h"
 #include "windows/support/TestContext.h"
@@ -12,66 +11,62 @@ namespace quillmark::test {
 
 class OptionsDialogTest : public QObject {
     Q_OBJECT
+
 private slots:
-    void okWritesWhatIsShown();
-    void cancelLeavesEverything();
-    void aFailedSaveKeepsTheDialogOpen();
+    void init() {
+        all_ = std::make_unique<TestContext>();
+        all_->workspace.settings.configuration.SOUND = 2;
+        dialog_ = std::make_unique<frmConfig2>(all_->context, nullptr);
+        dialog_->show();
+    }
+    void cleanup() {
+        dialog_.reset();
+        all_.reset();
+    }
+
+    void okWritesWhatIsShown() {
+        QVERIFY(box("chkSound").isChecked() && !box("chkDebug").isChecked());
+        QTest::mouseClick(&box("chkTraceWindow"), Qt::LeftButton, {}, QPoint(8, 8));
+        QTest::keyClicks(dialog_->findChild<QLineEdit*>("txtFileMasks"), "class,.dot");
+        press("cmdOk");
+        QVERIFY(!dialog_->isVisible());
+        const Configuration& configuration = all_->workspace.settings.configuration;
+        QCOMPARE(configuration.SOUND, std::int16_t{1});
+        QCOMPARE(configuration.IGNORECASE, std::int16_t{1});
+        const std::string file = all_->folder.read("Quillmark.ini");
+        for (const char* lines : {"#TRACE_WINDOW=1\r\n", "#IGNORECASE=0\r\n",
+                                  "#FILEMASKS=2\r\n#MASK=CLASS\r\n#MASK=.DOT\r\n"}) {
+            QVERIFY2(file.find(lines) != std::string::npos, lines);
+        }
+    }
+
+    void onlyASuccessfulOkSaves() {
+        const std::int16_t& debug = all_->workspace.settings.configuration.DEBUG;
+        const QSignalSpy help(dialog_.get(), &frmConfig2::helpRequested);
+        dialog_->findChild<QAction*>("mnuHelp")->trigger();
+        QCOMPARE(help.count(), 1);
+        box("chkDebug").setChecked(true);
+        press("cmdCancel");
+        QVERIFY(!dialog_->isVisible());
+        QCOMPARE(debug, std::int16_t{0});
+        QVERIFY(!std::filesystem::exists(all_->folder.path() / "Quillmark.ini"));
+        std::filesystem::create_directory(all_->folder.path() / "Quillmark.ini");
+        dialog_->show();
+        const Answer told(QMessageBox::Ok);
+        press("cmdOk");
+        QVERIFY(told.text().startsWith("An error has occurred: "));
+        QVERIFY(dialog_->isVisible());
+        QCOMPARE(debug, std::int16_t{1});
+    }
 
 private:
-    static void press(QDialog& dialog, const char* button) {
-        QTest::mouseClick(dialog.findChild<QPushButton*>(button), Qt::LeftButton);
+    QCheckBox& box(const char* name) const { return *dialog_->findChild<QCheckBox*>(name); }
+    void press(const char* button) const {
+        QTest::mouseClick(dialog_->findChild<QPushButton*>(button), Qt::LeftButton);
     }
+    std::unique_ptr<TestContext> all_;
+    std::unique_ptr<frmConfig2> dialog_;
 };
-
-void OptionsDialogTest::okWritesWhatIsShown() {
-    TestContext all;
-    Configuration& configuration = all.workspace.settings.configuration;
-    configuration.SOUND = 2;
-    frmConfig2 dialog(all.context, nullptr);
-    dialog.show();
-    QVERIFY(dialog.findChild<QCheckBox*>("chkSound")->isChecked());
-    QVERIFY(!dialog.findChild<QCheckBox*>("chkDebug")->isChecked());
-    QTest::mouseClick(dialog.findChild<QCheckBox*>("chkTraceWindow"), Qt::LeftButton,
-                      Qt::NoModifier, QPoint(8, 8));
-    QTest::keyClicks(dialog.findChild<QLineEdit*>("txtFileMasks"), "class,.dot");
-    press(dialog, "cmdOk");
-    QVERIFY(!dialog.isVisible());
-    QCOMPARE(configuration.TRACE_WINDOW, std::int16_t{1});
-    QCOMPARE(configuration.SOUND, std::int16_t{1});
-    QCOMPARE(configuration.IGNORECASE, std::int16_t{1});
-    QCOMPARE(configuration.fileMasksText, "class,.dot");
-    const std::string file = all.folder.read("Quillmark.ini");
-    QVERIFY(file.find("#TRACE_WINDOW=1\r\n") != std::string::npos);
-    QVERIFY(file.find("#FILEMASKS=2\r\n#MASK=CLASS\r\n#MASK=.DOT\r\n") != std::string::npos);
-    QVERIFY(file.ends_with("#IGNORECASE=0\r\n"));
-}
-
-void OptionsDialogTest::cancelLeavesEverything() {
-    TestContext all;
-    frmConfig2 dialog(all.context, nullptr);
-    dialog.show();
-    QSignalSpy help(&dialog, &frmConfig2::helpRequested);
-    dialog.findChild<QAction*>("mnuHelp")->trigger();
-    QCOMPARE(help.count(), 1);
-    dialog.findChild<QCheckBox*>("chkDebug")->setChecked(true);
-    press(dialog, "cmdCancel");
-    QVERIFY(!dialog.isVisible());
-    QCOMPARE(all.workspace.settings.configuration.DEBUG, std::int16_t{0});
-    QVERIFY(!std::filesystem::exists(all.folder.path() / "Quillmark.ini"));
-}
-
-void OptionsDialogTest::aFailedSaveKeepsTheDialogOpen() {
-    TestContext all;
-    std::filesystem::create_directory(all.folder.path() / "Quillmark.ini");
-    frmConfig2 dialog(all.context, nullptr);
-    dialog.show();
-    dialog.findChild<QCheckBox*>("chkDebug")->setChecked(true);
-    Answer told(QMessageBox::Ok);
-    press(dialog, "cmdOk");
-    QVERIFY(told.text().startsWith("An error has occurred: "));
-    QVERIFY(dialog.isVisible());
-    QCOMPARE(all.workspace.settings.configuration.DEBUG, std::int16_t{1});
-}
 
 } // namespace quillmark::test
 
