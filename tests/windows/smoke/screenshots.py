@@ -53,6 +53,15 @@ def window(title):
     raise SystemExit(f"no window {title!r} on the screen")
 
 
+def focused(title):
+    """Waits until the keys go to the window of that title."""
+    end = monotonic() + PATIENCE
+    while xdotool("getactivewindow", "getwindowname").stdout.strip() != title:
+        if monotonic() > end:
+            raise SystemExit(f"the window {title!r} does not get the keys")
+        sleep(0.05)
+
+
 def gone(title):
     end = monotonic() + PATIENCE
     while xdotool("search", "--onlyvisible", "--name", f"^{title}$").stdout.split():
@@ -132,12 +141,13 @@ class Tour:
 
     def check(self, name, picture):
         """Types the beginning of a profile's name in the dialog and presses Start there."""
-        window("Profiles")
+        focused("Profiles")
         xdotool("type", name)
         self.picture(picture, "Profiles")
         keys("alt+s")
         gone("Profiles")
         sleep(1)
+        window("Quillmark")  # While the check runs, the title tells of it.
 
     def results(self):
         names = ["directories", "files", "references", "unused", "invalid", "ignored", "duplicates"]
@@ -157,6 +167,7 @@ class Tour:
     def options_on(self):
         """Opens the options, and switches the trace window on."""
         keys("alt+n")
+        focused("Quillmark Options")
         self.picture("options", "Quillmark Options")
         keys("alt+t")
         keys("Return")
@@ -168,6 +179,7 @@ class Tour:
         for name, open_keys, title in (("help", ["F1"], "Quillmark Help"),
                                        ("about", ["alt+h", "a"], "About Quillmark")):
             keys(*open_keys)
+            focused(title)
             self.picture(name, title)
             keys("Escape")
             gone(title)
