@@ -84,8 +84,10 @@ private:
 /// Answers every address with an empty page.
 class SilentWeb : public UrlFetcher {
 public:
-    void expect(std::vector<std::string> /*urls*/) override {}
+    void expect(std::vector<std::string> urls) override { expected = std::move(urls); }
     std::string OpenURL(std::string_view /*url*/) override { return {}; }
+
+    Lines expected;
 };
 
 class RecordingWindow : public RunWindow, public SoundPlayer, public Progress {

@@ -131,6 +131,20 @@ TEST(Passes, TopicAndCgiReferencesAreRemovedToTheEnd) {
     EXPECT_EQ(bench.messages.debugs.front(), "Removed Topic Reference :#t");
 }
 
+TEST(Passes, AnnounceWebReferencesInTheOrderOfTheirFetching) {
+    RunBench bench;
+    FiledReferences references{bench.lists};
+    LineIndex files{bench.lists.FileList, NameComparison::Exact};
+    for (const char* line : {"http://b/", "#top", "http://a/", "mailto:x", "http://b/"}) {
+        bench.lists.IgnoredReferences.Append(line);
+        bench.lists.IgnoredReferencesFrom.Append("page");
+    }
+    ReferencePasses{bench.context, bench.limit, references, files}.checkURLs();
+    EXPECT_EQ(bench.web.expected, Lines({"http://b/", "http://a/", "http://b/"}));
+    EXPECT_EQ(linesOf(bench.lists.IgnoredReferences), Lines({"#top", "mailto:x"}));
+    EXPECT_EQ(linesOf(bench.lists.ReferenceList), bench.web.expected);
+}
+
 TEST(Passes, StopKeepsWhatWasFound) {
     Generated bench(4);
     int steps = 0;
