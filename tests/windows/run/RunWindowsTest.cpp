@@ -1,6 +1,5 @@
 #include "windows/run/ThinkingWindow.h"
 #include "windows/run/frmDebug.h"
-#include "windows/support/Pictures.h"
 #include "windows/support/TestContext.h"
 
 #include <QClipboard>
@@ -115,7 +114,6 @@ private slots:
         QCOMPARE(window.windowTitle(), QString("Checking References...PleaseWait"));
         progress.UpdateThinking(1, 3);
         QCOMPARE(full(), 33.3);
-        keepPicture(window, "thinking");
         progress.InitializeThinking("Checking for CGI Files");
         progress.UpdateThinking(30999, 31000);
         QCOMPARE(full(), 99.9);

@@ -82,6 +82,11 @@ class Tour:
         self.to.mkdir(parents=True, exist_ok=True)
         self.environment = {**os.environ, "QUILLMARK_FOLDER": folder, "XDG_RUNTIME_DIR": folder}
         start = str(EXAMPLE).replace("/", "\\")
+        # So many names that lead nowhere, each a line of the log, that the passes can be seen.
+        large = Path(folder) / "large" / "index.html"
+        large.parent.mkdir()
+        large.write_text("".join(f'<a href="gone{i}.gif">\r\n' for i in range(15000)) + "\r\n")
+        self.save_profile("Large site", "START_PATH=" + str(large).replace("/", "\\"))
         self.save_profile("Example site", f"START_PATH={start}", "CHECK_DUPES=1", "IGNORE_VALUE=1")
         self.host = subprocess.Popen([sys.executable, SOURCE / "tests/support/ftp_faults.py",
                                       "healthy", f"{folder}/log"],
@@ -135,6 +140,7 @@ class Tour:
         self.options_on()
         self.check("Web", "profile-host")
         self.picture("trace", "Host Trace")
+        self.progress()
         self.help()
         xdotool("windowactivate", "--sync", window("Quillmark"))
         keys("ctrl+q")
@@ -170,9 +176,23 @@ class Tour:
         focused("Quillmark Options")
         self.picture("options", "Quillmark Options")
         keys("alt+t")
+        keys("alt+l")
         keys("Return")
         gone("Quillmark Options")
         keys("alt+s")
+
+    def progress(self):
+        """The progress window, while it is there."""
+        xdotool("windowactivate", "--sync", window("Quillmark"))
+        keys("alt+s")
+        focused("Profiles")
+        xdotool("type", "Large")
+        sleep(0.3)
+        xdotool("key", "alt+s")
+        passing = window("Checking .*PleaseWait")
+        subprocess.run(["import", "-window", passing, self.to / "thinking.png"], check=True)
+        window("Quillmark")
+        sleep(1)
 
     def help(self):
         xdotool("windowactivate", "--sync", window("Quillmark"))
