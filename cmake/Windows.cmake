@@ -6,6 +6,6 @@ function(quillmark_windows NAME)
   cmake_parse_arguments(WINDOWS "" "" "SOURCES;USES" ${ARGN})
   quillmark_room(windows_${NAME}
     SOURCES ${WINDOWS_SOURCES}
-    USES quillmark_ui quillmark_engine quillmark_settings quillmark_store Qt6::Widgets ${WINDOWS_USES})
+    USES quillmark_ui quillmark_check quillmark_run quillmark_settings quillmark_store Qt6::Widgets ${WINDOWS_USES})
   set_target_properties(quillmark_windows_${NAME} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
 endfunction()

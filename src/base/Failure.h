@@ -6,7 +6,7 @@
 
 namespace quillmark {
 
-/// The one exception of the engine, the settings and the adapters: what went wrong, as the number
+/// The one exception of the checks, the settings and the adapters: what went wrong, as the number
 /// and the description that a run's failure message shows to the user. The manual lists every
 /// number.
 class Failure : public std::runtime_error {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/outside/RunWindow.h"
-#include "engine/outside/SoundPlayer.h"
+#include "run/RunWindow.h"
+#include "run/SoundPlayer.h"
 
 namespace quillmark {
 

@@ -1,6 +1,6 @@
 #include "command/CheckCommand.h"
 #include "command/ProfileCommand.h"
-#include "command/start/Options.h"
+#include "command/options/Options.h"
 
 int main(int argc, char* argv[]) {
     using namespace quillmark;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ftp/FtpTrace.h"
+#include "platform/ftp/connection/FtpTrace.h"
 #include "ui/TraceLog.h"
 
 #include <functional>

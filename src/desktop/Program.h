@@ -1,9 +1,9 @@
 #pragma once
 
+#include "check/CheckRun.h"
 #include "desktop/DiskMover.h"
 #include "desktop/HostTrace.h"
 #include "desktop/WindowEvents.h"
-#include "engine/run/CheckRun.h"
 #include "platform/ProgramFolder.h"
 #include "platform/disk/DiskAdapter.h"
 #include "platform/ftp/FtpXCtl.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/outside/SoundPlayer.h"
+#include "run/SoundPlayer.h"
 
 #include <QSoundEffect>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/outside/EventLoop.h"
+#include "run/EventLoop.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/outside/Messages.h"
-#include "engine/run/RunState.h"
+#include "run/Messages.h"
+#include "run/RunState.h"
 #include "settings/Configuration.h"
 #include "store/CappedList.h"
 #include "ui/MessageSink.h"

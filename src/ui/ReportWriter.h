@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/run/RunState.h"
+#include "run/RunState.h"
 #include "settings/Settings.h"
 #include "store/ResultLists.h"
 

@@ -1,6 +1,6 @@
 #include "command/output/JsonOutput.h"
 
-#include "command/output/NamedLists.h"
+#include "command/options/NamedLists.h"
 
 #include <cmath>
 #include <string>

@@ -1,11 +1,11 @@
 #include "command/output/Results.h"
 
 #include "base/Failure.h"
+#include "command/options/NamedLists.h"
+#include "command/options/StartFile.h"
 #include "command/output/JsonOutput.h"
-#include "command/output/NamedLists.h"
 #include "command/output/Summary.h"
-#include "command/output/Terminal.h"
-#include "command/start/StartFile.h"
+#include "command/terminal/Terminal.h"
 #include "platform/FolderChoice.h"
 #include "ui/ReportWriter.h"
 

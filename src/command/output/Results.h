@@ -1,7 +1,7 @@
 #pragma once
 
-#include "command/start/Options.h"
-#include "engine/run/CheckRun.h"
+#include "check/CheckRun.h"
+#include "command/options/Options.h"
 #include "ui/Workspace.h"
 
 namespace quillmark {

@@ -3,7 +3,7 @@
 #include "base/PathParser.h"
 #include "base/Paths.h"
 #include "base/Version.h"
-#include "command/output/Terminal.h"
+#include "command/terminal/Terminal.h"
 
 #include <algorithm>
 #include <map>

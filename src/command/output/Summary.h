@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/run/CheckRun.h"
+#include "check/CheckRun.h"
 #include "ui/Workspace.h"
 
 #include <ostream>

@@ -1,6 +1,6 @@
 #include "command/start/Password.h"
 
-#include "command/start/StartFile.h"
+#include "command/options/StartFile.h"
 #include "platform/PasswordPrompt.h"
 
 #include <cstdlib>

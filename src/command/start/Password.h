@@ -1,6 +1,6 @@
 #pragma once
 
-#include "command/start/Options.h"
+#include "command/options/Options.h"
 #include "settings/Profile.h"
 
 #include <optional>

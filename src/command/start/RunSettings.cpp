@@ -1,9 +1,9 @@
 #include "command/start/RunSettings.h"
 
-#include "command/output/Complaint.h"
-#include "command/output/Terminal.h"
+#include "command/options/StartFile.h"
 #include "command/start/Password.h"
-#include "command/start/StartFile.h"
+#include "command/terminal/Complaint.h"
+#include "command/terminal/Terminal.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
 #include "settings/ProfileFile.h"

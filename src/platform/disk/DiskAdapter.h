@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/outside/LocalDisk.h"
+#include "run/LocalDisk.h"
 
 namespace quillmark {
 

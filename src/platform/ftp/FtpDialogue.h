@@ -1,12 +1,12 @@
 #pragma once
 
-#include "engine/outside/EventLoop.h"
-#include "engine/outside/FtpComponent.h"
-#include "engine/run/RunState.h"
-#include "platform/ftp/FtpTimeouts.h"
-#include "platform/ftp/FtpTrace.h"
 #include "platform/ftp/connection/FtpSession.h"
+#include "platform/ftp/connection/FtpTimeouts.h"
+#include "platform/ftp/connection/FtpTrace.h"
 #include "platform/ftp/connection/HostWait.h"
+#include "run/EventLoop.h"
+#include "run/FtpComponent.h"
+#include "run/RunState.h"
 
 #include <functional>
 #include <memory>

@@ -1,8 +1,8 @@
 #include "platform/ftp/FtpXCtl.h"
 
-#include "platform/ftp/FtpFailures.h"
 #include "platform/ftp/ListingLines.h"
 #include "platform/ftp/PageFile.h"
+#include "platform/ftp/connection/FtpFailures.h"
 
 namespace quillmark {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/outside/FtpComponent.h"
+#include "run/FtpComponent.h"
 
 #include <cstddef>
 #include <string>

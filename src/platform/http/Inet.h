@@ -1,10 +1,10 @@
 #pragma once
 
-#include "engine/outside/EventLoop.h"
-#include "engine/outside/UrlFetcher.h"
-#include "engine/run/RunState.h"
 #include "platform/http/FetchAhead.h"
 #include "platform/http/FetchLimits.h"
+#include "run/EventLoop.h"
+#include "run/RunState.h"
+#include "run/UrlFetcher.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/outside/LocalDisk.h"
-#include "engine/run/RunState.h"
+#include "run/LocalDisk.h"
+#include "run/RunState.h"
 
 #include <array>
 #include <optional>

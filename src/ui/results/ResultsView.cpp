@@ -3,7 +3,7 @@
 #include "base/Numbers.h"
 #include "base/PathParser.h"
 #include "base/UpperCase.h"
-#include "engine/run/ListLimit.h"
+#include "run/ListLimit.h"
 #include "ui/Thousands.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/outside/Messages.h"
+#include "run/Messages.h"
 #include "store/FileCategory.h"
 #include "store/ListSorting.h"
 #include "store/Progress.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/outside/RunWindow.h"
+#include "run/RunWindow.h"
 #include "windows/help/frmHelp.h"
 #include "windows/main/RunCommands.h"
 #include "windows/main/WindowPlaces.h"

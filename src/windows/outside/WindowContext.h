@@ -1,8 +1,8 @@
 #pragma once
 
-#include "engine/outside/FtpComponent.h"
-#include "engine/outside/LocalDisk.h"
-#include "engine/outside/Messages.h"
+#include "run/FtpComponent.h"
+#include "run/LocalDisk.h"
+#include "run/Messages.h"
 #include "settings/SettingsFiles.h"
 #include "store/Progress.h"
 #include "ui/Workspace.h"

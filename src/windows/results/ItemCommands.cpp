@@ -2,7 +2,7 @@
 
 #include "base/Failure.h"
 #include "base/Paths.h"
-#include "engine/host/HostDelete.h"
+#include "check/HostDelete.h"
 #include "ui/results/ItemActions.h"
 #include "windows/shared/Guard.h"
 #include "windows/shared/MessageBoxes.h"

@@ -1,4 +1,4 @@
-#include "engine/host/HostDelete.h"
+#include "check/HostDelete.h"
 #include "integration/ftp/Client.h"
 #include "integration/ftp/Servers.h"
 

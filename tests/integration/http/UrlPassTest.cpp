@@ -1,4 +1,4 @@
-#include "engine/verify/ReferencePasses.h"
+#include "classic/verify/ReferencePasses.h"
 #include "platform/http/Inet.h"
 #include "support/Process.h"
 #include "support/RunFakes.h"

@@ -2,11 +2,11 @@
 
 #include "base/Paths.h"
 #include "desktop/DiskMover.h"
-#include "engine/outside/EventLoop.h"
 #include "platform/ProgramFolder.h"
 #include "platform/disk/DiskAdapter.h"
-#include "platform/ftp/FtpTrace.h"
 #include "platform/ftp/FtpXCtl.h"
+#include "platform/ftp/connection/FtpTrace.h"
+#include "run/EventLoop.h"
 #include "settings/DefaultSettings.h"
 #include "support/TempFolder.h"
 #include "ui/MessageLog.h"

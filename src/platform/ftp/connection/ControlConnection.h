@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/FileDescriptor.h"
-#include "platform/ftp/FtpTrace.h"
 #include "platform/ftp/connection/FtpReply.h"
+#include "platform/ftp/connection/FtpTrace.h"
 #include "platform/ftp/connection/HostWait.h"
 
 #include <cstddef>

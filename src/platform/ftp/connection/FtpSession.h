@@ -1,12 +1,12 @@
 #pragma once
 
-#include "engine/outside/FtpComponent.h"
-#include "platform/ftp/FtpTrace.h"
 #include "platform/ftp/connection/ActiveMode.h"
 #include "platform/ftp/connection/ControlConnection.h"
 #include "platform/ftp/connection/DataConnection.h"
+#include "platform/ftp/connection/FtpTrace.h"
 #include "platform/ftp/connection/HostWait.h"
 #include "platform/ftp/connection/PassiveMode.h"
+#include "run/FtpComponent.h"
 
 #include <functional>
 #include <optional>

@@ -1,8 +1,8 @@
 #include "platform/ftp/connection/HostAddress.h"
 
 #include "platform/curl/CurlHandle.h"
-#include "platform/ftp/FtpFailures.h"
 #include "platform/ftp/connection/ConnectionLost.h"
+#include "platform/ftp/connection/FtpFailures.h"
 
 #include <fcntl.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "engine/outside/FtpComponent.h"
 #include "platform/FileDescriptor.h"
 #include "platform/ftp/connection/HostWait.h"
+#include "run/FtpComponent.h"
 
 #include <string>
 

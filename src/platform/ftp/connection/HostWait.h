@@ -1,8 +1,8 @@
 #pragma once
 
-#include "engine/outside/EventLoop.h"
-#include "engine/run/RunState.h"
-#include "platform/ftp/FtpTimeouts.h"
+#include "platform/ftp/connection/FtpTimeouts.h"
+#include "run/EventLoop.h"
+#include "run/RunState.h"
 
 #include <algorithm>
 #include <chrono>

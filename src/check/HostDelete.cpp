@@ -1,0 +1,38 @@
+#include "check/HostDelete.h"
+
+#include "base/Failure.h"
+
+namespace quillmark {
+
+namespace {
+
+void deletePath(FtpComponent& ftp, std::string_view path) {
+    if (path.ends_with('/')) {
+        ftp.removeDirectory(path);
+    } else {
+        ftp.deleteFile(path);
+    }
+}
+
+} // namespace
+
+void deleteOnHost(FtpComponent& ftp, Messages& messages, const Profile& profile,
+                  std::string_view path) {
+    messages.post("Attempting to delete file ", path);
+    ftp.connect({profile.DISABLE_PASV == 1, profile.HOST_NAME, profile.HOST_PORT, profile.USER_NAME,
+                 profile.USER_PASSWORD, profile.ACCOUNT_NAME});
+    if (!ftp.connected()) {
+        messages.post("Unable to connect");
+        return;
+    }
+    try {
+        deletePath(ftp, path);
+    } catch (const Failure&) {
+        ftp.disconnect();
+        throw;
+    }
+    ftp.disconnect();
+    messages.post("Delete completed");
+}
+
+} // namespace quillmark

@@ -1,0 +1,128 @@
+#include "classic/inventory/HostInventory.h"
+
+#include "base/Failure.h"
+#include "base/Numbers.h"
+#include "base/Paths.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr int SizeDigits = 9;
+
+} // namespace
+
+void HostInventory::GetDirectory() {
+    const RunState& state = context_.state;
+    if (state.abort) {
+        return;
+    }
+    try {
+        context_.outside.messages.post("Getting Directory For ", state.currentDirectory);
+        if (state.localMode) {
+            listLocalFolder();
+        } else {
+            listHostDirectory();
+        }
+    } catch (const Failure& failure) {
+        sounds_.failure();
+        // A host's own words were posted as they came; the disk has none of its own.
+        if (state.localMode) {
+            context_.outside.messages.post("Unable to list ", state.currentDirectory, " (",
+                                           failure.description(), ")");
+        }
+    }
+}
+
+void HostInventory::listLocalFolder() {
+    const FolderListing listing =
+        context_.outside.disk.list(ToBackSlashes(context_.state.currentDirectory));
+    addFolders(listing);
+    addFiles(listing);
+}
+
+void HostInventory::addFolders(const FolderListing& listing) {
+    const std::string folder = ToBackSlashes(context_.state.currentDirectory);
+    for (const std::string& name : listing.folders) {
+        if (context_.state.abort) {
+            return;
+        }
+        const std::string path = WithTrailingBackslash(folder) + name;
+        limit_.AddWithLimit(context_.lists.DirectoryList, "Directory List",
+                            ToForwardSlashes(WithTrailingBackslash(path)));
+        context_.outside.events.DoEvents();
+    }
+}
+
+void HostInventory::addFiles(const FolderListing& listing) {
+    for (const std::string& name : listing.files) {
+        addFile(name, 0);
+        context_.outside.events.DoEvents();
+    }
+}
+
+void HostInventory::listHostDirectory() {
+    const std::string& directory = context_.state.currentDirectory;
+    const auto item = [this](std::string_view line) { FtpXCtl1_DirItem(line); };
+    if (!directory.empty()) {
+        context_.outside.ftp.list(directory, item);
+        return;
+    }
+    context_.outside.messages.post("Using CWD");
+    context_.outside.ftp.listWorkingDirectory(item);
+}
+
+void HostInventory::FtpXCtl1_DirItem(std::string_view line) {
+    if (line.size() < 3 || line.front() == '.') {
+        return;
+    }
+    const std::string_view fields = line.substr(2);
+    const std::string_view name = fields.substr(fields.rfind(' ') + 1);
+    if (name == "." || name == "..") {
+        return;
+    }
+    switch (line.front()) {
+    case 'd':
+        addDirectory(name);
+        return;
+    case 'l': // A link is neither a directory nor a file of the inventory.
+        return;
+    default:
+        addFile(name, sizeInLine(line));
+    }
+}
+
+void HostInventory::addDirectory(std::string_view name) {
+    std::string path = context_.state.currentDirectory;
+    path += name;
+    if (!name.ends_with('/')) {
+        path += '/';
+    }
+    limit_.AddWithLimit(context_.lists.DirectoryList, "Directory List", path);
+}
+
+void HostInventory::addFile(std::string_view name, std::int32_t size) {
+    std::string path = context_.state.currentDirectory;
+    path += name;
+    if (context_.state.localMode) {
+        path = ToForwardSlashes(path);
+    }
+    context_.lists.FileList.Append(path);
+    context_.lists.FileSizes.Append(path + zeroPadded(size, SizeDigits));
+    limit_.apply(context_.lists.FileList, "File List");
+}
+
+std::int32_t HostInventory::sizeInLine(std::string_view line) const {
+    const Profile& profile = context_.settings.profile;
+    if (profile.START_COL < 1 || profile.END_COL <= profile.START_COL) {
+        return 0;
+    }
+    const auto start = static_cast<std::size_t>(profile.START_COL - 1);
+    if (start >= line.size()) {
+        return 0;
+    }
+    const auto width = static_cast<std::size_t>(profile.END_COL - profile.START_COL);
+    return toInt32Held(leadingNumber(line.substr(start, width)));
+}
+
+} // namespace quillmark

@@ -1,0 +1,84 @@
+#include "classic/resolve/UpperLevels.h"
+
+#include "base/Failure.h"
+#include "base/PathParser.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr std::string_view Up = "../";
+
+/// The groups counted, and the 1-based position at which what is left of the reference begins.
+struct LeadingGroups {
+    int ups = 0;
+    int remainderStart = 0;
+};
+
+// A group is looked at only when two characters or more follow it. A reference that is too short
+// for a last look keeps the group in its remainder: "../x.js" leads to a path that holds "../" and
+// that no inventory has.
+LeadingGroups countGroups(std::string_view reference) {
+    const int length = static_cast<int>(reference.size());
+    int i = 1;
+    int ups = 0;
+    bool stop = false;
+    while (i + 3 < length && !stop) {
+        if (reference.substr(static_cast<std::size_t>(i - 1), Up.size()) == Up) {
+            ++ups;
+        } else {
+            stop = true;
+        }
+        i += 3;
+    }
+    return {ups, i - 3};
+}
+
+std::string_view remainderOf(std::string_view reference, int start) {
+    if (start < 1) {
+        throw invalidProcedureCall();
+    }
+    return reference.substr(static_cast<std::size_t>(start - 1));
+}
+
+/// The directory up to the slash that is the `slashes`-th from its end; empty when that is its
+/// first character or when there are fewer.
+std::string_view parentPrefix(std::string_view directory, int slashes) {
+    std::size_t end = directory.size();
+    for (; slashes > 0; --slashes) {
+        const std::size_t slash = end == 0 ? std::string_view::npos : directory.rfind('/', end - 1);
+        if (slash == std::string_view::npos) {
+            return {};
+        }
+        end = slash;
+    }
+    return end == 0 ? std::string_view() : directory.substr(0, end + 1);
+}
+
+std::string climb(std::string_view directory, int levels) {
+    PathParser parser;
+    std::string result(directory);
+    for (int i = 0; i < levels && result.size() > 1; ++i) {
+        parser.FileSpec(std::string_view(result).substr(0, result.size() - 1));
+        result = parser.Path();
+    }
+    return result;
+}
+
+} // namespace
+
+UpperLevels ResolveUpperLevels(std::string_view reference, std::string_view currentDirectory,
+                               bool followUpperLevels) {
+    const LeadingGroups groups = countGroups(reference);
+    std::string path(parentPrefix(currentDirectory, groups.ups + 1));
+    if (path.empty()) {
+        if (currentDirectory.size() <= 1 || !followUpperLevels) {
+            return {};
+        }
+        path = climb(currentDirectory, groups.ups + 1);
+    }
+    path += remainderOf(reference, groups.remainderStart);
+    return {path, UpperLevels::Resolved};
+}
+
+} // namespace quillmark

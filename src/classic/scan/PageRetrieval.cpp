@@ -1,0 +1,53 @@
+#include "classic/scan/PageRetrieval.h"
+
+#include "base/Paths.h"
+
+namespace quillmark {
+
+PageRetrieval::PageRetrieval(RunContext& context, ListLimit& limit, LineIndex& files)
+    : context_(context), limit_(limit), files_(files),
+      retrieved_(context.lists.GetFileList, context.comparison()) {}
+
+std::int16_t PageRetrieval::RetrieveFile(bool skipCheck) {
+    if (context_.state.abort) {
+        return CopyReady;
+    }
+    Messages& messages = context_.outside.messages;
+    const std::string& file = context_.state.currentFile;
+    if (!skipCheck && retrieved_.contains(file)) {
+        messages.post("Retrieve Skipped For ", file);
+        return AlreadyRetrieved;
+    }
+    messages.post("Retrieving ", file);
+    if (!skipCheck && !files_.contains(file)) {
+        messages.post("Added ", file, " To Invalid Reference List");
+        return NotInInventory;
+    }
+    context_.outside.disk.deleteIfThere(context_.workingCopy);
+    return context_.state.localMode ? copyFromDisk() : retrieveFromHost(skipCheck);
+}
+
+std::int16_t PageRetrieval::retrieveFromHost(bool skipCheck) {
+    const bool retrieved =
+        context_.outside.ftp.retrieve(context_.state.currentFile, context_.workingCopy);
+    if (skipCheck) {
+        return retrieved ? CopyReady : NotInInventory;
+    }
+    recordRetrieved();
+    return CopyReady;
+}
+
+std::int16_t PageRetrieval::copyFromDisk() {
+    const std::string source = ToBackSlashes(context_.state.currentFile);
+    if (context_.outside.disk.CopyFileBinary(source, context_.workingCopy) != 0) {
+        return NotInInventory;
+    }
+    recordRetrieved();
+    return CopyReady;
+}
+
+void PageRetrieval::recordRetrieved() {
+    limit_.AddWithLimit(context_.lists.GetFileList, "Get File List", context_.state.currentFile);
+}
+
+} // namespace quillmark

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "run/ListLimit.h"
+#include "run/RunContext.h"
+#include "store/LineIndex.h"
+
+#include <cstdint>
+
+namespace quillmark {
+
+/// Brings pages to the working copy.
+class PageRetrieval {
+public:
+    /// `files` answers for FileList.
+    PageRetrieval(RunContext& context, ListLimit& limit, LineIndex& files);
+
+    /// The results of RetrieveFile.
+    static constexpr std::int16_t CopyReady = 0;
+    static constexpr std::int16_t NotInInventory = 1;
+    static constexpr std::int16_t AlreadyRetrieved = 2;
+
+    /// Makes the run's current file available as the working copy. CopyReady also when the run is
+    /// being aborted (nothing is done then) and when the host refuses the transfer (there is no
+    /// copy then); NotInInventory also when a local copy failed. With `skipCheck`, which is the
+    /// test of the start file on the host, neither list is looked at and a refused transfer is
+    /// NotInInventory.
+    std::int16_t RetrieveFile(bool skipCheck);
+
+private:
+    std::int16_t retrieveFromHost(bool skipCheck);
+    std::int16_t copyFromDisk();
+    void recordRetrieved();
+
+    RunContext& context_;
+    ListLimit& limit_;
+    LineIndex& files_;
+    LineIndex retrieved_;
+};
+
+} // namespace quillmark

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "base/PathParser.h"
+#include "classic/resolve/ReferenceSink.h"
+#include "run/RunContext.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quillmark {
+
+/// Reads the working copy of a page and hands every reference it makes to the sink. It is literal,
+/// not a parser of HTML: it knows tags by their angle brackets and references by double-quoted
+/// values.
+class Scanner {
+public:
+    Scanner(RunContext& context, ReferenceSink& sink) : context_(context), sink_(sink) {}
+
+    /// Scans the working copy, if there is one; nothing once the run is being aborted.
+    void ParseFile();
+    /// Takes the reference of one tag, given without its angle brackets; one a tag at most.
+    void CheckCommand(std::string_view tag);
+    /// Takes the first double-quoted value behind a 1-based position of the tag.
+    void ParseObject(std::size_t position, std::string_view tag);
+
+private:
+    void scanBlock(std::string_view block);
+    void endPiece();
+    void scanLine(std::string_view line);
+
+    RunContext& context_;
+    ReferenceSink& sink_;
+    PathParser parser_;
+    std::string pendingLine_;
+    bool pieceEmpty_ = true;
+    std::string upperTag_;
+};
+
+} // namespace quillmark

@@ -1,0 +1,79 @@
+#include "classic/verify/FilePasses.h"
+
+#include "base/Numbers.h"
+#include "base/PathParser.h"
+#include "base/UpperCase.h"
+#include "store/LineIndex.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace quillmark {
+
+namespace {
+
+constexpr std::size_t SizeDigits = 9;
+
+std::string_view sizeOf(std::string_view fileSizesLine) {
+    return fileSizesLine.size() < SizeDigits
+               ? fileSizesLine
+               : fileSizesLine.substr(fileSizesLine.size() - SizeDigits);
+}
+
+double sumOfSizes(const ResultList& fileSizes, int count) {
+    double sum = 0;
+    for (int i = 0; i < count; ++i) {
+        sum += leadingNumber(sizeOf(fileSizes.Line(i)));
+    }
+    return sum;
+}
+
+/// What duplicates share. No name holds "/", so that name and size cannot run into each other.
+std::string duplicateKey(std::string_view file, std::string_view fileSizesLine) {
+    const PathParser parser(file);
+    return upperCase(parser.FileName()).append("/").append(sizeOf(fileSizesLine));
+}
+
+} // namespace
+
+void FilePasses::checkUnusedFiles() {
+    const ResultList& files = context_.lists.FileList;
+    LineIndex references(context_.lists.ReferenceList, context_.comparison());
+    for (int i = 0; i < files.Count() && !context_.state.abort; ++i) {
+        context_.step(i, files.Count());
+        if (!context_.state.abort && !references.contains(files.Line(i))) {
+            limit_.AddWithLimit(context_.lists.UnusedList, "Unused File List", files.Line(i));
+        }
+    }
+}
+
+void FilePasses::checkDuplicateFiles() {
+    const ResultList& files = context_.lists.FileList;
+    std::unordered_map<std::string, int> occurrences;
+    std::vector<int*> left;
+    left.reserve(static_cast<std::size_t>(files.Count()));
+    for (int i = 0; i < files.Count(); ++i) {
+        int& count = occurrences[duplicateKey(files.Line(i), context_.lists.FileSizes.Line(i))];
+        ++count;
+        left.push_back(&count);
+    }
+    for (int i = 0; i < files.Count(); ++i) {
+        context_.step(i, files.Count());
+        int& others = *left[static_cast<std::size_t>(i)];
+        --others;
+        if (others > 0) {
+            context_.lists.DuplicateList.Append(files.Line(i));
+        }
+    }
+}
+
+void FilePasses::computeStatistics() {
+    RunState& state = context_.state;
+    const ResultLists& lists = context_.lists;
+    state.hostByteTotal = sumOfSizes(lists.FileSizes, lists.FileSizes.Count());
+    state.unusedByteTotal = sumOfSizes(lists.FileSizes, lists.UnusedList.Count());
+    state.statisticsComplete = true;
+}
+
+} // namespace quillmark

@@ -1,0 +1,128 @@
+#include "classic/verify/ReferencePasses.h"
+
+#include "base/Failure.h"
+#include "base/UpperCase.h"
+
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace quillmark {
+
+namespace {
+
+bool isWebReference(std::string_view reference) {
+    return upperAscii(reference).find("HTTP:") != std::string::npos;
+}
+
+} // namespace
+
+void ReferencePasses::checkReferences() {
+    const ResultList& references = references_.lines();
+    for (int i = 0; i < references.Count() && !context_.state.abort; ++i) {
+        context_.step(i, references.Count());
+        if (!context_.state.abort && !files_.contains(references.Line(i))) {
+            addInvalidReference(i);
+        }
+    }
+}
+
+void ReferencePasses::addInvalidReference(int i) {
+    const std::string_view reference = references_.lines().Line(i);
+    ListPair invalid(context_.lists.InvalidReferences, context_.lists.InvalidReferencesFrom);
+    invalid.Append(reference, references_.from().Line(i));
+    context_.outside.messages.post("Added Invalid Reference(2) ", reference);
+    limit_.apply(invalid.lines(), "Invalid References List");
+    limit_.apply(invalid.from(), "Invalid References From List");
+}
+
+void ReferencePasses::checkDuplicateInvalidReferences() {
+    removeEarlierDuplicates(
+        ListPair(context_.lists.InvalidReferences, context_.lists.InvalidReferencesFrom));
+    recheckInvalidReferences();
+}
+
+void ReferencePasses::checkDuplicateIgnoredReferences() {
+    removeEarlierDuplicates(
+        ListPair(context_.lists.IgnoredReferences, context_.lists.IgnoredReferencesFrom));
+}
+
+void ReferencePasses::removeEarlierDuplicates(ListPair list) {
+    const ResultList& lines = list.lines();
+    std::unordered_map<std::string_view, int> occurrences;
+    for (int i = 0; i < lines.Count(); ++i) {
+        ++occurrences[lines.Line(i)];
+    }
+    for (int i = 0; i < lines.Count() && !context_.state.abort;) {
+        context_.step(i, lines.Count());
+        int& left = occurrences[lines.Line(i)];
+        if (left == 1) {
+            ++i;
+            continue;
+        }
+        --left;
+        list.Remove(i);
+    }
+}
+
+void ReferencePasses::recheckInvalidReferences() {
+    ListPair invalid(context_.lists.InvalidReferences, context_.lists.InvalidReferencesFrom);
+    for (int i = 0; i < invalid.lines().Count() && !context_.state.abort;) {
+        context_.step(i, invalid.lines().Count());
+        const std::string_view reference = invalid.lines().Line(i);
+        if (!CheckInvalidReference(reference)) {
+            ++i;
+            continue;
+        }
+        context_.outside.messages.post("Removed ", reference, " From Invalid References");
+        invalid.Remove(i);
+    }
+}
+
+// The place for a real second test of an invalid reference; none is known that is worth its time.
+bool ReferencePasses::CheckInvalidReference(std::string_view reference) {
+    context_.outside.messages.post("Checking Invalid Reference ", reference);
+    return false;
+}
+
+void ReferencePasses::checkURLs() {
+    const ResultList& ignored = context_.lists.IgnoredReferences;
+    std::vector<std::string> urls;
+    for (int i = 0; i < ignored.Count(); ++i) {
+        if (isWebReference(ignored.Line(i))) {
+            urls.emplace_back(ignored.Line(i));
+        }
+    }
+    context_.outside.inet.expect(std::move(urls));
+    for (int i = 0; i < ignored.Count() && !context_.state.abort;) {
+        const std::string_view url = ignored.Line(i);
+        if (isWebReference(url) && CheckURL(url)) {
+            acceptURL(i);
+        } else {
+            ++i;
+        }
+    }
+}
+
+void ReferencePasses::acceptURL(int i) {
+    ListPair ignored(context_.lists.IgnoredReferences, context_.lists.IgnoredReferencesFrom);
+    references_.append(ignored.lines().Line(i), ignored.from().Line(i));
+    limit_.apply(references_.lines(), "Reference List");
+    limit_.apply(references_.from(), "Reference From List");
+    ignored.Remove(i);
+}
+
+// A missing page is told by the text that web servers put into its body, whatever the status says.
+bool ReferencePasses::CheckURL(std::string_view url) {
+    try {
+        const std::string body = context_.outside.inet.OpenURL(url);
+        const bool passed = body.find("404 File Not Found") == std::string::npos;
+        context_.outside.messages.post("Check For ", url, passed ? " Passed" : " Failed");
+        return passed;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+} // namespace quillmark

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "classic/resolve/FiledReferences.h"
+#include "run/ListLimit.h"
+#include "run/RunContext.h"
+#include "store/LineIndex.h"
+
+#include <string_view>
+
+namespace quillmark {
+
+/// The passes over the references that a run has filed. Each ends early when the run is aborted.
+class ReferencePasses {
+public:
+    /// `files` answers for FileList.
+    ReferencePasses(RunContext& context, ListLimit& limit, FiledReferences& references,
+                    LineIndex& files)
+        : context_(context), limit_(limit), references_(references), files_(files) {}
+
+    /// Files every reference that the inventory does not hold as invalid; it stays a reference too.
+    void checkReferences();
+    /// Leaves the last of each group of equal invalid references, then asks CheckInvalidReference.
+    void checkDuplicateInvalidReferences();
+    /// Leaves the last of each group of equal ignored references.
+    void checkDuplicateIgnoredReferences();
+    /// Fetches each ignored web reference; what answers becomes a reference.
+    void checkURLs();
+
+    /// A last look at an invalid reference: whether it is valid after all.
+    bool CheckInvalidReference(std::string_view reference);
+    /// Whether a web address answers, and not with "404 File Not Found".
+    bool CheckURL(std::string_view url);
+
+private:
+    void removeEarlierDuplicates(ListPair list);
+    void recheckInvalidReferences();
+    void addInvalidReference(int i);
+    void acceptURL(int i);
+
+    RunContext& context_;
+    ListLimit& limit_;
+    FiledReferences& references_;
+    LineIndex& files_;
+};
+
+} // namespace quillmark

@@ -1,0 +1,114 @@
+#include "classic/scan/Scanner.h"
+#include "classic/scan/MapFiles.h"
+#include "store/LineIndex.h"
+#include "support/RunFakes.h"
+
+#include <gtest/gtest.h>
+
+namespace quillmark::test {
+namespace {
+
+class RecordingSink : public ReferenceSink {
+public:
+    void MakeAddition(std::string_view targetDirectory, std::string_view target,
+                      std::string_view reference) override {
+        EXPECT_EQ(std::string(targetDirectory) + std::string(target), reference);
+        references.emplace_back(reference);
+    }
+    Lines references;
+};
+
+struct ScannerBench : RunBench {
+    RecordingSink sink;
+    Scanner scanner{context, sink};
+
+    void scan(std::string_view page) {
+        program.write("Quillmark.html", page);
+        scanner.ParseFile();
+    }
+};
+
+struct PageCase {
+    const char* name;
+    std::string page;
+    Lines references;
+};
+
+TEST(Scanner, FindsTheReferencesOfAPage) {
+    const std::vector<PageCase> cases = {
+        {"CrLfLine", "<img src=\"a.gif\">\r\n", {"a.gif"}},
+        {"SplitOverCrLf", "<img\r\n src=\"a.gif\">\r\n", {}},
+        {"BareLfJoins", "<img\n src=\"a.gif\">\n\n", {"a.gif"}},
+        {"BareLfWithoutEmptyLine", "<a href=\"a.html\">\n<a href=\"b.html\">\n", {}},
+        {"LoneCarriageReturns", "<a href=\"a.html\">\r\r<a href=\"b.html\">\r", {"a.html"}},
+        {"BehindTheLastPair", "x\r\n<a href=\"a.html\">", {}},
+        {"FileOpensWithBreak", "\n<a href=\"a.html\">\n\n", {"a.html"}},
+        {"SingleQuoted", "<a href='page.html'>\r\n", {}},
+        {"ValueOfALaterAttribute", "<a href=page.html title=\"t\">\r\n", {"t"}},
+        {"OneATag", "<img src=\"a.gif\" lowsrc=\"b.gif\">\r\n", {"a.gif"}},
+        {"KeywordOrderNotTagOrder", "<a href=\"h.html\" src=\"s.js\">\r\n", {"s.js"}},
+        {"InsideAnotherName", "<table DATASRC=\"d\">\r\n", {"d"}},
+        {"LowerAndUpperCase", "<A HREF=\"a\"><a HrEf=\"b\">\r\n", {"a", "b"}},
+        {"EmptyValue", "<a href=\"\">\r\n", {}},
+        {"NoClosingQuote", "<a href=\"a.html>\r\n", {}},
+        {"QuoteIsLast", "<a href=\">\r\n", {}},
+        {"FurtherOpeningDrops", "<a href=\"a\" <a href=\"b\">\r\n", {"b"}},
+        {"StrayClosingBehindATag", "<p> href=\"a\" > href=\"b\">\r\n", {"a", "b"}},
+        {"BeforeTheFirstTag", "href=\"a\">\r\n", {}},
+        {"UnfinishedTag", "<a href=\"a\">< href=\"b\"\r\n", {"a"}},
+        {"CommentsAreNotKnown", "<!-- <a href=\"old.html\"> -->\r\n", {"old.html"}},
+        {"HighAndZero", {"<a href=\"\xFC\0x\">\r\n", 16}, {std::string("\xFC\0x", 3)}},
+    };
+    for (const PageCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        ScannerBench bench;
+        bench.scan(row.page);
+        EXPECT_EQ(bench.sink.references, row.references);
+    }
+}
+
+TEST(Scanner, TakesValuesOnlyWhenTheyAreNotIgnored) {
+    ScannerBench bench;
+    bench.scan("<input type=\"text\" value=\"Go\">\r\n");
+    EXPECT_EQ(bench.sink.references, Lines{});
+    bench.settings.configuration.IGNORE_VALUE = 0;
+    bench.scan("<input type=\"text\" value=\"Go\">\r\n");
+    EXPECT_EQ(bench.sink.references, Lines{"Go"});
+}
+
+TEST(Scanner, KeepsItsPlaceFromOneBlockOfThePageToTheNext) {
+    ScannerBench bench;
+    std::string page;
+    Lines expected;
+    for (int i = 0; i < 20'000; ++i) {
+        expected.push_back(std::to_string(i) + ".html");
+        page += "<a href=\"" + expected.back() + "\">\r\n";
+    }
+    bench.scan(page);
+    EXPECT_EQ(bench.sink.references, expected);
+    bench.state.abort = true;
+    bench.scan(page);
+    EXPECT_EQ(bench.sink.references.size(), expected.size()) << "an aborted run reads no copy";
+}
+
+TEST(MapFiles, TakesThePageOfEachRegionLine) {
+    RunBench bench;
+    bench.site.write("menu.map",
+                     "rect /a.html 0,0,10,10\r\ncircle x.html\r\nRECT /b.html 0,0,1,1\r\n"
+                     "poly\r\npolygon p.html 1,1");
+    bench.lists.FileList.Append(bench.path("menu.map"));
+    bench.state.localMode = true;
+    LineIndex files(bench.lists.FileList, NameComparison::Exact);
+    PageRetrieval retrieval(bench.context, bench.limit, files);
+    RecordingSink sink;
+    MapFiles maps(bench.context, retrieval, sink);
+    EXPECT_EQ(maps.ProcessMapFile(bench.site.path().string() + "/", "menu.map"), 0);
+    EXPECT_EQ(sink.references, (Lines{"/a.html", "x.htm", "", "p.html"}));
+    EXPECT_EQ(bench.messages.normals.front(), "Parsing Map File " + bench.path("menu.map"));
+    EXPECT_TRUE(bench.messages.has("Ignoring Map File Line: RECT /b.html 0,0,1,1"));
+    EXPECT_TRUE(bench.messages.has("Parse Map Line:circle x.html"));
+    EXPECT_EQ(bench.state.currentFile, bench.path("menu.map"));
+}
+
+} // namespace
+} // namespace quillmark::test
