@@ -51,6 +51,7 @@ TEST(Layers, IncludesFollowTheArrows) {
         {"settings", {"base", "store"}},
         {"run", {"base", "store", "settings"}},
         {"classic", {"base", "store", "settings", "run"}},
+        {"web", {"base"}},
         {"check", {"base", "store", "settings", "run", "classic"}},
         {"ui", {"base", "store", "settings", "run"}},
         {"platform", {"base", "store", "settings", "run"}},
