@@ -67,6 +67,8 @@ void CheckRun::prepare() {
     deleteEarlierFiles();
     state_.hostByteTotal = 0;
     state_.unusedByteTotal = 0;
+    state_.reading = {};
+    state_.invalidPass = state_.unusedPass = state_.duplicatesPass = PassProgress::NotRun;
     lists_.ClearForRun();
     outside_.window.enterRunState();
     state_.abort = false;
@@ -105,16 +107,22 @@ void CheckRun::connect(const Profile& profile) {
     }
 }
 
-void CheckRun::runPass(std::string_view title, const std::function<void()>& pass) {
+PassProgress CheckRun::runPass(std::string_view title, const std::function<void()>& pass) {
+    const bool runs = !state_.abort;
     outside_.progress.InitializeThinking(title);
     pass();
+    if (!runs) {
+        return PassProgress::NotRun;
+    }
+    return state_.abort ? PassProgress::Stopped : PassProgress::Done;
 }
 
 void CheckRun::verify(RunParts& parts) {
     const Profile& profile = parts.context.settings.profile;
     ReferencePasses& references = parts.referencePasses;
-    runPass("Checking References", [&] { references.checkReferences(); });
-    runPass("Checking Unused Files", [&] { parts.filePasses.checkUnusedFiles(); });
+    state_.invalidPass = runPass("Checking References", [&] { references.checkReferences(); });
+    state_.unusedPass =
+        runPass("Checking Unused Files", [&] { parts.filePasses.checkUnusedFiles(); });
     if (profile.IGNORE_TOPICS == 1 && !state_.abort) {
         runPass("Checking Topic References", [&] { parts.ignoredPasses.removeTopicReferences(); });
     }
@@ -132,7 +140,8 @@ void CheckRun::verify(RunParts& parts) {
 
 void CheckRun::findDuplicateFiles(RunParts& parts) {
     outside_.messages.post("Checking For Duplicate Files");
-    runPass("Checking for Duplicate Files", [&] { parts.filePasses.checkDuplicateFiles(); });
+    state_.duplicatesPass =
+        runPass("Checking for Duplicate Files", [&] { parts.filePasses.checkDuplicateFiles(); });
     outside_.progress.RemoveThinking();
 }
 

@@ -42,7 +42,7 @@ private:
     void announceMode();
     void connect(const Profile& profile);
     void verify(RunParts& parts);
-    void runPass(std::string_view title, const std::function<void()>& pass);
+    PassProgress runPass(std::string_view title, const std::function<void()>& pass);
     void findDuplicateFiles(RunParts& parts);
     RunOutcome normalEnd(RunParts& parts);
     RunOutcome abortedEnd();

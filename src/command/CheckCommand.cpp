@@ -16,6 +16,7 @@
 #include "platform/http/Inet.h"
 #include "ui/LineWriter.h"
 #include "ui/MessageLog.h"
+#include "ui/ReadingWarnings.h"
 #include "ui/Workspace.h"
 
 #include <exception>
@@ -82,6 +83,14 @@ RunOutcome performRun(const Options& options, Workspace& workspace,
     return run.start();
 }
 
+/// Said with --quiet, too: a check that read nothing must not look like a sound site.
+void warnOfUnread(const Workspace& workspace) {
+    for (const std::string& warning :
+         readingWarnings(workspace.run.reading, workspace.lists.GetFileList.Count())) {
+        complain(warning);
+    }
+}
+
 int statusOf(RunOutcome outcome, const Workspace& workspace) {
     if (outcome != RunOutcome::Finished) {
         return NotFinished;
@@ -102,6 +111,7 @@ int runCheck(const Options& options) {
         started = true;
         const RunOutcome outcome = performRun(options, workspace, place.folder());
         writeResults(options, outcome, workspace);
+        warnOfUnread(workspace);
         return statusOf(outcome, workspace);
     } catch (const std::exception& error) {
         complain(error.what());

@@ -1,8 +1,25 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace quillmark {
+
+/// How far a pass over the lists came.
+enum class PassProgress {
+    NotRun,  ///< The run had ended before it, or failed within it: what it fills says nothing.
+    Stopped, ///< It compared a part only.
+    Done
+};
+
+/// What a run could not make sense of: a result that rests on little must not pass for a sound
+/// site.
+struct ReadingFigures {
+    int pagesCutShort = 0;         ///< Pages whose end was not read and may hold references.
+    std::uint64_t bytes = 0;       ///< The size of all pages.
+    std::uint64_t bytesUnread = 0; ///< What was not read of the pages cut short.
+    int secureAddresses = 0;       ///< References to "https:" that were taken for files.
+};
 
 /// What the parts of a run share while it lasts, and the window reads afterwards.
 struct RunState {
@@ -17,6 +34,10 @@ struct RunState {
     double unusedByteTotal = 0;
     bool statisticsComplete =
         false; ///< The byte totals were computed in this run or an earlier one.
+    ReadingFigures reading;
+    PassProgress invalidPass = PassProgress::NotRun;    ///< References compared with the inventory.
+    PassProgress unusedPass = PassProgress::NotRun;     ///< Files compared with the references.
+    PassProgress duplicatesPass = PassProgress::NotRun; ///< Files compared with each other.
 };
 
 } // namespace quillmark

@@ -13,6 +13,7 @@ constexpr std::string_view AbsoluteListName = "Ignored References";
 constexpr std::string_view IgnoredListName = "Ignored References List";
 
 constexpr std::string_view Up = "../";
+constexpr std::string_view SecureScheme = "HTTPS:";
 
 } // namespace
 
@@ -43,7 +44,10 @@ void ReferenceResolver::MakeAddition(std::string_view targetDirectory, std::stri
     }
     std::string path = prefix ? std::string() : context_.state.currentDirectory;
     path.append(targetDirectory).append(target);
-    file(path);
+    const bool isNew = file(path);
+    if (isNew && !prefix && upperAscii(reference.substr(0, SecureScheme.size())) == SecureScheme) {
+        ++context_.state.reading.secureAddresses;
+    }
     testForMap(targetDirectory, target);
 }
 
@@ -114,13 +118,15 @@ void ReferenceResolver::fileUpperLevels(std::string_view reference) {
     }
 }
 
-void ReferenceResolver::file(std::string_view path) {
+/// False when the page made the reference before.
+bool ReferenceResolver::file(std::string_view path) {
     const std::string& from = context_.state.currentFile;
     if (references_.contains(path, from)) {
-        return;
+        return false;
     }
     references_.append(path, from);
     limit_.apply(references_.lines(), "Reference List");
+    return true;
 }
 
 void ReferenceResolver::ignore(std::string_view reference, std::string_view listName,

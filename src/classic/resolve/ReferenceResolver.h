@@ -30,7 +30,7 @@ private:
     bool ignoredByFirstCharacter(std::string_view targetDirectory, std::string_view target,
                                  std::string_view reference);
     void fileUpperLevels(std::string_view reference);
-    void file(std::string_view path);
+    bool file(std::string_view path);
     void ignore(std::string_view reference, std::string_view listName,
                 std::string_view message = {});
     void testForMap(std::string_view targetDirectory, std::string_view target);

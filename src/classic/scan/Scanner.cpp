@@ -24,12 +24,28 @@ void Scanner::ParseFile() {
     }
     pendingLine_.clear();
     pieceEmpty_ = true;
+    unreadBytes_ = 0;
     context_.outside.disk.read(context_.workingCopy, [this](std::string_view block) {
         if (context_.state.localMode) {
             context_.outside.events.DoEvents();
         }
+        context_.state.reading.bytes += block.size();
+        unreadBytes_ += block.size();
         scanBlock(block);
     });
+    countUnread();
+}
+
+// The zero bytes that fill up the working copy are not the page's. A reference needs its double
+// quote: without one nothing is lost, as behind "</html>" at the end of a page.
+void Scanner::countUnread() {
+    const std::size_t fill = pendingLine_.size() - (pendingLine_.find_last_not_of('\0') + 1);
+    ReadingFigures& figures = context_.state.reading;
+    figures.bytes -= fill;
+    if (pendingLine_.find('"') != std::string::npos) {
+        ++figures.pagesCutShort;
+        figures.bytesUnread += unreadBytes_ - fill;
+    }
 }
 
 // A line is scanned only when a line break follows another one: pages with carriage return and line
@@ -43,15 +59,17 @@ void Scanner::scanBlock(std::string_view block) {
         if (length == block.size()) {
             return;
         }
-        endPiece();
         block.remove_prefix(length + 1);
+        endPiece(block.size());
     }
 }
 
-void Scanner::endPiece() {
+/// `left` is what the block still holds.
+void Scanner::endPiece(std::size_t left) {
     if (pieceEmpty_) {
         scanLine(pendingLine_);
         pendingLine_.clear();
+        unreadBytes_ = left;
     }
     pieceEmpty_ = true;
 }

@@ -26,14 +26,16 @@ public:
 
 private:
     void scanBlock(std::string_view block);
-    void endPiece();
+    void endPiece(std::size_t left);
     void scanLine(std::string_view line);
+    void countUnread();
 
     RunContext& context_;
     ReferenceSink& sink_;
     PathParser parser_;
     std::string pendingLine_;
     bool pieceEmpty_ = true;
+    std::size_t unreadBytes_ = 0; ///< Of the page so far, behind the last line that was scanned.
     std::string upperTag_;
 };
 

@@ -67,6 +67,32 @@ TEST(Scanner, FindsTheReferencesOfAPage) {
     }
 }
 
+TEST(Scanner, CountsWhatItDoesNotRead) {
+    struct Case {
+        const char* name;
+        std::string page;
+        int pages;
+        std::size_t bytes;
+    };
+    const std::string tag = "<a href=\"a\">";
+    const std::vector<Case> cases = {
+        {"CrLf", tag + "\r\n", 0, 0},
+        {"NoEmptyLine", tag + "\n" + tag + "\n", 1, 2 * tag.size() + 2},
+        {"BehindTheLastEmptyLine", "x\n\n" + tag, 1, tag.size()},
+        {"NothingButTheEndIsLost", tag + "\r\n</html>", 0, 0},
+        {"FillOfTheCopyIsNoPage", tag + std::string(1012, '\0'), 1, tag.size()},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.name);
+        ScannerBench bench;
+        bench.scan(row.page);
+        const ReadingFigures& figures = bench.state.reading;
+        EXPECT_EQ(figures.pagesCutShort, row.pages);
+        EXPECT_EQ(figures.bytesUnread, row.bytes);
+        EXPECT_EQ(figures.bytes, row.page.substr(0, row.page.find('\0')).size());
+    }
+}
+
 TEST(Scanner, TakesValuesOnlyWhenTheyAreNotIgnored) {
     ScannerBench bench;
     bench.scan("<input type=\"text\" value=\"Go\">\r\n");

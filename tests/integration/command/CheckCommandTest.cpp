@@ -72,6 +72,21 @@ TEST(CheckCommand, WritesFilesOnlyWhereItIsTold) {
     EXPECT_EQ(std::distance(files, {}), 3) << "nothing is added to the site";
 }
 
+TEST(CheckCommand, TellsWhenItCouldNotReadTheSite) {
+    const CommandBench bench;
+    bench.site.write("index.html", "<a href=\"gone.html\">\n");
+    const Finished result = bench.check({"-q", bench.start()});
+    EXPECT_EQ(result.status, 0) << "nothing was found";
+    EXPECT_THAT(result.err,
+                HasSubstr("1 of 1 page was not read to the end: 21 of 21 bytes were left out."));
+    bench.site.write("index.html", "<a href=\"https://a.example/\">\r\n"
+                                   "<a href=\"HTTPS://b.example/\">\r\n</html>");
+    EXPECT_THAT(bench.check({"-q", bench.start()}).err,
+                AllOf(HasSubstr("quillmark-check: 2 references that begin with \"https:\""),
+                      Not(HasSubstr("not read"))));
+    EXPECT_THAT(bench.check({"-q", "--set", "MAKE_ADDITION=HTTPS:", bench.start()}).err, IsEmpty());
+}
+
 TEST(CheckCommand, RefusesWhatCannotStart) {
     const CommandBench bench;
     bench.writeBrokenSite();
