@@ -4,11 +4,9 @@
 
 #include <QDialog>
 #include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QRegularExpression>
 #include <QTest>
 #include <QTextBrowser>
 #include <QToolButton>
@@ -18,15 +16,6 @@
 #include <memory>
 
 namespace quillmark::test {
-
-namespace {
-
-QString fileText(const QString& name) {
-    QFile file(QUILLMARK_HELP "/" + name);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-} // namespace
 
 class HelpWindowTest : public QObject {
     Q_OBJECT
@@ -47,36 +36,15 @@ private slots:
         applyTheme(*qApp, ThemeChoice::Light);
     }
 
-    void theHelpListsAllItsPagesInOrder() {
-        const std::vector<HelpPage> pages = readHelpPages(QUILLMARK_HELP);
+    void theHelpListsAllItsPages() {
         QStringList listed;
-        for (std::size_t i = 0; i < pages.size(); ++i) {
-            listed += pages[i].file;
-            const bool back = i == 0 || pages[i].text.contains("Back: " + pages[i - 1].title);
-            const bool next =
-                i + 1 == pages.size() || pages[i].text.contains("Next: " + pages[i + 1].title);
-            QVERIFY2(back && next, qPrintable(pages[i].file));
+        for (const HelpPage& page : readHelpPages(QUILLMARK_HELP)) {
+            QVERIFY2(page.text.startsWith(page.title), qPrintable(page.file));
+            listed += page.file;
         }
-        QCOMPARE(listed.size(), fileText("contents").count('\n'));
+        QVERIFY(listed.contains("index.html") && listed.contains("classic-reading.html"));
         listed.sort();
         QCOMPARE(QDir(QUILLMARK_HELP).entryList({"*.html"}, QDir::Files, QDir::Name), listed);
-    }
-
-    void theLinksOfTheHelpLeadSomewhere() {
-        const QRegularExpression links("<(?:a|link rel=\"stylesheet\") href=\"([^\"]*)\"");
-        int checked = 0;
-        for (const HelpPage& page : readHelpPages(QUILLMARK_HELP)) {
-            const QString html = fileText(page.file);
-            for (auto match = links.globalMatch(html); match.hasNext(); ++checked) {
-                const QString link = match.next().captured(1);
-                const QString file = link.section('#', 0, 0);
-                const QString place = link.section('#', 1);
-                const QString target = file.isEmpty() ? html : fileText(file);
-                const bool there = place.isEmpty() || target.contains("name=\"" + place + '"');
-                QVERIFY2(!target.isEmpty() && there, qPrintable(page.file + ": " + link));
-            }
-        }
-        QVERIFY(checked > 60);
     }
 
     void theSearchNarrowsTheContents() {
