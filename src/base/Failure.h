@@ -6,9 +6,8 @@
 
 namespace quillmark {
 
-/// The one exception of the checks, the settings and the adapters: what went wrong, as the number
-/// and the description that a run's failure message shows to the user. The manual lists every
-/// number.
+/// The one type of exception: a number and a description, which the message of a failed run shows
+/// to the user. docs/manual/errors.md lists every number.
 class Failure : public std::runtime_error {
 public:
     Failure(int number, const std::string& description)

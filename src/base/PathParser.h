@@ -6,15 +6,14 @@
 
 namespace quillmark {
 
-/// Takes a path apart, in "/" form, "\" form or a mix of both. A plain character
-/// search: nothing consults the file system. The parts are views that hold until the next
-/// FileSpec().
+/// Splits a path in "/" form, "\" form or a mix of both into its parts. It only searches the text;
+/// nothing consults the file system. The parts are views that hold until the next FileSpec().
 class PathParser {
 public:
     PathParser() = default;
     explicit PathParser(std::string_view spec) { FileSpec(spec); }
 
-    /// Gives a new path; all parts below are those of the last one given.
+    /// Sets the path that all functions below split.
     void FileSpec(std::string_view spec);
     std::string_view FileSpec() const { return spec_; }
 
@@ -30,7 +29,8 @@ public:
     std::string_view Extension() const;
     /// The file name before its first "." ("a.b.html" gives "a").
     std::string_view BaseName() const;
-    /// Of "scheme://server/dir/a.htm", "dir/a.htm"; empty without "//" or without a "/" behind it.
+    /// The path on the server: "scheme://server/dir/a.htm" gives "dir/a.htm". Empty without "//" or
+    /// without a "/" behind it.
     std::string_view HostPath() const;
 
 private:

@@ -9,7 +9,7 @@ namespace quillmark {
 /// that a position found in the result is a position in the text.
 std::string upperAscii(std::string_view text);
 
-/// upperAscii() into a text whose memory is used again.
+/// Like upperAscii(), but reuses the memory of `result`.
 void upperAscii(std::string_view text, std::string& result);
 
 /// The text in upper case as file names are compared: letters of every script when the text is

@@ -7,11 +7,11 @@
 
 namespace quillmark {
 
-/// Scrambles one text with a key, or unscrambles it. This keeps a password from being read over
-/// somebody's shoulder; it is no encryption, since every copy of the program knows the key.
+/// Scrambles a text with a key, or unscrambles it. That keeps a password from being read over
+/// somebody's shoulder. It is no encryption: every copy of the program knows the key.
 class Cipher {
 public:
-    /// Gives the key and starts the stream of numbers that belongs to it.
+    /// Sets the key and starts the stream of numbers that belongs to it.
     void KeyString(std::string_view key);
     /// The text to work on: the input of the next operation, then its result.
     void Text(std::string_view text) { text_ = text; }
@@ -21,9 +21,8 @@ public:
     void DoXor();
     /// Spreads any bytes over the printable characters ";" to "z": n bytes become n + (n + 2) / 3.
     void Stretch();
-    /// Undoes Stretch(). Throws invalidProcedureCall() for an empty text and where a character
-    /// below
-    /// ";" stands for a byte.
+    /// Undoes Stretch(). Throws invalidProcedureCall() for an empty text, and for a character below
+    /// ";" that stands for a byte.
     void Shrink();
 
 private:
@@ -37,7 +36,7 @@ private:
 std::string EncryptPassword(std::string_view clear);
 
 /// The password of a profile file in clear; an empty text is an empty password.
-/// Throws invalidProcedureCall() for a text that no password gives.
+/// Throws invalidProcedureCall() for a text that cannot be a stored password.
 std::string DecryptPassword(std::string_view stored);
 
 } // namespace quillmark

@@ -7,9 +7,9 @@ namespace quillmark {
 
 /// Reads the bytes of a settings file by position. A field ends at a "," or at the end of the line
 /// (CR LF, LF or CR); blanks before it are skipped; a blank line is an empty field. A field that
-/// opens with a double quote holds everything up to the closing one, commas and line ends too. All
-/// that is read are views of the bytes given; everything throws unexpectedEndOfFile() when nothing
-/// is left.
+/// opens with a double quote holds everything up to the closing one, commas and line ends too. The
+/// results are views of the bytes given. Every function throws unexpectedEndOfFile() if nothing is
+/// left.
 class FieldReader {
 public:
     explicit FieldReader(std::string_view bytes) : rest_(bytes) {}

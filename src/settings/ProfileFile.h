@@ -15,14 +15,14 @@ std::string profileFileName(std::string_view name);
 /// The names of all profiles. Throws a Failure when the program's folder cannot be listed.
 std::vector<std::string> ListProfiles(SettingsFiles& files);
 
-/// Reads a profile into settings.profile, and its IGNORE_VALUE into the configuration. Tells
-/// whether the whole file was read: a missing or damaged one fails silently, and the fields that
-/// were not reached keep their values.
+/// Reads a profile into settings.profile, and its IGNORE_VALUE into the configuration. Returns
+/// whether the whole file was read. If it is missing or damaged, the fields that were not reached
+/// keep their values.
 bool LoadProfile(Settings& settings, SettingsFiles& files, std::string_view name);
 
-/// Writes a profile's file, for the eyes of its owner only; does nothing without a name. A comma in
-/// a text saves as it stands but moves every later field when the file is loaded. Throws a Failure
-/// when the file cannot be written.
+/// Writes a profile's file, which only its owner can read. Does nothing without a name. A comma in
+/// a text is saved as it stands, but moves every later field when the file is loaded. Throws a
+/// Failure if the file cannot be written.
 void SaveProfile(const Settings& settings, SettingsFiles& files, std::string_view name);
 
 } // namespace quillmark

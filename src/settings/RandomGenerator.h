@@ -11,10 +11,10 @@ class RandomGenerator {
 public:
     /// The next number of the sequence, at least 0 and below 1.
     float next();
-    /// Starts the sequence that belongs to a negative number and gives its first number. Zero
-    /// starts nothing: the number that was given last is given again.
+    /// Starts the sequence that belongs to a negative number and returns its first number. Zero
+    /// starts nothing and returns the last number again.
     float reseed(float number);
-    /// Folds a number into the state, of which the lowest eight bits stay as they are.
+    /// Folds a number into the state. Its lowest eight bits stay as they are.
     void mix(float number);
 
 private:

@@ -76,7 +76,7 @@ inline constexpr std::array<SettingKey, 19> ProfileKeys = {{
 
 /// The setting that the files hold scrambled.
 inline constexpr SettingPlace PasswordPlace = &Profile::USER_PASSWORD;
-/// The list that fileMasksText is another form of.
+/// The list that fileMasksText holds as one text.
 inline constexpr SettingPlace UserMasksPlace = &CategoryMasks::lstFileMasks;
 
 /// The value at a place, of a Settings or a const Settings.
@@ -92,9 +92,9 @@ template <typename Owner, typename Value> auto& valueAt(Owner& settings, Value P
     return settings.profile.*place;
 }
 
-/// Reads the next field of a settings file, or the count and the items of a list, into its place;
-/// the key that the file has there is not looked at. Throws a Failure when that is not possible: a
-/// number or a text then keeps its value, a list holds the items that were read.
+/// Reads the next field of a settings file, or the count and the items of a list, into its place,
+/// whatever key the file has there. Throws a Failure if that fails: a number or a text then keeps
+/// its value, a list holds the items read so far.
 void readSetting(FieldReader& reader, Settings& settings, const SettingKey& setting);
 
 /// Appends the line of a settings file that holds the setting, or the lines of a list.

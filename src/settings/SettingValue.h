@@ -9,7 +9,7 @@
 
 namespace quillmark {
 
-/// A setting that a user gave and that cannot be taken; what() tells the user why.
+/// A setting that is refused; what() tells the user why.
 class SettingError : public std::invalid_argument {
 public:
     using std::invalid_argument::invalid_argument;

@@ -19,8 +19,8 @@ public:
         write("\r\n");
     }
 
-    /// Ends the file. Throws a Failure when the disk refuses what was still to be written; a caller
-    /// that leaves this out does not learn of it.
+    /// Closes the file. Throws a Failure if the disk refuses what was still to be written. Without
+    /// this call, nobody learns of that.
     void close();
 
 private:

@@ -11,20 +11,20 @@
 
 namespace quillmark {
 
-/// Sends each message to where the user may look for it: the message list, the trace of the
-/// conversation with the host, the sink and the log file. The options that decide are read at every
+/// Sends each message to all places where the user may look for it: the message list, the trace of
+/// the conversation with the host, the sink and the log file. It reads the options anew for every
 /// message, so that a change in the options dialog holds at once.
 class MessageLog : public Messages {
 public:
-    /// The log keeps no more messages than this in the message list.
+    /// The message list holds at most this many messages.
     static constexpr int Maximum = 51;
 
-    /// Everything but the path is referred to and outlives the log. `logFile` is created by the
-    /// first message that goes there.
+    /// Keeps references to everything but the path. The first message that goes to the log file
+    /// creates it.
     MessageLog(const Configuration& configuration, const RunState& run, CappedList& message,
                TraceLog& trace, std::filesystem::path logFile, MessageSink& sink);
 
-    /// Throws a Failure when the log file cannot be written; the other places have the message
+    /// Throws a Failure if the log file cannot be written. The other places have the message by
     /// then.
     void MessageHandler(bool debug, std::string_view text) override;
     bool wantsDebug() const override;

@@ -8,8 +8,8 @@
 
 namespace quillmark {
 
-/// The place of the first name that begins with what was typed, without regard to case, and goes
-/// on after it; none for an empty text.
+/// The index of the first name that begins with the typed text, in any case, and is longer. None
+/// for an empty text.
 std::optional<std::size_t> completion(const std::vector<std::string>& names,
                                       std::string_view typedText);
 

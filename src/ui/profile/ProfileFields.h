@@ -39,17 +39,18 @@ ProfileFields ShowFields(const Settings& settings);
 /// The fields of a new profile.
 ProfileFields ClearFields();
 
-/// Takes the fields into the current profile and the configuration's IGNORE_VALUE; a number is what
-/// its text begins with. Throws overflow(), and takes none, when a number does not fit 16 bits.
+/// Stores the fields in the current profile and the configuration's IGNORE_VALUE. A number field
+/// stands for the number that its text begins with. Throws overflow() and stores nothing if a
+/// number does not fit 16 bits.
 void StoreFields(const ProfileFields& fields, Settings& settings);
 
-/// Whether somebody must be asked before the fields of a dialog with this profile name are given
-/// up: they differ from the current profile, and there is a name to save them under.
+/// Whether the dialog must ask before it gives up its fields: they differ from the current profile,
+/// and there is a name to save them under.
 bool hasUnsavedChanges(std::string_view name, const ProfileFields& fields,
                        const Settings& settings);
 
-/// Whether a text holds a comma. It is saved as it stands, but the next load ends the text there
-/// and takes the rest for the field behind it. The password is safe: it is stored scrambled.
+/// Whether a text field holds a comma. It is saved as it stands, but the next load ends the text
+/// there and takes the rest for the next field. The password is safe: it is stored scrambled.
 bool holdsComma(const ProfileFields& fields);
 
 } // namespace quillmark

@@ -22,15 +22,15 @@ struct ItemTarget {
 using ItemTargets = std::array<ItemTarget, 2>;
 
 /// The targets of a row from its texts; `second` is empty where the view has one column. A second
-/// text that names a web address is only viewed: it is nobody's file to delete here.
+/// text that is a web address can only be viewed: there is no file to delete.
 ItemTargets itemTargets(const RunState& run, std::string_view first,
                         std::optional<std::string_view> second);
 
 /// "View /www/a.html": a command's caption, empty for an empty target.
 std::string itemCaption(std::string_view verb, std::string_view target);
 
-/// Deletes a file of the local disk ("\" form) if it is there. Folders are left alone: throws
-/// fileNotFound() for one, and another Failure for a file that cannot be deleted.
+/// Deletes a file of the local disk ("\" form) if it is there. Throws fileNotFound() for a folder,
+/// which is left alone, and another Failure if the file cannot be deleted.
 void deleteLocalFile(LocalDisk& disk, std::string_view target);
 
 } // namespace quillmark

@@ -23,26 +23,26 @@ struct ResultsSelection {
     SortOrder order = SortOrder::None;
 };
 
-/// The results of the last run as the window shows them: one list, or a pair as two columns, that
-/// is filtered and sorted. Rows are indexes of lines, nothing is copied: clear() before the lists
-/// are.
+/// The results of the last run as the window shows them: one list, or a pair as two columns,
+/// filtered and sorted. Rows are indexes into the lists and copy nothing: clear() the view before
+/// the lists are cleared.
 class ResultsView {
 public:
     ResultsView(Workspace& workspace, Messages& messages, Progress& progress)
         : workspace_(workspace), messages_(messages), progress_(progress) {}
 
-    /// Rebuilds the view; there are no rows until it is complete. A list that is too long is
-    /// truncated with a message; the abort flag is left alone. Throws a Failure, the view complete,
-    /// when that message cannot be logged.
+    /// Rebuilds the view, which has no rows until it is complete. Truncates a list that is too
+    /// long, with a message, and leaves the abort flag alone. Throws a Failure if that message
+    /// cannot be logged; the view is complete then.
     void ShowResults(const ResultsSelection& selected);
-    /// Takes the headers, rows and caption away.
+    /// Removes the headers, rows and caption.
     void clear();
 
     int rowCount() const { return static_cast<int>(rows_.size()); }
     int columnCount() const { return columnCount_; }
     std::string_view header(int column) const;
-    /// A cell, with 0 <= row < rowCount() and 0 <= column < columnCount(). Empty when the lists
-    /// were cleared beneath the view.
+    /// A cell, with 0 <= row < rowCount() and 0 <= column < columnCount(). Empty if the lists
+    /// were cleared in the meantime.
     std::string_view text(int row, int column) const;
     /// "Unused Host Files (2 Files In 1,234 Bytes)"; empty without a view.
     std::string caption() const;
