@@ -3,7 +3,7 @@
 #include "base/Failure.h"
 #include "base/PathParser.h"
 #include "base/Paths.h"
-#include "classic/RunParts.h"
+#include "classic/ClassicCheck.h"
 #include "classic/resolve/BaseUrl.h"
 
 #include <utility>
@@ -14,7 +14,7 @@ CheckRun::CheckRun(ResultLists& lists, RunState& state, const Settings& settings
                    std::string_view programFolder)
     : lists_(lists), state_(state), settings_(settings), outside_(outside),
       programFolder_(WithTrailingBackslash(programFolder)),
-      sounds_(outside.sounds, settings.configuration) {}
+      sounds_(outside.listener, settings.configuration) {}
 
 RunOutcome CheckRun::start() {
     lists_.Message.Clear();
@@ -31,36 +31,22 @@ RunOutcome CheckRun::HostHandler() {
     const Settings snapshot = settings_;
     try {
         prepare();
-        RunParts parts({lists_, state_, snapshot, outside_, programFolder_ + "Quillmark.html"},
-                       sounds_);
-        return perform(parts);
+        ClassicCheck check({lists_, state_, snapshot, outside_, programFolder_ + "Quillmark.html"},
+                           sounds_);
+        return perform(check, snapshot.profile);
     } catch (const Failure& failure) {
         return failedEnd(failure);
     }
 }
 
-RunOutcome CheckRun::perform(RunParts& parts) {
-    const Profile& profile = parts.context.settings.profile;
+RunOutcome CheckRun::perform(SiteCheck& check, const Profile& profile) {
     outside_.messages.post("Starting...");
     if (!state_.localMode) {
         connect(profile);
     }
     outside_.messages.post("Checking For ", profile.START_PATH);
-    if (!state_.localMode) {
-        parts.walk.testStartFile();
-    }
-    parts.walk.listStartDirectory();
-    parts.walk.listDirectories();
-    parts.walk.scanStartFile();
-    parts.walk.scanReferencedPages();
-    verify(parts);
-    if (!state_.localMode && !state_.abort && profile.CHECK_URL == 1) {
-        parts.referencePasses.checkURLs();
-    }
-    if (!state_.abort && profile.CHECK_DUPES != 0) {
-        findDuplicateFiles(parts);
-    }
-    return state_.abort ? abortedEnd() : normalEnd(parts);
+    check.perform();
+    return state_.abort ? abortedEnd() : normalEnd(check, profile);
 }
 
 void CheckRun::prepare() {
@@ -70,7 +56,7 @@ void CheckRun::prepare() {
     state_.reading = {};
     state_.invalidPass = state_.unusedPass = state_.duplicatesPass = PassProgress::NotRun;
     lists_.ClearForRun();
-    outside_.window.enterRunState();
+    outside_.listener.enterRunState();
     state_.abort = false;
     sounds_.start();
     const PathParser start(settings_.profile.START_PATH);
@@ -78,7 +64,7 @@ void CheckRun::prepare() {
     state_.currentFile = start.FileName();
     announceMode();
     if (!state_.localMode && settings_.configuration.TRACE_WINDOW == 1) {
-        outside_.window.showTraceWindow();
+        outside_.listener.showTraceWindow();
     }
 }
 
@@ -107,53 +93,15 @@ void CheckRun::connect(const Profile& profile) {
     }
 }
 
-PassProgress CheckRun::runPass(std::string_view title, const std::function<void()>& pass) {
-    const bool runs = !state_.abort;
-    outside_.progress.InitializeThinking(title);
-    pass();
-    if (!runs) {
-        return PassProgress::NotRun;
-    }
-    return state_.abort ? PassProgress::Stopped : PassProgress::Done;
-}
-
-void CheckRun::verify(RunParts& parts) {
-    const Profile& profile = parts.context.settings.profile;
-    ReferencePasses& references = parts.referencePasses;
-    state_.invalidPass = runPass("Checking References", [&] { references.checkReferences(); });
-    state_.unusedPass =
-        runPass("Checking Unused Files", [&] { parts.filePasses.checkUnusedFiles(); });
-    if (profile.IGNORE_TOPICS == 1 && !state_.abort) {
-        runPass("Checking Topic References", [&] { parts.ignoredPasses.removeTopicReferences(); });
-    }
-    if (profile.IGNORE_CGI == 1) {
-        runPass("Checking for CGI Files", [&] { parts.ignoredPasses.removeCGIReferences(); });
-    }
-    if (!state_.abort) {
-        runPass("Checking For Duplicate Invalid References",
-                [&] { references.checkDuplicateInvalidReferences(); });
-        runPass("Checking for Duplicate Ignored References",
-                [&] { references.checkDuplicateIgnoredReferences(); });
-    }
-    outside_.progress.RemoveThinking();
-}
-
-void CheckRun::findDuplicateFiles(RunParts& parts) {
-    outside_.messages.post("Checking For Duplicate Files");
-    state_.duplicatesPass =
-        runPass("Checking for Duplicate Files", [&] { parts.filePasses.checkDuplicateFiles(); });
-    outside_.progress.RemoveThinking();
-}
-
-RunOutcome CheckRun::normalEnd(RunParts& parts) {
+RunOutcome CheckRun::normalEnd(SiteCheck& check, const Profile& profile) {
     if (!state_.localMode) {
-        if (parts.context.settings.profile.GET_STATS == 1) {
-            parts.filePasses.computeStatistics();
+        if (profile.GET_STATS == 1) {
+            check.computeStatistics();
         }
         outside_.ftp.disconnect();
     }
     outside_.messages.post("Quillmark Finished");
-    outside_.window.ShowResults();
+    outside_.listener.ShowResults();
     sounds_.finish();
     leaveRunState();
     return RunOutcome::Finished;
@@ -176,13 +124,13 @@ RunOutcome CheckRun::failedEnd(const Failure& failure) {
     } catch (const Failure&) {
         // The log file that failed the run fails here again; the message is on the screen by now.
     }
-    outside_.progress.RemoveThinking();
+    outside_.listener.RemoveThinking();
     leaveRunState();
     return RunOutcome::Failed;
 }
 
 void CheckRun::leaveRunState() {
-    outside_.window.leaveRunState();
+    outside_.listener.leaveRunState();
     state_.abort = false;
 }
 

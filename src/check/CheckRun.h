@@ -7,14 +7,13 @@
 #include "settings/Settings.h"
 #include "store/ResultLists.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 
 namespace quillmark {
 
 class Failure;
-struct RunParts;
+class SiteCheck;
 
 /// How a run ended.
 enum class RunOutcome { Finished, Aborted, Failed };
@@ -36,15 +35,12 @@ public:
     void stop();
 
 private:
-    RunOutcome perform(RunParts& parts);
+    RunOutcome perform(SiteCheck& check, const Profile& profile);
     void prepare();
     void deleteEarlierFiles();
     void announceMode();
     void connect(const Profile& profile);
-    void verify(RunParts& parts);
-    PassProgress runPass(std::string_view title, const std::function<void()>& pass);
-    void findDuplicateFiles(RunParts& parts);
-    RunOutcome normalEnd(RunParts& parts);
+    RunOutcome normalEnd(SiteCheck& check, const Profile& profile);
     RunOutcome abortedEnd();
     RunOutcome failedEnd(const Failure& failure);
     void leaveRunState();

@@ -2,7 +2,6 @@
 
 #include "base/Paths.h"
 #include "check/CheckRun.h"
-#include "command/HeadlessRun.h"
 #include "command/StopSignal.h"
 #include "command/options/ExitStatus.h"
 #include "command/output/Results.h"
@@ -74,9 +73,7 @@ RunOutcome performRun(const Options& options, Workspace& workspace,
     TraceFile trace(options.trace);
     FtpXCtl ftp(messages, events, workspace.run, trace, timeoutsFromEnvironment());
     Inet inet(events, workspace.run, limitsFor(options));
-    SilentPlayer sounds;
-    HeadlessWindow window;
-    Outside outside{messages, disk, ftp, inet, terminal, sounds, window, events};
+    Outside outside{messages, disk, ftp, inet, terminal, events};
     CheckRun run(workspace.lists, workspace.run, workspace.settings, outside,
                  ToBackSlashes(folder.string()));
     events.onStop([&run] { run.stop(); });

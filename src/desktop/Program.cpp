@@ -27,11 +27,11 @@ Program::Program(std::filesystem::path folder, std::filesystem::path help,
                 workspace_.trace, folder_ / "Quillmark.log", feed_),
       trace_(workspace_.trace),
       ftp_(messages_, events_, workspace_.run, trace_, timeoutsFromEnvironment()),
-      inet_(events_, workspace_.run),
+      inet_(events_, workspace_.run), playSound_(parts.playSound),
       window_({workspace_, files_, messages_, progress_, disk_, ftp_, mover_, parts.shell,
                parts.dialogs, parts.printer, folder_},
               *this, std::move(help)),
-      outside_{messages_, disk_, ftp_, inet_, progress_, parts.sounds, window_, events_},
+      outside_{messages_, disk_, ftp_, inet_, *this, events_},
       run_(workspace_.lists, workspace_.run, workspace_.settings, outside_,
            ToBackSlashes(folder_.string())) {
     feed_.onPosted([this] { window_.messagesPosted(); });

@@ -8,6 +8,7 @@
 #include "platform/disk/DiskAdapter.h"
 #include "platform/ftp/FtpXCtl.h"
 #include "platform/http/Inet.h"
+#include "run/RunListener.h"
 #include "ui/MessageLog.h"
 #include "ui/Workspace.h"
 #include "windows/main/MessageFeed.h"
@@ -25,11 +26,11 @@ struct DesktopParts {
     Shell& shell;
     FileDialogs& dialogs;
     ReportPrinter& printer;
-    SoundPlayer& sounds;
+    std::function<void(std::string_view name)> playSound;
 };
 
 /// The desktop program: owns everything for its life, and wires it together.
-class Program : private RunCommands {
+class Program : private RunCommands, private RunListener {
 public:
     /// `folder` is the program's own folder, `help` that of the help pages, both in the machine's
     /// own form. Reads the configuration; what the user must know of it goes to `messageBox`.
@@ -41,6 +42,19 @@ public:
 private:
     void start() override;
     void stop() override { run_.stop(); }
+
+    void InitializeThinking(std::string_view title) override {
+        progress_.InitializeThinking(title);
+    }
+    void UpdateThinking(int current, int total) override {
+        progress_.UpdateThinking(current, total);
+    }
+    void RemoveThinking() override { progress_.RemoveThinking(); }
+    void enterRunState() override { window_.enterRunState(); }
+    void leaveRunState() override { window_.leaveRunState(); }
+    void showTraceWindow() override { window_.showTraceWindow(); }
+    void ShowResults() override { window_.ShowResults(); }
+    void play(std::string_view name) override { playSound_(name); }
 
     std::filesystem::path folder_;
     ProgramFolder files_;
@@ -54,6 +68,7 @@ private:
     HostTrace trace_;
     FtpXCtl ftp_;
     Inet inet_;
+    std::function<void(std::string_view name)> playSound_;
     frmMain window_;
     Outside outside_;
     CheckRun run_;

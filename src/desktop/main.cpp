@@ -45,11 +45,13 @@ int runProgram(const std::filesystem::path& folder, const CommandLine& line) {
     DesktopFileDialogs dialogs;
     DefaultPrinter printer;
     WavePlayer sounds(folder, installed / "sounds");
-    Program program(folder, installed / "help", {shell, dialogs, printer, sounds},
-                    [&splash](std::string_view text) {
-                        splash.close();
-                        tell(text);
-                    });
+    Program program(
+        folder, installed / "help",
+        {shell, dialogs, printer, [&sounds](std::string_view name) { sounds.play(name); }},
+        [&splash](std::string_view text) {
+            splash.close();
+            tell(text);
+        });
     program.window().show();
     splash.close();
     if (!line.startPath.empty()) {

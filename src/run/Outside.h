@@ -4,10 +4,8 @@
 #include "run/FtpComponent.h"
 #include "run/LocalDisk.h"
 #include "run/Messages.h"
-#include "run/RunWindow.h"
-#include "run/SoundPlayer.h"
+#include "run/RunListener.h"
 #include "run/UrlFetcher.h"
-#include "store/Progress.h"
 
 namespace quillmark {
 
@@ -17,9 +15,7 @@ struct Outside {
     LocalDisk& disk;
     FtpComponent& ftp;
     UrlFetcher& inet;
-    Progress& progress;
-    SoundPlayer& sounds;
-    RunWindow& window;
+    RunListener& listener;
     EventLoop& events;
 };
 

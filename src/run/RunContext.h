@@ -28,7 +28,7 @@ struct RunContext {
 
     /// One step of a pass: shows it and lets waiting events run, so that Stop stays live.
     void step(int i, int count) const {
-        outside.progress.UpdateThinking(i, count);
+        outside.listener.UpdateThinking(i, count);
         outside.events.DoEvents();
     }
 };

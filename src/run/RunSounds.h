@@ -1,6 +1,6 @@
 #pragma once
 
-#include "run/SoundPlayer.h"
+#include "run/RunListener.h"
 #include "settings/Configuration.h"
 
 #include <string_view>
@@ -11,8 +11,8 @@ namespace quillmark {
 /// the life of the program, and only while sounds are switched on.
 class RunSounds {
 public:
-    RunSounds(SoundPlayer& player, const Configuration& configuration)
-        : player_(player), configuration_(configuration) {}
+    RunSounds(RunListener& listener, const Configuration& configuration)
+        : listener_(listener), configuration_(configuration) {}
 
     void start() { play(start_, "fastchug", "engine"); }
     void finish() { play(finish_, "moo", "dhombls"); }
@@ -23,11 +23,11 @@ private:
         if (configuration_.SOUND == 0) {
             return;
         }
-        player_.play(toggle ? second : first);
+        listener_.play(toggle ? second : first);
         toggle = !toggle;
     }
 
-    SoundPlayer& player_;
+    RunListener& listener_;
     const Configuration& configuration_;
     bool start_ = false;
     bool finish_ = false;

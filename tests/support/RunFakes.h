@@ -90,7 +90,7 @@ public:
     Lines expected;
 };
 
-class RecordingWindow : public RunWindow, public SoundPlayer, public Progress {
+class RecordingWindow : public RunListener {
 public:
     void enterRunState() override { calls.emplace_back("enter"); }
     void leaveRunState() override { calls.emplace_back("leave"); }
@@ -124,7 +124,7 @@ struct RunBench {
     SilentWeb web;
     RecordingWindow window;
     HookedEvents events;
-    Outside outside{messages, disk, host, web, window, window, window, events};
+    Outside outside{messages, disk, host, web, window, events};
     RunContext context{lists, state, settings, outside,
                        ToBackSlashes((program.path() / "Quillmark.html").string())};
     ListLimit limit{messages, state};

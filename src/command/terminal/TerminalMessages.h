@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Progress.h"
+#include "run/RunListener.h"
 #include "ui/MessageSink.h"
 
 #include <chrono>
@@ -18,7 +18,7 @@ enum class MessageDetail {
 };
 
 /// Messages and progress on standard error.
-class TerminalMessages : public MessageSink, public Progress {
+class TerminalMessages : public MessageSink, public RunListener {
 public:
     explicit TerminalMessages(MessageDetail detail) : detail_(detail) {}
     /// Takes the line of the newest message away, and writes what is still kept back.

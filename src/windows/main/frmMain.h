@@ -1,6 +1,5 @@
 #pragma once
 
-#include "run/RunWindow.h"
 #include "windows/help/frmHelp.h"
 #include "windows/main/RunCommands.h"
 #include "windows/main/WindowPlaces.h"
@@ -27,7 +26,7 @@ namespace quillmark {
 /// The main window: starts and stops checks, shows their messages and results, and opens all other
 /// windows. While a check runs, or something is deleted on the host, it stays alive, but nothing
 /// that would disturb the work can be pressed; closing it then ends the work first.
-class frmMain : public QMainWindow, public RunWindow {
+class frmMain : public QMainWindow {
     Q_OBJECT
 
 public:
@@ -46,10 +45,12 @@ public:
     /// The conversation with the host went on.
     void conversationTraced() { traceShown_.ask(); }
 
-    void enterRunState() override;
-    void leaveRunState() override;
-    void showTraceWindow() override;
-    void ShowResults() override;
+    /// Disables what must not be touched during a run and empties the results view and the trace.
+    void enterRunState();
+    /// Reverses enterRunState(), but for the results view.
+    void leaveRunState();
+    void showTraceWindow();
+    void ShowResults();
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -207,14 +207,14 @@ private slots:
             press(program.window(), "cmdOptions");
         };
         throughProfileDialog(program, start, {});
-        QVERIFY(program.sounds.played.empty());
+        QVERIFY(program.soundsPlayed.empty());
         toggleSounds();
         for (int i = 0; i < 3; ++i) {
             throughProfileDialog(program, start, {});
         }
         const std::vector<std::string> expected = {"fastchug", "moo",      "engine",
                                                    "dhombls",  "fastchug", "moo"};
-        QCOMPARE(program.sounds.played, expected);
+        QCOMPARE(program.soundsPlayed, expected);
     }
 
     void remembersItsPlace() {

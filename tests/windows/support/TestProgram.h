@@ -22,12 +22,6 @@ template <typename Control> Control& child(QWidget& window, const char* name) {
     return *control;
 }
 
-class RecordingSounds : public SoundPlayer {
-public:
-    void play(std::string_view name) override { played.emplace_back(name); }
-    std::vector<std::string> played;
-};
-
 /// The whole program on a folder of its own; what a person, a speaker or another program would
 /// answer is scripted.
 struct TestProgram {
@@ -42,7 +36,9 @@ struct TestProgram {
     void start() {
         program.reset();
         program = std::make_unique<Program>(
-            folder.path(), QUILLMARK_HELP, DesktopParts{shell, dialogs, printer, sounds},
+            folder.path(), QUILLMARK_HELP,
+            DesktopParts{shell, dialogs, printer,
+                         [this](std::string_view name) { soundsPlayed.emplace_back(name); }},
             [this](std::string_view text) { boxes.emplace_back(text); });
         window().show();
     }
@@ -55,7 +51,7 @@ struct TestProgram {
     RecordingShell shell;
     ScriptedFileDialogs dialogs;
     RecordingPrinter printer;
-    RecordingSounds sounds;
+    std::vector<std::string> soundsPlayed;
     std::vector<std::string> boxes;
     std::unique_ptr<Program> program;
 };

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "store/Progress.h"
+
+#include <string_view>
+
+namespace quillmark {
+
+/// What a run tells the program that it was started from, beside its messages and how far it has
+/// come. A program without windows and sounds leaves the rest as it is here.
+class RunListener : public Progress {
+public:
+    /// Disables what must not be touched during a run and empties the results view and the trace.
+    virtual void enterRunState() {}
+    /// Reverses enterRunState(), but for the results view.
+    virtual void leaveRunState() {}
+    /// Shows the trace window, modeless.
+    virtual void showTraceWindow() {}
+    /// Rebuilds the results view.
+    virtual void ShowResults() {}
+    /// Starts the wave file of that name followed by ".WAV" and returns at once; what goes wrong is
+    /// ignored.
+    virtual void play(std::string_view /*name*/) {}
+};
+
+} // namespace quillmark
