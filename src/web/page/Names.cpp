@@ -1,6 +1,7 @@
 #include "web/page/Names.h"
 
 #include "web/page/PageContent.h"
+#include "web/text/Ascii.h"
 
 #include <array>
 
@@ -15,7 +16,73 @@ constexpr auto AttributeNames = std::to_array({QUILLMARK_WEB_ATTRIBUTES(QUILLMAR
 
 #undef QUILLMARK_WEB_NAME
 
+constexpr NameKey keyOf(std::string_view name) {
+    NameKey key;
+    for (const char c : name) {
+        key.append(static_cast<unsigned char>(lowerAscii(c)));
+    }
+    return key;
+}
+
+/// A hash table of the known names, made by the compiler.
+class NameTable {
+public:
+    template <std::size_t Count>
+    explicit constexpr NameTable(const std::array<std::string_view, Count>& names) {
+        static_assert(Count < Slots / 2 && Count < 256);
+        for (std::size_t i = 1; i < Count; ++i) { // Name 0 stands for all others.
+            std::size_t slot = firstSlot(keyOf(names[i]));
+            while (rows_[slot].index != 0) {
+                slot = (slot + 1) % Slots;
+            }
+            rows_[slot] = {keyOf(names[i]).characters, names[i], static_cast<std::uint8_t>(i)};
+        }
+    }
+
+    /// The index of a name, 0 for an unknown one.
+    std::uint8_t find(std::string_view name, NameKey key) const {
+        for (std::size_t slot = firstSlot(key); rows_[slot].index != 0; slot = (slot + 1) % Slots) {
+            const Row& row = rows_[slot];
+            if (row.key == key.characters && row.name.size() == name.size() &&
+                (name.size() <= 8 || equalIgnoringCase(row.name, name))) {
+                return row.index;
+            }
+        }
+        return 0;
+    }
+
+private:
+    struct Row {
+        std::uint64_t key = 0;
+        std::string_view name;
+        std::uint8_t index = 0;
+    };
+
+    static constexpr std::size_t Slots = 512;
+
+    static constexpr std::size_t firstSlot(NameKey key) {
+        return static_cast<std::size_t>((key.characters * 0x9E3779B97F4A7C15U) >> 55U);
+    }
+
+    std::array<Row, Slots> rows_{};
+};
+
+constexpr NameTable ElementTable(ElementNames);
+constexpr NameTable AttributeTable(AttributeNames);
+
 } // namespace
+
+Element findElement(std::string_view name, NameKey key) {
+    return static_cast<Element>(ElementTable.find(name, key));
+}
+
+Element findElement(std::string_view name) {
+    return findElement(name, keyOf(name));
+}
+
+Attribute findAttribute(std::string_view name, NameKey key) {
+    return static_cast<Attribute>(AttributeTable.find(name, key));
+}
 
 PlaceName placeName(std::uint16_t place) {
     return {ElementNames.at(place >> 8U), AttributeNames.at(place & 0xFFU)};

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 // The names of elements and attributes that the readers know. A row is the enumerator and the name
 // in lower case. Elements without a rule of their own are listed so that a finding in their style
@@ -48,7 +50,8 @@
 
 #define QUILLMARK_WEB_ATTRIBUTES(X) \
     X(Other, "") \
-    X(Action, "action") X(Background, "background") X(Cite, "cite") X(ClipPath, "clip-path") \
+    X(Action, "action") X(Background, "background") X(Charset, "charset") X(Cite, "cite") \
+    X(ClipPath, "clip-path") \
     X(Color, "color") X(Content, "content") X(Cursor, "cursor") X(Data, "data") \
     X(Encoding, "encoding") X(Face, "face") X(Fill, "fill") X(Filter, "filter") \
     X(FormAction, "formaction") X(Href, "href") X(HttpEquiv, "http-equiv") X(Id, "id") \
@@ -72,6 +75,20 @@ enum class Element : std::uint8_t { QUILLMARK_WEB_ELEMENTS(QUILLMARK_WEB_ENUMERA
 enum class Attribute : std::uint8_t { QUILLMARK_WEB_ATTRIBUTES(QUILLMARK_WEB_ENUMERATOR) };
 
 #undef QUILLMARK_WEB_ENUMERATOR
+
+/// A name in the making: its characters in lower case are appended one after the other. Holds the
+/// last eight of them, which tell all known names apart but for what isNamed() compares.
+struct NameKey {
+    std::uint64_t characters = 0;
+
+    constexpr void append(unsigned char lower) { characters = characters << 8U | lower; }
+};
+
+/// The element of a name, whatever its letter case; `key` is that of the same name.
+Element findElement(std::string_view name, NameKey key);
+Element findElement(std::string_view name);
+/// The attribute of a name, whatever its letter case; `key` is that of the same name.
+Attribute findAttribute(std::string_view name, NameKey key);
 
 /// The number of a place; placeName() gives the names back.
 constexpr std::uint16_t placeOf(Element element, Attribute attribute) {

@@ -2,13 +2,28 @@
 
 namespace quillmark::web {
 
+namespace {
+
+/// Bytes that are kept for the next page. One huge page must not cost its memory for the rest of
+/// the run.
+constexpr std::size_t MostKept = 1U << 20U;
+
+template <class Values> void clearSome(Values& values) {
+    values.clear();
+    if (values.capacity() * sizeof(values[0]) > MostKept) {
+        Values().swap(values);
+    }
+}
+
+} // namespace
+
 void PageContent::clear() {
-    references.clear();
-    ids.clear();
-    mapNames.clear();
+    clearSome(references);
+    clearSome(ids);
+    clearSome(mapNames);
     base.reset();
     texts.clear();
-    decoded.clear();
+    clearSome(decoded);
 }
 
 } // namespace quillmark::web

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "web/page/TextArena.h"
+#include "web/text/TextArena.h"
 
 #include <cstdint>
 #include <optional>
@@ -56,8 +56,9 @@ struct PageContent {
     void clear();
 };
 
-/// How the bytes of a file are read.
-enum class PageKind : std::uint8_t { Html, Svg, Sheet, Manifest, Feed };
+/// How the bytes of a file are read. Xhtml is for files that a server calls XHTML (.xhtml): their
+/// elements may close themselves ("<script/>").
+enum class PageKind : std::uint8_t { Html, Xhtml, Svg, Sheet, Manifest, Feed };
 
 /// Reads one file into `content`, which is cleared first. `bytes` must outlive the content. Any
 /// bytes are accepted; time and memory are linear in their number.

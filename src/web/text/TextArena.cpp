@@ -1,4 +1,4 @@
-#include "web/page/TextArena.h"
+#include "web/text/TextArena.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace quillmark::web {
+
+/// Goes through the text between two tags of XML or SVG: what stands outside of comments, and
+/// what CDATA sections hold.
+class TextPieces {
+public:
+    explicit TextPieces(std::string_view text) : rest_(text) {}
+
+    /// Moves on to the next piece that is not empty; false at the end.
+    bool next();
+    std::string_view piece() const { return piece_; }
+    /// Whether the piece stands in a CDATA section: it is without character references.
+    bool inCdata() const { return cdata_; }
+
+private:
+    void takeMarkup();
+
+    std::string_view rest_;
+    std::string_view piece_;
+    bool cdata_ = false;
+};
+
+} // namespace quillmark::web
