@@ -7,7 +7,7 @@
 #include "command/output/Results.h"
 #include "command/start/ProgramPlace.h"
 #include "command/start/RunSettings.h"
-#include "command/terminal/Complaint.h"
+#include "command/terminal/Terminal.h"
 #include "command/terminal/TerminalMessages.h"
 #include "platform/Console.h"
 #include "platform/disk/DiskAdapter.h"
@@ -40,6 +40,12 @@ public:
             writer_->line(text);
         }
     }
+    /// Throws a Failure when the disk has no room for what was still to be written.
+    void close() {
+        if (writer_) {
+            writer_->close();
+        }
+    }
 
 private:
     std::optional<LineWriter> writer_;
@@ -64,13 +70,12 @@ MessageDetail detailFor(const Options& options) {
 }
 
 RunOutcome performRun(const Options& options, Workspace& workspace,
-                      const std::filesystem::path& folder) {
+                      const std::filesystem::path& folder, FtpTrace& trace) {
     TerminalMessages terminal(detailFor(options));
     MessageLog messages(workspace.settings.configuration, workspace.run, workspace.lists.Message,
                         workspace.trace, folder / "Quillmark.log", terminal);
     StopSignal events;
     DiskAdapter disk;
-    TraceFile trace(options.trace);
     FtpXCtl ftp(messages, events, workspace.run, trace, timeoutsFromEnvironment());
     Inet inet(events, workspace.run, limitsFor(options));
     Outside outside{messages, disk, ftp, inet, terminal, events};
@@ -106,9 +111,11 @@ int runCheck(const Options& options) {
         Workspace workspace;
         readSettings(options, workspace.settings, place.files());
         started = true;
-        const RunOutcome outcome = performRun(options, workspace, place.folder());
+        TraceFile trace(options.trace);
+        const RunOutcome outcome = performRun(options, workspace, place.folder(), trace);
         writeResults(options, outcome, workspace);
         warnOfUnread(workspace);
+        writing(options.trace, [&trace] { trace.close(); });
         return statusOf(outcome, workspace);
     } catch (const std::exception& error) {
         complain(error.what());

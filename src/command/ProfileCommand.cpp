@@ -1,11 +1,11 @@
 #include "command/ProfileCommand.h"
 
+#include "base/Printable.h"
 #include "command/options/ExitStatus.h"
 #include "command/options/StartFile.h"
 #include "command/start/Password.h"
 #include "command/start/ProgramPlace.h"
 #include "command/start/RunSettings.h"
-#include "command/terminal/Complaint.h"
 #include "command/terminal/Terminal.h"
 #include "settings/DefaultSettings.h"
 #include "settings/ProfileFile.h"
@@ -38,8 +38,7 @@ void requireStorable(const Profile& profile) {
     for (const std::string& text : {profile.HOST_NAME, profile.USER_NAME, profile.START_PATH,
                                     profile.ACCOUNT_NAME, profile.HOST_ALIAS}) {
         if (text.find_first_of(",\r\n") != std::string::npos) {
-            throw CannotStart("a profile cannot hold a comma or a line end: \"" + printable(text) +
-                              "\"");
+            throw CannotStart("a profile cannot hold a comma or a line end: \"" + text + "\"");
         }
     }
 }

@@ -1,27 +1,42 @@
 #include "command/StopSignal.h"
 
+#include <array>
 #include <csignal>
 
 namespace quillmark {
 
 namespace {
 
+constexpr std::array Signals = {SIGINT, SIGTERM, SIGHUP};
+
 volatile std::sig_atomic_t interrupted = 0;
 
 extern "C" void interrupt(int number) {
+    if (interrupted != 0) {
+        std::signal(number, SIG_DFL);
+        std::raise(number);
+    }
     interrupted = 1;
-    std::signal(number, SIG_DFL);
 }
 
 } // namespace
 
 StopSignal::StopSignal() {
     interrupted = 0;
-    std::signal(SIGINT, interrupt);
+    for (const int number : Signals) {
+        // What nohup, or a shell for its background jobs, has switched off stays off.
+        if (std::signal(number, interrupt) == SIG_IGN) {
+            std::signal(number, SIG_IGN);
+        }
+    }
 }
 
 StopSignal::~StopSignal() {
-    std::signal(SIGINT, SIG_DFL);
+    for (const int number : Signals) {
+        if (std::signal(number, SIG_DFL) == SIG_IGN) {
+            std::signal(number, SIG_IGN);
+        }
+    }
 }
 
 void StopSignal::DoEvents() {

@@ -6,8 +6,9 @@
 
 namespace quillmark {
 
-/// Ctrl-C as the Stop button of a program without a window: the first one presses Stop when the run
-/// next lets events run, a second one ends the program at once.
+/// Ctrl-C as the Stop button of a program without a window, and whatever else asks a program to
+/// end: SIGINT, SIGTERM, SIGHUP. The first of them presses Stop when the run next lets events run,
+/// the second ends the program at once.
 class StopSignal : public EventLoop {
 public:
     /// Listens from now on. One object at a time.
@@ -16,7 +17,7 @@ public:
     StopSignal(const StopSignal&) = delete;
     StopSignal& operator=(const StopSignal&) = delete;
 
-    /// What the first Ctrl-C does.
+    /// What the first signal does.
     void onStop(std::function<void()> stop) { stop_ = std::move(stop); }
     void DoEvents() override;
 

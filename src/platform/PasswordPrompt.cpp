@@ -2,9 +2,14 @@
 
 #include "platform/FileDescriptor.h"
 
+#include <array>
+#include <cerrno>
+#include <csignal>
 #include <string_view>
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/signalfd.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -40,11 +45,42 @@ void say(int terminal, std::string_view text) {
     }
 }
 
-/// Empty at the end of the input before its line end, and for a line that was given up.
-std::optional<std::string> readLine(int terminal) {
+/// Holds back the signals that would end the program while its terminal is silent, and delivers
+/// the one that came once the terminal is as it was.
+class HeldSignals {
+public:
+    HeldSignals() {
+        sigemptyset(&held_);
+        for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+            sigaddset(&held_, number);
+        }
+        sigprocmask(SIG_BLOCK, &held_, &before_);
+    }
+    ~HeldSignals() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
+    HeldSignals(const HeldSignals&) = delete;
+    HeldSignals& operator=(const HeldSignals&) = delete;
+
+    const sigset_t& set() const { return held_; }
+
+private:
+    sigset_t held_{};
+    sigset_t before_{};
+};
+
+/// Waits for typed text; false when a signal comes instead.
+bool waitForText(int terminal, int signals) {
+    std::array<pollfd, 2> waited = {{{terminal, POLLIN, 0}, {signals, POLLIN, 0}}};
+    while (poll(waited.data(), waited.size(), -1) < 0 && errno == EINTR) {
+    }
+    return waited[1].revents == 0;
+}
+
+/// Empty at the end of the input before its line end, for a line that was given up, and when a
+/// signal ends the waiting.
+std::optional<std::string> readLine(int terminal, int signals) {
     std::string line;
     char c = 0;
-    while (read(terminal, &c, 1) == 1) {
+    while (waitForText(terminal, signals) && read(terminal, &c, 1) == 1) {
         if (c == '\n') {
             return line;
         }
@@ -63,9 +99,11 @@ std::optional<std::string> promptForPassword(const std::string& question) {
     if (!terminal.isOpen()) {
         return std::nullopt;
     }
+    const HeldSignals held;
+    const FileDescriptor signals(signalfd(-1, &held.set(), SFD_CLOEXEC));
     const SilentTerminal silent(terminal.number());
     say(terminal.number(), question);
-    auto password = readLine(terminal.number());
+    auto password = readLine(terminal.number(), signals.number());
     say(terminal.number(), "\n");
     return password;
 }

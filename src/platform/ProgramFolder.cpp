@@ -3,8 +3,8 @@
 #include "base/Failure.h"
 #include "base/Paths.h"
 #include "platform/FileDescriptor.h"
-#include "platform/FileReplacement.h"
 #include "platform/NativePath.h"
+#include "platform/TemporaryFile.h"
 
 #include <algorithm>
 #include <array>
@@ -48,7 +48,9 @@ std::string_view readBlock(const FileDescriptor& file, std::array<char, 65536>& 
 
 } // namespace
 
-ProgramFolder::ProgramFolder(std::string_view folder) : folder_(folder) {}
+ProgramFolder::ProgramFolder(std::string_view folder) : folder_(folder) {
+    TemporaryFile::removeAbandoned(nativePath(folder_));
+}
 
 std::string ProgramFolder::programFile(std::string_view name) const {
     return WithTrailingBackslash(folder_).append(name);

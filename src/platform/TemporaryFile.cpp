@@ -3,6 +3,8 @@
 #include "base/Failure.h"
 
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <string>
 
 #include <fcntl.h>
@@ -14,6 +16,26 @@ namespace {
 
 [[noreturn]] void throwLastError() {
     throw failureFromError(lastSystemError(), pathNotFound());
+}
+
+constexpr std::string_view Prefix = ".quillmark-";
+constexpr std::string_view Extension = ".tmp";
+
+std::string nameFor(pid_t process, int attempt) {
+    return std::string(Prefix) + std::to_string(process) + "-" + std::to_string(attempt) +
+           std::string(Extension);
+}
+
+/// Whether a temporary file of this name belongs to a program that does not run any more.
+bool isAbandoned(const std::string& name) {
+    if (!name.starts_with(Prefix) || !name.ends_with(Extension)) {
+        return false;
+    }
+    pid_t process = 0;
+    const char* const end = name.data() + name.size();
+    const auto read = std::from_chars(name.data() + Prefix.size(), end, process);
+    const bool isOurs = read.ec == std::errc() && read.ptr != end && *read.ptr == '-';
+    return isOurs && process > 0 && ::kill(process, 0) != 0 && errno == ESRCH;
 }
 
 /// Makes a new name outlast a power cut. Not every file system can; the file is complete without
@@ -57,11 +79,21 @@ void TemporaryFile::rename(const std::filesystem::path& file) {
     flushFolder(file.parent_path());
 }
 
-/// Tries names until one is free: others may belong to a program that is writing, or was stopped.
+void TemporaryFile::removeAbandoned(const std::filesystem::path& folder) {
+    std::error_code error;
+    std::filesystem::directory_iterator entry(folder, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        if (isAbandoned(entry->path().filename().string())) {
+            ::unlink(entry->path().c_str());
+        }
+    }
+}
+
+/// Tries names until one is free: others may belong to a program that is writing.
 FileDescriptor TemporaryFile::create(const std::filesystem::path& folder, mode_t mode) {
+    removeAbandoned(folder);
     for (int attempt = 0;; ++attempt) {
-        path_ = folder / (".quillmark-" + std::to_string(::getpid()) + "-" +
-                          std::to_string(attempt) + ".tmp");
+        path_ = folder / nameFor(::getpid(), attempt);
         FileDescriptor created(::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode));
         if (created.isOpen()) {
             return created;
@@ -70,6 +102,13 @@ FileDescriptor TemporaryFile::create(const std::filesystem::path& folder, mode_t
             throwLastError();
         }
     }
+}
+
+void replaceFile(const std::filesystem::path& file, std::string_view bytes, mode_t mode) {
+    TemporaryFile temporary(file.parent_path(), mode);
+    temporary.write(bytes);
+    temporary.flush();
+    temporary.rename(file);
 }
 
 } // namespace quillmark

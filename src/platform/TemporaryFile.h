@@ -29,6 +29,10 @@ public:
     /// where the file system can.
     void rename(const std::filesystem::path& file);
 
+    /// Deletes the files on their way in `folder` whose programs are gone: they were killed, and
+    /// what they left may hold passwords. What cannot be deleted stays.
+    static void removeAbandoned(const std::filesystem::path& folder);
+
 private:
     FileDescriptor create(const std::filesystem::path& folder, mode_t mode);
 
@@ -36,5 +40,11 @@ private:
     FileDescriptor descriptor_;
     bool renamed_ = false;
 };
+
+/// Puts a file with these bytes in the place of `file`, in one step: after a crash, a full disk or
+/// any other failure there is the old file or the new one, never a part. A symbolic link there is
+/// replaced, not followed. The process's umask narrows `mode`. Throws pathNotFound() when there is
+/// no such folder, or another Failure.
+void replaceFile(const std::filesystem::path& file, std::string_view bytes, mode_t mode);
 
 } // namespace quillmark

@@ -18,15 +18,6 @@ constexpr std::string_view VersionKey = VersionPrefix.substr(1, VersionPrefix.si
 constexpr std::string_view OlderVersionMessage =
     "Your configuration file is from an older version of Quillmark\r\nSettings will be reset";
 
-/// A reset file is written here and once more by the caller, to whom it is a file that was not
-/// read.
-void resetSettings(Settings& settings, SettingsFiles& files,
-                   const std::function<void(std::string_view)>& messageBox) {
-    messageBox(OlderVersionMessage);
-    SetDefaultSettings(settings);
-    SaveConfigurations(settings, files);
-}
-
 /// A file that is cut short within its lists leaves the later ones empty: it held some items there,
 /// and nobody knows which, so they are not taken from the built-in ones.
 void clearLists(Configuration& configuration) {
@@ -36,14 +27,25 @@ void clearLists(Configuration& configuration) {
     configuration.lstCheckHTML.Clear();
 }
 
-/// Whether the file was read to its end.
-bool readWholeFile(Settings& settings, SettingsFiles& files,
-                   const std::function<void(std::string_view)>& messageBox) {
+/// The last line holds DEBUG in IGNORECASE's place, on purpose: that is how every file in use was
+/// written, and what a user who saves the options finds at the next start.
+SettingKey asWritten(SettingKey setting) {
+    if (setting.place == SettingPlace(&Configuration::IGNORECASE)) {
+        setting.place = &Configuration::DEBUG;
+    }
+    return setting;
+}
+
+} // namespace
+
+bool LoadConfigurations(Settings& settings, SettingsFiles& files,
+                        const std::function<void(std::string_view)>& messageBox) {
     try {
         const std::string bytes = files.read(ConfigurationFileName);
         FieldReader reader(bytes);
         if (!reader.readLine().starts_with(VersionPrefix)) {
-            resetSettings(settings, files, messageBox);
+            messageBox(OlderVersionMessage);
+            SetDefaultSettings(settings);
             return false;
         }
         for (const SettingKey& setting : ConfigurationKeys) {
@@ -58,20 +60,9 @@ bool readWholeFile(Settings& settings, SettingsFiles& files,
     }
 }
 
-/// The last line holds DEBUG in IGNORECASE's place, on purpose: that is how every file in use was
-/// written, and what a user who saves the options finds at the next start.
-SettingKey asWritten(SettingKey setting) {
-    if (setting.place == SettingPlace(&Configuration::IGNORECASE)) {
-        setting.place = &Configuration::DEBUG;
-    }
-    return setting;
-}
-
-} // namespace
-
 void ReadConfigurations(Settings& settings, SettingsFiles& files,
                         const std::function<void(std::string_view)>& messageBox) {
-    if (!readWholeFile(settings, files, messageBox)) {
+    if (!LoadConfigurations(settings, files, messageBox)) {
         SaveConfigurations(settings, files);
     }
 }

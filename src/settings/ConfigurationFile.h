@@ -11,6 +11,11 @@ namespace quillmark {
 /// The file that keeps the Configuration between two runs of the program.
 inline constexpr std::string_view ConfigurationFileName = "Quillmark.ini";
 
+/// Loads the file over the current values and writes nothing. False if the file is missing, was cut
+/// short, cannot be read to its end or was reset: ReadConfigurations() then writes it anew.
+bool LoadConfigurations(Settings& settings, SettingsFiles& files,
+                        const std::function<void(std::string_view)>& messageBox);
+
 /// Loads the file over the current values. If it is missing, cut short or cannot be read to its
 /// end, writes it anew without a word, with what was read and the current values of the rest. If
 /// its first line is not ours, says so in the message box and resets it to the defaults. Throws a

@@ -1,5 +1,7 @@
 #include "support/Process.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -9,9 +11,12 @@
 #include <arpa/inet.h>
 #include <fcntl.h>
 #include <netinet/in.h>
+#include <poll.h>
+#include <pty.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 namespace quillmark::test {
@@ -24,13 +29,17 @@ void redirect(const std::filesystem::path& file, int target) {
     close(descriptor);
 }
 
-[[noreturn]] void become(const Command& command, const std::filesystem::path& folder) {
+/// Gives the child files in the place of the test's own streams.
+void redirectStreams(const std::filesystem::path& folder) {
     setpgid(0, 0);
-    prctl(PR_SET_PDEATHSIG, SIGKILL); // A test that crashes takes its servers with it.
     redirect(folder / "out", STDOUT_FILENO);
     redirect(folder / "err", STDERR_FILENO);
     const int nothing = open("/dev/null", O_RDONLY);
     dup2(nothing, STDIN_FILENO);
+}
+
+[[noreturn]] void become(const Command& command) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // A test that crashes takes its servers with it.
     if (!command.folder.empty() && chdir(command.folder.c_str()) != 0) {
         _exit(126);
     }
@@ -69,7 +78,8 @@ Process::Process(const Command& command) {
         throw std::runtime_error("no process");
     }
     if (pid_ == 0) {
-        become(command, output_.path());
+        redirectStreams(output_.path());
+        become(command);
     }
     setpgid(pid_, pid_);
 }
@@ -102,6 +112,63 @@ Finished Process::wait() {
 
 void Process::reap(int options) {
     ended_ = waitpid(pid_, &status_, options) == pid_;
+}
+
+Terminal::Terminal(const Command& command, unsigned short columns) {
+    winsize size{};
+    size.ws_row = 25;
+    size.ws_col = columns;
+    pid_ = forkpty(&keyboard_, nullptr, nullptr, &size);
+    if (pid_ < 0) {
+        throw std::runtime_error("no terminal");
+    }
+    if (pid_ == 0) {
+        become(command);
+    }
+}
+
+Terminal::~Terminal() {
+    kill(pid_, SIGKILL);
+    close(keyboard_);
+    waitpid(pid_, nullptr, 0);
+}
+
+bool Terminal::waitFor(std::string_view text) {
+    while (shown_.find(text) == std::string::npos) {
+        if (!readMore()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool Terminal::type(std::string_view keys) const {
+    return write(keyboard_, keys.data(), keys.size()) == static_cast<ssize_t>(keys.size());
+}
+
+bool Terminal::echoes() const {
+    termios state{};
+    return tcgetattr(keyboard_, &state) == 0 && (state.c_lflag & ECHO) != 0;
+}
+
+int Terminal::wait() {
+    while (readMore()) {
+    }
+    siginfo_t end{};
+    waitid(P_PID, static_cast<id_t>(pid_), &end, WEXITED | WNOWAIT);
+    return end.si_code == CLD_EXITED ? end.si_status : 128 + end.si_status;
+}
+
+bool Terminal::readMore() {
+    constexpr int Limit = 180'000;
+    pollfd waited{keyboard_, POLLIN, 0};
+    std::array<char, 4096> bytes{};
+    if (poll(&waited, 1, Limit) <= 0) {
+        return false;
+    }
+    const ssize_t count = read(keyboard_, bytes.data(), bytes.size());
+    shown_.append(bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(0, count)));
+    return count > 0;
 }
 
 Finished run(const Command& command) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <sys/types.h>
@@ -48,6 +49,33 @@ private:
     bool ended_ = false;
     int status_ = 0;
     TempFolder output_;
+};
+
+/// A command on a terminal of its own, as a person at the keyboard has it.
+class Terminal {
+public:
+    explicit Terminal(const Command& command, unsigned short columns = 80);
+    ~Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    /// Waits until the text has been shown; false if the command ends without it, and after some
+    /// minutes.
+    bool waitFor(std::string_view text);
+    bool type(std::string_view keys) const;
+    /// Whether the terminal shows what is typed.
+    bool echoes() const;
+    pid_t pid() const { return pid_; }
+    /// Waits for the command's end; its status is that of Finished.
+    int wait();
+    const std::string& shown() const { return shown_; }
+
+private:
+    bool readMore();
+
+    pid_t pid_ = -1;
+    int keyboard_ = -1;
+    std::string shown_;
 };
 
 /// Runs a command to its end.

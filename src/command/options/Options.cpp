@@ -1,5 +1,6 @@
 #include "command/options/Options.h"
 
+#include "base/Printable.h"
 #include "base/Version.h"
 #include "command/options/ExitStatus.h"
 #include "command/options/NamedLists.h"
@@ -23,28 +24,31 @@ constexpr const char* Footer =
     "/www/index.html\n"
     "  quillmark-check --profile \"My Site\" --json - --report report.txt\n"
     "\n"
-    "The password of a host comes from QUILLMARK_PASSWORD, --password-file, the profile, or a "
-    "prompt.\n"
-    "Exit status: 0 nothing invalid, 1 invalid references, 2 not started (usage, no such profile,\n"
-    "start file or folder), 3 aborted or failed. Ctrl-C stops the run and shows what was found; a\n"
-    "second Ctrl-C ends at once.";
+    "The password of a host comes from --password-file, from QUILLMARK_PASSWORD, from the profile\n"
+    "or from you, when you are asked.\n"
+    "\n"
+    "Exit status: 0 nothing invalid, 1 invalid references, 2 not started (wrong usage, no such\n"
+    "profile, start file or folder), 3 aborted or failed. Ctrl-C stops the check and shows what "
+    "was\n"
+    "found; a second Ctrl-C ends the program at once.";
 
 void addSource(CLI::App& app, Options& options) {
     auto* start = app.add_option("START", options.start,
-                                 "The start file of a local site, such as site/index.html")
+                                 "Check the site on this disk that starts with this page, such as\n"
+                                 "site/index.html")
                       ->type_name("");
-    auto* profile =
-        app.add_option("--profile", options.profile, "Run the profile NAME of the program's folder")
-            ->type_name("NAME")
-            ->excludes(start);
+    auto* profile = app.add_option("--profile", options.profile, "Check the site of this profile")
+                        ->type_name("NAME")
+                        ->excludes(start);
     app.add_option("--folder", options.folder,
-                   "The program's own folder: settings, profiles, log and working copy (default:\n"
-                   "$QUILLMARK_FOLDER, the executable's folder if it can be written, or\n"
-                   "~/.local/share/quillmark)")
+                   "Keep settings, profiles, log and working copy in this folder, instead of\n"
+                   "$QUILLMARK_FOLDER, the program's folder if it can be written, or\n"
+                   "~/.local/share/quillmark")
         ->type_name("DIR");
-    app.add_option("--set", options.set,
-                   "One profile or configuration value for this run only, by its key in the\n"
-                   "settings files: --set MAX_LEVELS=3")
+    app.add_option(
+           "--set", options.set,
+           "Change one setting for this check only; KEY is its name in Quillmark.ini or in\n"
+           "a profile: --set MAX_LEVELS=3")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
     app.add_option("--host", options.host, "Check the site on this web host, over FTP")
@@ -55,28 +59,33 @@ void addSource(CLI::App& app, Options& options) {
 
 void addHost(CLI::App& app, Options& options) {
     const std::string group = "On a web host";
-    app.add_option("--start", options.startPath, "The start file on the host: /www/index.html")
+    app.add_option("--start", options.startPath,
+                   "Start with this page, as the host names it, such as /www/index.html")
         ->type_name("PATH")
         ->group(group);
-    app.add_option("--port", options.port, "FTP port (21)")->type_name("N")->group(group);
-    app.add_option("--user", options.userName, "FTP user (anonymous)")
+    app.add_option("--port", options.port, "Connect to this port instead of 21")
+        ->type_name("N")
+        ->group(group);
+    app.add_option("--user", options.userName, "Log in as this user instead of anonymous")
         ->type_name("NAME")
         ->group(group);
-    app.add_option("--account", options.account, "FTP account, where a host asks for one")
+    app.add_option("--account", options.account, "Give this account to a host that asks for one")
         ->type_name("NAME")
         ->group(group);
     app.add_option("--password-file", options.passwordFile,
-                   "The file whose first line is the password")
+                   "Take the password from the first line of this file")
         ->type_name("FILE")
         ->group(group);
-    app.add_option("--trace", options.trace, "Write the conversation with the host")
+    app.add_option("--trace", options.trace, "Write the conversation with the host to this file")
         ->type_name("FILE")
         ->group(group);
-    app.add_option("--fetches", options.fetches, "Web references fetched at once (32)")
+    app.add_option("--fetches", options.fetches,
+                   "Fetch at most this many web references at a time (32 if not given)")
         ->type_name("N")
         ->check(CLI::Range(1, 1000))
         ->group(group);
-    app.add_option("--fetches-per-host", options.fetchesToOneHost, "The same, from one host (8)")
+    app.add_option("--fetches-per-host", options.fetchesToOneHost,
+                   "Fetch at most this many at a time from one server (8 if not given)")
         ->type_name("N")
         ->check(CLI::Range(1, 1000))
         ->group(group);
@@ -86,42 +95,50 @@ void addProfileCommand(CLI::App& profile, Options& options, const std::string& n
                        const std::string& description, Action action) {
     CLI::App* command = profile.add_subcommand(name, description);
     command->fallthrough();
-    command->add_option("NAME", options.profile, "The name of the profile")
-        ->type_name("")
-        ->required();
+    command->add_option("NAME", options.profile, "Name the profile")->type_name("")->required();
     command->callback([&options, action] { options.action = action; });
 }
 
 void addProfileCommands(CLI::App& app, Options& options) {
-    CLI::App* profile = app.add_subcommand("profile", "Write and read profiles");
+    CLI::App* profile = app.add_subcommand("profile", "Save or show a profile");
     profile->fallthrough();
     profile->require_subcommand(1);
     addProfileCommand(*profile, options, "save",
-                      "Save a profile, or values of one: profile save NAME --set KEY=VALUE",
+                      "Save a new profile, or change the given values of one that is there",
                       Action::SaveProfile);
-    addProfileCommand(*profile, options, "show", "Show the values of a profile",
+    addProfileCommand(*profile, options, "show", "Show the values of a profile, not its password",
                       Action::ShowProfile);
 }
 
 void addOutput(CLI::App& app, Options& options) {
-    app.add_option("--report", options.report, "Write the text report")->type_name("FILE");
+    app.add_option("--report", options.report, "Write the text report to this file")
+        ->type_name("FILE");
     auto* json = app.add_option("--json", options.json,
-                                "Write every list as JSON (\"-\" for standard output)");
+                                "Write every list as JSON to this file (\"-\" is standard output)");
     json->type_name("FILE");
     app.add_option("--list", options.list,
-                   "Print one result list, a line an entry (pairs: entry, tab, referring file):\n" +
+                   "Print one list, a line an entry; a list of references prints the reference, a\n"
+                   "tab and the page that makes it:\n" +
                        namesOfLists())
         ->type_name("NAME");
-    auto* quiet = app.add_flag("-q,--quiet", options.quiet, "No messages and no progress bar");
-    app.add_flag("-v,--verbose", options.verbose, "Every message a line, debug messages too")
+    auto* quiet = app.add_flag("-q,--quiet", options.quiet,
+                               "Print no messages and no progress bar, but warnings");
+    app.add_flag("-v,--verbose", options.verbose,
+                 "Print every message on a line of its own, debug messages too")
         ->excludes(quiet);
-    app.add_flag("--color", options.color, "Use colours even when the output is no terminal");
-    app.add_flag("--no-progress", options.noProgress, "No progress bar on a terminal");
-    app.set_version_flag("--version", "quillmark-check " + std::string(ApplicationVersion));
+    app.add_flag("--color", options.color, "Use colours even if the output is no terminal");
+    app.add_flag("--no-progress", options.noProgress,
+                 "Print messages instead of a progress bar, on a terminal, too");
+    app.set_version_flag("--version", "quillmark-check " + std::string(ApplicationVersion),
+                         "Print the version and end");
+    app.set_help_flag("-h,--help", "Print this help and end");
 }
 
 /// What the options cannot say one by one.
 void checkTogether(const Options& options) {
+    if (options.action != Action::Check && options.profile.empty()) {
+        throw CLI::ValidationError("a profile needs a name");
+    }
     if (options.start.empty() && options.profile.empty() && options.host.empty()) {
         throw CLI::RequiredError("a start file, --profile NAME or --host NAME");
     }
@@ -134,8 +151,7 @@ void checkTogether(const Options& options) {
             "--json - and --list both want standard output: give --json a file");
     }
     if (!options.list.empty() && findList(options.list) == nullptr) {
-        throw CLI::ValidationError("there is no list \"" + options.list + "\"; the lists are\n" +
-                                   namesOfLists());
+        throw CLI::ValidationError("there is no list \"" + options.list + "\"; --help names them");
     }
 }
 
@@ -146,7 +162,7 @@ ParsedOptions parseOptions(int argc, const char* const* argv) {
     CLI::App app(Description, "quillmark-check");
     app.footer(Footer);
     app.failure_message([](const CLI::App*, const CLI::Error& error) {
-        return "quillmark-check: " + std::string(error.what()) +
+        return "quillmark-check: " + printable(error.what()) +
                "\nTry \"quillmark-check --help\".\n";
     });
     addSource(app, parsed.options);

@@ -1,14 +1,17 @@
 #include "command/output/Results.h"
 
 #include "base/Failure.h"
+#include "base/Printable.h"
 #include "command/options/NamedLists.h"
 #include "command/options/StartFile.h"
 #include "command/output/JsonOutput.h"
 #include "command/output/Summary.h"
 #include "command/terminal/Terminal.h"
+#include "platform/Console.h"
 #include "platform/FolderChoice.h"
 #include "ui/ReportWriter.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -30,14 +33,32 @@ void requireWritable(const std::string& file) {
     }
 }
 
-void writeNamedList(std::ostream& out, const NamedList& list, const ResultLists& lists) {
+/// A program gets the names as they are, a terminal what cannot steer it.
+void writeName(std::string_view name) {
+    static const bool toTerminal = isTerminal(Stream::Output);
+    if (toTerminal) {
+        std::cout << printable(name);
+    } else {
+        std::cout << name;
+    }
+}
+
+void writeNamedList(const NamedList& list, const ResultLists& lists) {
     const ResultList& lines = lists.*list.lines;
     for (int i = 0; i < lines.Count(); ++i) {
-        out << lines.Line(i);
+        writeName(lines.Line(i));
         if (list.from != nullptr) {
-            out << '\t' << (lists.*list.from).Line(i);
+            std::cout << '\t';
+            writeName((lists.*list.from).Line(i));
         }
-        out << '\n';
+        std::cout << '\n';
+    }
+}
+
+/// The streams tell that the disk refused, errno tells why.
+void requireGood(const std::ostream& out) {
+    if (!out) {
+        throw failureFromError({errno, std::generic_category()}, pathNotFound());
     }
 }
 
@@ -49,9 +70,7 @@ void writeJsonTo(const std::string& file, RunOutcome outcome, const Workspace& w
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
     writeJson(out, outcome, workspace);
     out.close();
-    if (!out) {
-        throw diskFailure("\"" + file + "\" cannot be written");
-    }
+    requireGood(out);
 }
 
 } // namespace
@@ -62,23 +81,30 @@ void requireWritableResults(const Options& options) {
     requireWritable(options.trace);
 }
 
+void writing(const std::string& file, const std::function<void()>& write) {
+    try {
+        write();
+    } catch (const Failure& failure) {
+        throw Failure(failure.number(), file + " could not be written: " + failure.description());
+    }
+}
+
 void writeResults(const Options& options, RunOutcome outcome, const Workspace& workspace) {
     if (!options.report.empty()) {
-        WriteReport(options.report, workspace.lists, workspace.settings, workspace.run);
+        writing(options.report, [&] {
+            WriteReport(options.report, workspace.lists, workspace.settings, workspace.run);
+        });
     }
     if (!options.json.empty()) {
-        writeJsonTo(options.json, outcome, workspace);
+        writing(options.json, [&] { writeJsonTo(options.json, outcome, workspace); });
     }
     if (!options.list.empty()) {
-        writeNamedList(std::cout, *findList(options.list), workspace.lists);
+        writeNamedList(*findList(options.list), workspace.lists);
     }
     if (!options.hasOutput()) {
         writeSummary(std::cout, outcome, workspace, useColor(options.color));
     }
-    std::cout.flush();
-    if (!std::cout) {
-        throw diskFailure("standard output cannot be written");
-    }
+    writing("standard output", [] { requireGood(std::cout.flush()); });
 }
 
 } // namespace quillmark

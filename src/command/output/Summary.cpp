@@ -2,8 +2,8 @@
 
 #include "base/PathParser.h"
 #include "base/Paths.h"
+#include "base/Printable.h"
 #include "base/Version.h"
-#include "command/terminal/Terminal.h"
 
 #include <algorithm>
 #include <map>
@@ -66,12 +66,29 @@ private:
              << counted(lists_.DirectoryList.Count() + 1, "folder", "folders") << "\n\n";
     }
 
+    /// What a pass found; for one that did not come to its end, that this is not all, and for one
+    /// that never ran, that nothing was looked for.
+    static std::string found(PassProgress pass, int count, const std::string& one,
+                             const std::string& many) {
+        if (pass == PassProgress::Done) {
+            return counted(count, one, many);
+        }
+        return count > 0 || pass == PassProgress::Stopped ? counted(count, one, many) + " so far"
+                                                          : many + " not looked for";
+    }
+
+    std::string_view styleOfInvalid(int count) const {
+        if (count > 0) {
+            return Red;
+        }
+        return workspace_.run.invalidPass == PassProgress::Done ? Green : Yellow;
+    }
+
     /// The pages in the order of their first invalid reference.
     void writeInvalid() {
         const int count = lists_.InvalidReferences.Count();
-        const bool sound = count == 0 && outcome_ == RunOutcome::Finished;
-        out_ << styled(sound ? Green : Red,
-                       counted(count, "invalid reference", "invalid references"))
+        out_ << styled(styleOfInvalid(count), found(workspace_.run.invalidPass, count,
+                                                    "invalid reference", "invalid references"))
              << "\n";
         std::map<std::string_view, std::size_t> places;
         std::vector<std::pair<std::string_view, std::vector<std::string_view>>> pages;
@@ -108,14 +125,16 @@ private:
         const int duplicates = lists_.DuplicateList.Count();
         writeCount(counted(ignored, "ignored reference", "ignored references"), "IgnoredReferences",
                    ignored > 0);
-        writeCount(counted(unused, "unused file", "unused files"), "UnusedList", unused > 0);
+        writeCount(found(workspace_.run.unusedPass, unused, "unused file", "unused files"),
+                   "UnusedList", unused > 0);
         if (workspace_.settings.profile.CHECK_DUPES == 0) {
             writeCount("duplicates not looked for" + std::string(5, ' ') +
                            styled(Dim, "--set CHECK_DUPES=1"),
                        "", false);
         } else {
-            writeCount(counted(duplicates, "duplicate file", "duplicate files"), "DuplicateList",
-                       duplicates > 0);
+            writeCount(found(workspace_.run.duplicatesPass, duplicates, "duplicate file",
+                             "duplicate files"),
+                       "DuplicateList", duplicates > 0);
         }
     }
 

@@ -1,5 +1,6 @@
 #include "command/start/Password.h"
 
+#include "base/Printable.h"
 #include "command/options/StartFile.h"
 #include "platform/PasswordPrompt.h"
 
@@ -35,8 +36,8 @@ std::optional<std::string> givenPassword(const Options& options) {
 }
 
 std::optional<std::string> askForPassword(const Profile& profile) {
-    return promptForPassword("Password of " + profile.USER_NAME + " at " + profile.HOST_NAME +
-                             ": ");
+    return promptForPassword(
+        printable("Password of " + profile.USER_NAME + " at " + profile.HOST_NAME + ": "));
 }
 
 void takePassword(const Options& options, Profile& profile) {

@@ -2,7 +2,6 @@
 
 #include "command/options/StartFile.h"
 #include "command/start/Password.h"
-#include "command/terminal/Complaint.h"
 #include "command/terminal/Terminal.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
@@ -30,9 +29,9 @@ void applySettings(const std::vector<std::string>& assignments, Settings& settin
 /// The text of a message box, whose lines end in CR LF.
 void complainInLines(std::string_view text) {
     const std::size_t end = text.find("\r\n");
-    complain(printable(text.substr(0, end)));
+    complain(text.substr(0, end));
     if (end != std::string_view::npos) {
-        complain(printable(text.substr(end + 2)));
+        complain(text.substr(end + 2));
     }
 }
 
@@ -71,18 +70,7 @@ void applyHost(const Options& options, Settings& settings) {
     }
 }
 
-} // namespace
-
-void readConfiguration(Settings& settings, SettingsFiles& files) {
-    SetDefaultSettings(settings);
-    ReadConfigurations(settings, files, complainInLines);
-}
-
-void applyOptions(const Options& options, Settings& settings) {
-    applyHost(options, settings);
-    applySettings(options.set, settings);
-}
-
+/// Throws CannotStart, with the names there are, when there is no profile of that name.
 void requireProfile(const std::string& name, SettingsFiles& files) {
     const std::vector<std::string> names = ListProfiles(files);
     if (std::find(names.begin(), names.end(), name) != names.end()) {
@@ -95,6 +83,13 @@ void requireProfile(const std::string& name, SettingsFiles& files) {
     throw CannotStart(text);
 }
 
+} // namespace
+
+void applyOptions(const Options& options, Settings& settings) {
+    applyHost(options, settings);
+    applySettings(options.set, settings);
+}
+
 void loadNamedProfile(const std::string& name, Settings& settings, SettingsFiles& files) {
     requireProfile(name, files);
     if (!LoadProfile(settings, files, name)) {
@@ -102,8 +97,10 @@ void loadNamedProfile(const std::string& name, Settings& settings, SettingsFiles
     }
 }
 
-void readSettings(const Options& options, Settings& settings, SettingsFiles& files) {
-    readConfiguration(settings, files);
+namespace {
+
+/// What the profile and the command line say. Throws when there is nothing to run with them.
+void takeRunSettings(const Options& options, Settings& settings, SettingsFiles& files) {
     Profile& profile = settings.profile;
     if (!options.profile.empty()) {
         loadNamedProfile(options.profile, settings, files);
@@ -123,7 +120,21 @@ void readSettings(const Options& options, Settings& settings, SettingsFiles& fil
         requireHost(profile);
         takePassword(options, profile);
     }
+}
+
+} // namespace
+
+// The file is written only when nothing stands in the way of the run: the writing ends the time in
+// which capital letters are ignored, and a run that was refused must not use up that time.
+void readSettings(const Options& options, Settings& settings, SettingsFiles& files) {
+    SetDefaultSettings(settings);
+    const bool complete = LoadConfigurations(settings, files, complainInLines);
+    Settings loaded = settings;
+    takeRunSettings(options, settings, files);
     warnOfEmptyVocabulary(settings.configuration);
+    if (!complete) {
+        SaveConfigurations(loaded, files);
+    }
 }
 
 } // namespace quillmark

@@ -13,14 +13,8 @@ namespace quillmark {
 /// is nothing to run with them.
 void readSettings(const Options& options, Settings& settings, SettingsFiles& files);
 
-/// The defaults and the configuration file alone.
-void readConfiguration(Settings& settings, SettingsFiles& files);
-
 /// What the command line sets: the host options and --set.
 void applyOptions(const Options& options, Settings& settings);
-
-/// Throws CannotStart, with the names there are, when there is no profile of that name.
-void requireProfile(const std::string& name, SettingsFiles& files);
 
 /// Loads a profile, and tells the user when only a part of it could be read. Throws CannotStart
 /// when there is none of that name.

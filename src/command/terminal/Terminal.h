@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace quillmark {
@@ -9,8 +8,7 @@ namespace quillmark {
 /// NO_COLOR is set (https://no-color.org).
 bool useColor(bool asked);
 
-/// The text with control characters as "\x1B": names and references come from elsewhere and must
-/// not steer the user's terminal.
-std::string printable(std::string_view text);
+/// Tells the user in a line on standard error what is wrong. The text may hold names of any bytes.
+void complain(std::string_view text);
 
 } // namespace quillmark

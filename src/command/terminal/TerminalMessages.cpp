@@ -1,6 +1,6 @@
 #include "command/terminal/TerminalMessages.h"
 
-#include "command/terminal/Terminal.h"
+#include "base/Printable.h"
 #include "platform/Console.h"
 
 #include <algorithm>
@@ -76,9 +76,8 @@ bool TerminalMessages::timeToDraw() {
 }
 
 void TerminalMessages::draw(std::string_view line) {
-    const std::string shown = printable(line);
     write(EraseLine);
-    write(std::string_view(shown).substr(0, terminalWidth(Stream::Error) - 1));
+    write(printable(line, terminalWidth(Stream::Error) - 1));
     drawn_ = true;
 }
 

@@ -53,8 +53,12 @@ void FtpXCtl::logIn(const FtpLogin& login) {
 }
 
 void FtpXCtl::disconnect() {
-    dialogue_.close();
     connected_ = false;
+    try {
+        dialogue_.close();
+    } catch (const Failure&) {
+        // The goodbye cannot be traced on a full disk; the connection is closed all the same.
+    }
 }
 
 void FtpXCtl::list(std::string_view directory, const DirItem& item) {

@@ -1,4 +1,5 @@
 #include "base/NameComparison.h"
+#include "base/Printable.h"
 #include "base/UpperCase.h"
 
 #include <gtest/gtest.h>
@@ -47,6 +48,23 @@ TEST(NameComparison, AgreesWithUpperCaseOnGeneratedNames) {
         equalButNotSame += equal(a, b) && a != b ? 1 : 0;
     }
     EXPECT_GT(equalButNotSame, 100);
+}
+
+TEST(Names, ArePrintedWithoutSteeringTheTerminal) {
+    struct Row {
+        std::string_view text;
+        std::size_t columns;
+        std::string_view shown;
+    };
+    constexpr std::size_t All = std::string_view::npos;
+    for (const Row& row : {Row{"\x1B[2J\x7F\n", All, "\\x1B[2J\\x7F\\x0A"},
+                           {"\xC2\x80\xC2\x9F\xC2\xA0", All, "\\xC2\\x80\\xC2\\x9F\xC2\xA0"},
+                           {"\xC3\xA4\xC3", All, "\xC3\xA4\\xC3"},
+                           {"\xC3\xA4\xC3\xA4\xC3\xA4", 2, "\xC3\xA4\xC3\xA4"},
+                           {"\xE4\xB8\xAD\xE6\x96\x87", 3, "\xE4\xB8\xAD"},
+                           {"ab\x1B", 5, "ab"}}) {
+        EXPECT_EQ(printable(row.text, row.columns), row.shown);
+    }
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace quillmark {
@@ -41,6 +42,23 @@ TEST_F(ProgramFolderTest, ReplacesAFileAndLeavesNothingBeside) {
     EXPECT_EQ(files.read("link"), std::string("a\0b", 3));
     EXPECT_EQ(outer.read("target"), "target");
     EXPECT_THAT(files.names(""), ElementsAre(leftBehind, "link", "old.ini"));
+}
+
+TEST_F(ProgramFolderTest, DeletesWhatKilledProgramsHadBegun) {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(0);
+    }
+    waitpid(child, nullptr, 0);
+    const std::string killed = "in/.quillmark-" + std::to_string(child) + "-0.tmp";
+    const std::string other = ".quillmark-notes.tmp";
+    outer.write("in/" + other, "");
+    outer.write(killed, "");
+    const ProgramFolder next{ToBackSlashes(place.string())};
+    EXPECT_THAT(files.names(""), ElementsAre(other, "old.ini"));
+    outer.write(killed, "");
+    files.replace("old.ini", "", FileAccess::Everyone);
+    EXPECT_THAT(files.names(""), ElementsAre(other, "old.ini"));
 }
 
 TEST_F(ProgramFolderTest, RefusesWhatItCannotWriteAndLeavesNothing) {

@@ -107,6 +107,7 @@ TEST(CheckCommand, RefusesWhatCannotStart) {
         {{"--json", "-", "--list", "FileList", start}, "standard output"},
         {{"--report", "none/r.txt", start}, "\"none/r.txt\" cannot be written"},
         {{"--folder", start, start}, "own folder"},
+        {{"profile", "save", "", "--set", "MAX_LEVELS=1"}, "a profile needs a name"},
         {{"--set", "START_PATH=\\x\\index.html", start}, "there is no start file"},
     };
     for (const auto& [words, error] : cases) {
@@ -155,10 +156,46 @@ TEST(CheckCommand, ResetsAnOldConfigurationWithANotice) {
 
 TEST(CheckCommand, HostileNamesDoNotSteerTheTerminal) {
     const CommandBench bench;
-    bench.site.write("index.html", "<a href=\"\x1B]0;owned\x07.gif\">\r\n");
+    bench.site.write("index.html", "<a href=\"\x1B]0;owned\x07\xC2\x9D\xFF\xC3\xA4.gif\">\r\n");
     const Finished result = bench.check({bench.start()});
     EXPECT_THAT(result.out + result.err, Not(HasSubstr("\x1B")));
-    EXPECT_THAT(result.out, HasSubstr("\\x1B]0;owned\\x07.gif"));
+    EXPECT_THAT(result.out, HasSubstr("\\x1B]0;owned\\x07\\xC2\\x9D\\xFF\xC3\xA4.gif"));
+    EXPECT_THAT(bench.check({"\x1B[2J.html"}).err, HasSubstr("\"\\x1B[2J.html\""));
+    EXPECT_THAT(bench.check({bench.start(), "\x1B[2J.html"}).err, HasSubstr("\\x1B[2J.html"));
+}
+
+TEST(CheckCommand, ARefusedRunIsNotTheFirst) {
+    const CommandBench bench;
+    EXPECT_EQ(bench.check({bench.start()}).status, 2);
+    EXPECT_EQ(bench.check({"--host", "127.0.0.1", "--user", "me", "--start", "/i.html"}).status, 2);
+    EXPECT_TRUE(std::filesystem::is_empty(bench.program.path()));
+    bench.site.write("index.html", "<a href=\"INDEX.HTML\">\r\n");
+    EXPECT_EQ(bench.check({bench.start()}).status, 0) << "capital letters are ignored";
+    EXPECT_EQ(bench.check({bench.start()}).status, 1) << "and not any more";
+}
+
+TEST(CheckCommand, AFullDiskFailsTheRun) {
+    const CommandBench bench;
+    bench.writeBrokenSite();
+    std::filesystem::create_symlink("/dev/full", bench.workingFolder.path() / "full");
+    struct Row {
+        Words words;
+        bool atOutput;
+    };
+    for (const Row& row : {Row{{"--json", "full", bench.start()}, false},
+                           {{"--report", "full", bench.start()}, false},
+                           {{"--list", "FileList", bench.start()}, true},
+                           {{"--json", "-", bench.start()}, true},
+                           {{bench.start()}, true}}) {
+        Command command = bench.command(row.words);
+        if (row.atOutput) {
+            command.words.insert(command.words.begin(),
+                                 {"sh", "-c", "exec \"$@\" > /dev/full", "sh"});
+        }
+        const Finished result = run(command);
+        EXPECT_EQ(result.status, 3) << row.words.front();
+        EXPECT_THAT(result.err, HasSubstr("could not be written: Disk full")) << row.words.front();
+    }
 }
 
 /// Pages large enough that a run is still reading them when the signal comes.
@@ -172,13 +209,45 @@ void writeLongSite(const TempFolder& site) {
     site.write("index.html", index);
 }
 
+void waitUntilReading(Process& process) {
+    while (process.running() && process.errSoFar().find("Retrieving") == std::string::npos) {
+    }
+    ASSERT_TRUE(process.running());
+}
+
+TEST(CheckCommand, ASecondSignalEndsTheRunAtOnce) {
+    const CommandBench bench;
+    writeLongSite(bench.site);
+    Process process(bench.command({bench.start()}));
+    waitUntilReading(process);
+    for (const int number : {SIGSTOP, SIGINT, SIGTERM, SIGCONT}) {
+        process.signal(number); // Both are there when it goes on.
+    }
+    const Finished result = process.wait();
+    EXPECT_TRUE(result.status == 128 + SIGINT || result.status == 128 + SIGTERM) << result.status;
+    EXPECT_THAT(result.out, IsEmpty());
+}
+
+TEST(CheckCommand, EverySignalThatEndsProgramsStopsTheRun) {
+    for (const int number : {SIGTERM, SIGHUP}) {
+        const CommandBench bench;
+        writeLongSite(bench.site);
+        Process process(bench.command({bench.start()}));
+        waitUntilReading(process);
+        process.signal(number);
+        const Finished result = process.wait();
+        EXPECT_EQ(result.status, 3);
+        EXPECT_THAT(result.out, AllOf(HasSubstr("The run was aborted"),
+                                      HasSubstr("invalid references not looked for\n"),
+                                      HasSubstr("unused files not looked for\n")));
+    }
+}
+
 TEST(CheckCommand, InterruptStopsTheOnlyRunOfAFolderAndKeepsItsResults) {
     const CommandBench bench;
     writeLongSite(bench.site);
     Process process(bench.command({"--json", "r.json", bench.start()}));
-    while (process.running() && process.errSoFar().find("Retrieving") == std::string::npos) {
-    }
-    ASSERT_TRUE(process.running());
+    waitUntilReading(process);
     const Finished second = bench.check({bench.start()});
     EXPECT_EQ(second.status, 2);
     EXPECT_THAT(second.err, HasSubstr("another check is running"));

@@ -7,7 +7,13 @@ namespace quillmark::test {
 
 struct RecordedTrace : FtpTrace {
     Lines texts;
-    void Trace(std::string_view text) override { texts.emplace_back(text); }
+    bool diskIsFull = false;
+    void Trace(std::string_view text) override {
+        if (diskIsFull) {
+            throw diskFull();
+        }
+        texts.emplace_back(text);
+    }
     long count(std::string_view text) const { return std::count(texts.begin(), texts.end(), text); }
 };
 

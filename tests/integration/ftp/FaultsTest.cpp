@@ -265,6 +265,13 @@ TEST(FtpFaults, AHostThatSaysNoGoodbyeIsLeft) {
     EXPECT_EQ(visit.messages.normals, Lines());
 }
 
+TEST(FtpFaults, AGoodbyeNeverFails) {
+    Visit visit("healthy");
+    visit.trace.diskIsFull = true;
+    EXPECT_NO_THROW(visit.ftp.disconnect());
+    EXPECT_FALSE(visit.ftp.connected());
+}
+
 } // namespace
 
 } // namespace quillmark::test

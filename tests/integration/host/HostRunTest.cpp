@@ -87,6 +87,9 @@ TEST(HostRunRefused, TellsWhyTheLoginFailed) {
     bench.workingFolder.write("password", "secret\r\nmore");
     command.words.insert(command.words.end(), {"--password-file", "password"});
     EXPECT_THAT(run(command).err, HasSubstr("Unable to retrieve start file"));
+    std::filesystem::create_symlink("/dev/full", bench.workingFolder.path() / "full");
+    command.words.insert(command.words.end(), {"--trace", "full"});
+    EXPECT_THAT(run(command).err, HasSubstr("full could not be written: Disk full"));
 }
 
 } // namespace

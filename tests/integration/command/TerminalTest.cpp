@@ -1,0 +1,110 @@
+#include "command/terminal/TerminalMessages.h"
+#include "integration/command/CommandBench.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace quillmark::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+/// The command asks for the password of a user at a host that nobody can reach.
+Command askingCommand(const CommandBench& bench) {
+    return bench.command(
+        {"--host", "127.0.0.1", "--port", "1", "--user", "m\xC2\x9Bme", "--start", "/index.html"});
+}
+
+TEST(Terminal, APasswordIsNotShown) {
+    const CommandBench bench;
+    Terminal terminal(askingCommand(bench));
+    ASSERT_TRUE(terminal.waitFor("Password of m\\xC2\\x9Bme at 127.0.0.1: ")) << terminal.shown();
+    EXPECT_FALSE(terminal.echoes());
+    EXPECT_TRUE(terminal.type("secret\n"));
+    EXPECT_EQ(terminal.wait(), 3) << "nobody listens there";
+    EXPECT_THAT(terminal.shown(), HasSubstr("Unable to connect"));
+    EXPECT_THAT(terminal.shown(), Not(HasSubstr("secret")));
+    EXPECT_TRUE(terminal.echoes());
+}
+
+TEST(Terminal, APasswordThatIsNotGivenLeavesTheTerminalAsItWas) {
+    const CommandBench bench;
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+        Terminal terminal(askingCommand(bench));
+        ASSERT_TRUE(terminal.waitFor("127.0.0.1: "));
+        kill(terminal.pid(), signal);
+        EXPECT_EQ(terminal.wait(), 128 + signal);
+        EXPECT_TRUE(terminal.echoes()) << signal;
+    }
+    for (const char* key : {"abc\x03", "\x04"}) {
+        Terminal terminal(askingCommand(bench));
+        ASSERT_TRUE(terminal.waitFor("127.0.0.1: "));
+        EXPECT_TRUE(terminal.type(key));
+        EXPECT_EQ(terminal.wait(), 2);
+        EXPECT_TRUE(terminal.echoes());
+    }
+}
+
+TEST(Terminal, ShowsColoursWhereTheyAreWanted) {
+    const CommandBench bench;
+    bench.writeBrokenSite();
+    struct Row {
+        std::string noColor, terminal;
+        bool coloured;
+    };
+    for (const Row& row : {Row{"", "xterm", true}, {"1", "xterm", false}, {"", "dumb", false}}) {
+        Command command = bench.command({"-q", bench.start()});
+        command.environment["NO_COLOR"] = row.noColor;
+        command.environment["TERM"] = row.terminal;
+        Terminal terminal(command);
+        EXPECT_EQ(terminal.wait(), 1);
+        EXPECT_EQ(terminal.shown().find('\x1B') != std::string::npos, row.coloured)
+            << row.noColor << row.terminal;
+    }
+}
+
+TEST(Terminal, MessagesStayInOneLine) {
+    const CommandBench bench;
+    bench.site.write("index.html", "");
+    Terminal terminal(bench.command({bench.start()}), 21);
+    EXPECT_EQ(terminal.wait(), 0);
+    EXPECT_THAT(terminal.shown(), HasSubstr("\r\x1B[KQuillmark running in\r\x1B[K"))
+        << "the first message, without the column behind which the terminal begins a new line";
+}
+
+TEST(Terminal, TheBarShowsHowFarAPassCame) {
+    testing::internal::CaptureStderr();
+    {
+        TerminalMessages messages(MessageDetail::Newest);
+        messages.InitializeThinking("Checking References");
+        messages.UpdateThinking(1, 4);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "\r\x1B[K[######..................] Checking References...PleaseWait\r\x1B[K");
+}
+
+TEST(Terminal, ListsDoNotSteerIt) {
+    const CommandBench bench;
+    bench.site.write("index.html", "");
+    bench.site.write("\x1B[2J\xC2\x9B"
+                     "m\xFF.txt",
+                     "");
+    for (const Words& words : {Words{"--list", "UnusedList"}, {"--json", "-"}}) {
+        Words all = words;
+        all.insert(all.end(), {"-q", bench.start()});
+        Terminal terminal(bench.command(all));
+        EXPECT_EQ(terminal.wait(), 0);
+        EXPECT_THAT(terminal.shown(), HasSubstr("m"));
+        for (const char* raw : {"\x1B", "\xC2\x9B", "\xFF"}) {
+            EXPECT_THAT(terminal.shown(), Not(HasSubstr(raw)));
+        }
+        const std::string piped = bench.check(all).out;
+        EXPECT_EQ(piped.find('\xFF') != std::string::npos, words.front() == "--list");
+    }
+}
+
+} // namespace
+} // namespace quillmark::test
