@@ -1,9 +1,8 @@
-#include "command/CheckCommand.h"
+#include "command/Commands.h"
 
 #include "base/Paths.h"
 #include "check/CheckRun.h"
 #include "command/StopSignal.h"
-#include "command/options/ExitStatus.h"
 #include "command/output/Results.h"
 #include "command/start/ProgramPlace.h"
 #include "command/start/RunSettings.h"

@@ -1,6 +1,4 @@
-#include "command/CheckCommand.h"
-#include "command/ProfileCommand.h"
-#include "command/options/Options.h"
+#include "command/Commands.h"
 
 int main(int argc, char* argv[]) {
     using namespace quillmark;

@@ -14,8 +14,8 @@ public:
     /// one.
     static constexpr std::size_t MaximumFileSize = std::size_t{16} * 1024 * 1024;
 
-    /// `folder` is the program's own folder in "\" form. What a program that was killed had begun
-    /// to write there is deleted.
+    /// `folder` is the program's own folder in "\" form. Deletes what a program that was killed had
+    /// begun to write there.
     explicit ProgramFolder(std::string_view folder);
 
     /// The full name of a file in the folder, in "\" form, as messages to the user show it.

@@ -9,8 +9,8 @@
 
 namespace quillmark {
 
-/// A new file on its way to its name; deleted when it does not arrive there. Every step throws a
-/// Failure when the disk refuses it.
+/// A new file that is written under a name of its own and gets its real one when it is whole;
+/// deleted if it never does. Every step throws a Failure if the disk refuses it.
 class TemporaryFile {
 public:
     /// Created in `folder` under a name of its own, for writing and reading.
@@ -29,8 +29,8 @@ public:
     /// where the file system can.
     void rename(const std::filesystem::path& file);
 
-    /// Deletes the files on their way in `folder` whose programs are gone: they were killed, and
-    /// what they left may hold passwords. What cannot be deleted stays.
+    /// Deletes what programs that were killed had begun to write in `folder`: it may hold
+    /// passwords. What cannot be deleted stays.
     static void removeAbandoned(const std::filesystem::path& folder);
 
 private:

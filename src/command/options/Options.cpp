@@ -2,7 +2,6 @@
 
 #include "base/Printable.h"
 #include "base/Version.h"
-#include "command/options/ExitStatus.h"
 #include "command/options/NamedLists.h"
 
 #include <CLI/CLI.hpp>

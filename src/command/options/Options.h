@@ -7,6 +7,14 @@
 
 namespace quillmark {
 
+/// What quillmark-check tells the shell.
+enum ExitStatus : int {
+    NothingInvalid = 0,
+    InvalidFound = 1,
+    NotStarted = 2, ///< A usage error, or nothing to check.
+    NotFinished = 3 ///< The check was aborted or failed, or its results could not be written.
+};
+
 /// What quillmark-check is asked to do.
 enum class Action { Check, SaveProfile, ShowProfile };
 
@@ -38,8 +46,8 @@ struct Options {
     bool hasOutput() const { return !report.empty() || !json.empty() || !list.empty(); }
 };
 
-/// Reads the command line. When there is nothing to run (--help, --version, a usage error) it has
-/// said so, and the result holds the exit status instead.
+/// The command line as it was read. If there is nothing to do (--help, --version, a usage error),
+/// the user has been told, and the exit status is there.
 struct ParsedOptions {
     Options options;
     std::optional<int> exitStatus;

@@ -12,7 +12,7 @@ public:
 };
 
 /// The START_PATH ("\" form, absolute) of a start file that the user names in the machine's own
-/// form. Throws CannotStart when there is no such file.
+/// form. Throws CannotStart if there is no such file.
 std::string startPathOf(const std::string& file);
 
 /// Throws CannotStart when a Local Mode start path ("\" form) leads to no file, in any spelling.

@@ -1,4 +1,4 @@
-#include "command/output/JsonOutput.h"
+#include "command/output/Results.h"
 
 #include "command/options/NamedLists.h"
 

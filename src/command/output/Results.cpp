@@ -4,8 +4,6 @@
 #include "base/Printable.h"
 #include "command/options/NamedLists.h"
 #include "command/options/StartFile.h"
-#include "command/output/JsonOutput.h"
-#include "command/output/Summary.h"
 #include "command/terminal/Terminal.h"
 #include "platform/Console.h"
 #include "platform/FolderChoice.h"

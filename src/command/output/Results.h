@@ -5,19 +5,27 @@
 #include "ui/Workspace.h"
 
 #include <functional>
+#include <ostream>
 #include <string>
 
 namespace quillmark {
 
-/// Throws CannotStart when a result cannot be written where the command line wants it. Asked before
-/// the run: a check of a large site is not to be lost to a mistyped folder.
+/// Throws CannotStart if a result cannot be written where the command line wants it. To be asked
+/// before the run: the check of a large site must not be lost to a mistyped folder.
 void requireWritableResults(const Options& options);
 
-/// Writes what the command line asks for, or the summary. Throws a Failure when that is not
-/// possible.
+/// Writes what the command line asks for, or the summary. Throws a Failure if that is not possible.
 void writeResults(const Options& options, RunOutcome outcome, const Workspace& workspace);
 
-/// Performs the writing of a file, so that a Failure of it says which file could not be written.
+/// Writes what a person wants to know of a check: the counts, each invalid reference under the page
+/// that makes it, and how to see the rest. Names below the start directory are shown from there on.
+void writeSummary(std::ostream& out, RunOutcome outcome, const Workspace& workspace, bool color);
+
+/// Writes the outcome and every list as one JSON object (RFC 8259). Bytes that are not UTF-8 become
+/// U+FFFD.
+void writeJson(std::ostream& out, RunOutcome outcome, const Workspace& workspace);
+
+/// Writes a file by calling `write`; a Failure of that then names the file.
 void writing(const std::string& file, const std::function<void()>& write);
 
 } // namespace quillmark

@@ -1,4 +1,4 @@
-#include "command/output/Summary.h"
+#include "command/output/Results.h"
 
 #include "base/PathParser.h"
 #include "base/Paths.h"

@@ -12,11 +12,11 @@ namespace quillmark {
 /// The program's own folder.
 class ProgramPlace {
 public:
-    /// Throws CannotStart when the folder cannot be used.
+    /// Chooses the folder, and makes it if it is missing. Throws CannotStart if it cannot be used.
     explicit ProgramPlace(const Options& options);
 
-    /// Makes the folder's working copy ours alone for as long as this lives. Throws CannotStart
-    /// when another check uses it.
+    /// Keeps other checks out of the folder for as long as this lives. Throws CannotStart if one is
+    /// in it.
     void claim();
 
     const std::filesystem::path& folder() const { return folder_; }
