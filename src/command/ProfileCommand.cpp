@@ -13,14 +13,15 @@
 #include <algorithm>
 #include <exception>
 #include <iostream>
+#include <span>
 
 namespace quillmark {
 
 namespace {
 
 bool isProfileKey(std::string_view key) {
-    return std::any_of(ProfileKeys.begin(), ProfileKeys.end(),
-                       [key](const SettingKey& setting) { return setting.key == key; });
+    return findSetting(ProfileKeys, key) != nullptr ||
+           findSetting(OptionalProfileKeys, key) != nullptr;
 }
 
 void requireProfileKeys(const Options& options) {
@@ -32,12 +33,18 @@ void requireProfileKeys(const Options& options) {
     }
 }
 
-/// A profile file ends a value at its first comma: what would come back changed is not saved.
+/// A profile file ends a value at its first comma, or, where it is read by key, at the end of the
+/// line: what would come back changed is not saved.
 void requireStorable(const Profile& profile) {
     for (const std::string& text : {profile.HOST_NAME, profile.USER_NAME, profile.START_PATH,
                                     profile.ACCOUNT_NAME, profile.HOST_ALIAS}) {
         if (text.find_first_of(",\r\n") != std::string::npos) {
             throw CannotStart("a profile cannot hold a comma or a line end: \"" + text + "\"");
+        }
+    }
+    for (const std::string& text : {profile.SITE_URL, profile.SITE_ROOT}) {
+        if (text.find_first_of("\r\n") != std::string::npos) {
+            throw CannotStart("a profile cannot hold a line end: \"" + printable(text) + "\"");
         }
     }
 }
@@ -71,8 +78,12 @@ void saveProfile(const Options& options, SettingsFiles& files) {
 void showProfile(const Options& options, SettingsFiles& files) {
     Settings settings{{}, newProfile()};
     loadNamedProfile(options.profile, settings, files);
-    for (const SettingKey& setting : ProfileKeys) {
-        std::cout << setting.key << '=' << printable(valueText(settings, setting)) << '\n';
+    for (const std::span<const SettingKey> keys :
+         {std::span<const SettingKey>(ProfileKeys),
+          std::span<const SettingKey>(OptionalProfileKeys)}) {
+        for (const SettingKey& setting : keys) {
+            std::cout << setting.key << '=' << printable(valueText(settings, setting)) << '\n';
+        }
     }
 }
 

@@ -14,6 +14,8 @@ class FieldReader {
 public:
     explicit FieldReader(std::string_view bytes) : rest_(bytes) {}
 
+    /// Whether nothing is left to read.
+    bool atEnd() const { return rest_.empty(); }
     /// The rest of the line, commas and quotes as they stand.
     std::string_view readLine();
     /// What follows the first "=" of the next field, or all of a field without "=".

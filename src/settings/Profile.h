@@ -1,7 +1,10 @@
 #pragma once
 
+#include "settings/Rules.h"
+
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace quillmark {
 
@@ -26,6 +29,15 @@ struct Profile {
     std::int16_t UPPER_LEVELS = 0; ///< Follow "../" references above the start.
     std::int16_t ROOT_LEVEL = 0;   ///< Allow references that begin with "/".
     std::string HOST_ALIAS;        ///< The site's web host name in absolute references.
+
+    // What follows has a line in the file only where it is not as here.
+    Rules RULES = Rules::Classic;
+    std::string SITE_URL;  ///< The site's own address on the web: "https://www.example.org/docs/".
+    std::string SITE_ROOT; ///< The top of the site, a folder in the form of START_PATH; empty: the
+                           ///< start file's folder.
+    /// Lines "#KEY=value" whose keys are unknown here. They are kept for the Quillmark that wrote
+    /// them.
+    std::vector<std::string> otherLines;
 
     bool operator==(const Profile&) const = default;
 };

@@ -1,14 +1,74 @@
 #include "settings/ProfileFile.h"
 
 #include "base/Failure.h"
+#include "settings/DefaultSettings.h"
 #include "settings/FieldReader.h"
 #include "settings/SettingKeys.h"
+#include "settings/SettingValue.h"
 
 namespace quillmark {
 
 namespace {
 
 constexpr std::string_view ProfileExtension = ".pro";
+
+constexpr std::string_view KeyCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
+
+void forgetOptionalLines(Settings& settings) {
+    const Settings fresh{{}, newProfile()};
+    for (const SettingKey& setting : OptionalProfileKeys) {
+        setByKey(settings, setting.key, valueText(fresh, setting));
+    }
+    settings.profile.otherLines.clear();
+}
+
+/// Whether the value could be taken for that key. One that a later Quillmark knows cannot.
+bool takeOptionalValue(Settings& settings, std::string_view key, std::string_view value) {
+    if (findSetting(OptionalProfileKeys, key) == nullptr) {
+        return false;
+    }
+    try {
+        setByKey(settings, key, value);
+        return true;
+    } catch (const SettingError&) {
+        return false;
+    }
+}
+
+/// Takes one line "#KEY=value". One of the nineteen keys is here because a comma moved all fields;
+/// it was never read here, and is lost with the next save.
+void takeOptionalLine(Settings& settings, std::string_view line) {
+    const std::size_t equals = line.find('=');
+    const bool hasKey = line.starts_with('#') && equals != std::string_view::npos && equals > 1 &&
+                        line.find_first_not_of(KeyCharacters, 1) == equals;
+    if (!hasKey) {
+        return;
+    }
+    const std::string_view key = line.substr(1, equals - 1);
+    if (findSetting(ProfileKeys, key) == nullptr &&
+        !takeOptionalValue(settings, key, line.substr(equals + 1))) {
+        settings.profile.otherLines.emplace_back(line);
+    }
+}
+
+void readOptionalLines(FieldReader& reader, Settings& settings) {
+    forgetOptionalLines(settings);
+    while (!reader.atEnd()) {
+        takeOptionalLine(settings, reader.readLine());
+    }
+}
+
+void appendOptionalLines(std::string& bytes, const Settings& settings) {
+    const Settings fresh{{}, newProfile()};
+    for (const SettingKey& setting : OptionalProfileKeys) {
+        if (valueText(settings, setting) != valueText(fresh, setting)) {
+            appendSetting(bytes, settings, setting);
+        }
+    }
+    for (const std::string& line : settings.profile.otherLines) {
+        bytes.append(line).append("\r\n");
+    }
+}
 
 } // namespace
 
@@ -31,6 +91,7 @@ bool LoadProfile(Settings& settings, SettingsFiles& files, std::string_view name
         for (const SettingKey& setting : ProfileKeys) {
             readSetting(reader, settings, setting);
         }
+        readOptionalLines(reader, settings);
         return true;
     } catch (const Failure&) {
         return false;
@@ -45,6 +106,7 @@ void SaveProfile(const Settings& settings, SettingsFiles& files, std::string_vie
     for (const SettingKey& setting : ProfileKeys) {
         appendSetting(bytes, settings, setting);
     }
+    appendOptionalLines(bytes, settings);
     files.replace(profileFileName(name), bytes, FileAccess::OwnerOnly);
 }
 

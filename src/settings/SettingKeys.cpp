@@ -4,6 +4,8 @@
 #include "settings/Cipher.h"
 #include "store/FileMasks.h"
 
+#include <algorithm>
+
 namespace quillmark {
 
 namespace {
@@ -14,6 +16,11 @@ void readValue(FieldReader& reader, std::int16_t& number) {
 
 void readValue(FieldReader& reader, std::string& text) {
     text = reader.ReadTextValue();
+}
+
+/// Any other name than that of the rules keeps them: no file has this line by position.
+void readValue(FieldReader& reader, Rules& rules) {
+    rules = rulesNamed(reader.ReadTextValue()).value_or(rules);
 }
 
 void readValue(FieldReader& reader, ResultList& list) {
@@ -45,6 +52,10 @@ void appendValue(std::string& bytes, const SettingKey& setting, const std::strin
     appendLine(bytes, setting.key, setting.place == PasswordPlace ? EncryptPassword(text) : text);
 }
 
+void appendValue(std::string& bytes, const SettingKey& setting, Rules rules) {
+    appendLine(bytes, setting.key, nameOf(rules));
+}
+
 void appendValue(std::string& bytes, const SettingKey& setting, const ResultList& list) {
     appendLine(bytes, setting.key, std::to_string(list.Count()));
     for (int i = 0; i < list.Count(); ++i) {
@@ -53,6 +64,12 @@ void appendValue(std::string& bytes, const SettingKey& setting, const ResultList
 }
 
 } // namespace
+
+const SettingKey* findSetting(std::span<const SettingKey> keys, std::string_view key) {
+    const auto found =
+        std::find_if(keys.begin(), keys.end(), [key](const SettingKey& s) { return s.key == key; });
+    return found == keys.end() ? nullptr : &*found;
+}
 
 void readSetting(FieldReader& reader, Settings& settings, const SettingKey& setting) {
     if (setting.place == PasswordPlace) {

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -14,7 +15,7 @@ namespace quillmark {
 /// Where a setting lives in Settings.
 using SettingPlace =
     std::variant<std::int16_t Configuration::*, std::int16_t Profile::*, std::string Profile::*,
-                 ResultList Configuration::*, ResultList CategoryMasks::*>;
+                 Rules Profile::*, ResultList Configuration::*, ResultList CategoryMasks::*>;
 
 /// A setting as the files name it.
 struct SettingKey {
@@ -51,7 +52,7 @@ inline constexpr std::array<SettingKey, 24> ConfigurationKeys = {{
     {"IGNORECASE", &Configuration::IGNORECASE},
 }};
 
-/// A profile file, in its order.
+/// The nineteen lines of every profile file, in their order.
 inline constexpr std::array<SettingKey, 19> ProfileKeys = {{
     {"HOST_NAME", &Profile::HOST_NAME},
     {"USER_NAME", &Profile::USER_NAME},
@@ -73,6 +74,17 @@ inline constexpr std::array<SettingKey, 19> ProfileKeys = {{
     {"ROOT_LEVEL", &Profile::ROOT_LEVEL},
     {"HOST_ALIAS", &Profile::HOST_ALIAS},
 }};
+
+/// What may follow in a profile file, read by key. Only what is not as in a new profile has a line,
+/// so that a Quillmark which knows the nineteen lines alone reads and writes all other profiles.
+inline constexpr std::array<SettingKey, 3> OptionalProfileKeys = {{
+    {"RULES", &Profile::RULES},
+    {"SITE_URL", &Profile::SITE_URL},
+    {"SITE_ROOT", &Profile::SITE_ROOT},
+}};
+
+/// The setting of that key; null where the keys do not have it.
+const SettingKey* findSetting(std::span<const SettingKey> keys, std::string_view key);
 
 /// The setting that the files hold scrambled.
 inline constexpr SettingPlace PasswordPlace = &Profile::USER_PASSWORD;

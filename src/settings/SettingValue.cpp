@@ -2,7 +2,6 @@
 
 #include "store/FileMasks.h"
 
-#include <algorithm>
 #include <charconv>
 #include <span>
 #include <string>
@@ -15,21 +14,15 @@ std::string quoted(std::string_view text) {
     return std::string("\"").append(text).append("\"");
 }
 
-const SettingKey* findSetting(std::span<const SettingKey> settings, std::string_view key) {
-    const auto found = std::find_if(settings.begin(), settings.end(),
-                                    [key](const SettingKey& s) { return s.key == key; });
-    return found == settings.end() ? nullptr : &*found;
-}
-
 const SettingKey& requireSetting(std::string_view key) {
-    const SettingKey* found = findSetting(ConfigurationKeys, key);
-    if (found == nullptr) {
-        found = findSetting(ProfileKeys, key);
+    for (const std::span<const SettingKey> keys :
+         {std::span<const SettingKey>(ConfigurationKeys), std::span<const SettingKey>(ProfileKeys),
+          std::span<const SettingKey>(OptionalProfileKeys)}) {
+        if (const SettingKey* const found = findSetting(keys, key)) {
+            return *found;
+        }
     }
-    if (found == nullptr) {
-        throw SettingError("there is no setting " + quoted(key));
-    }
-    return *found;
+    throw SettingError("there is no setting " + quoted(key));
 }
 
 void setValue(std::int16_t& number, std::string_view key, std::string_view value) {
@@ -47,6 +40,14 @@ void setValue(std::string& text, std::string_view /*key*/, std::string_view valu
     text = value;
 }
 
+void setValue(Rules& rules, std::string_view key, std::string_view value) {
+    const auto named = rulesNamed(value);
+    if (!named) {
+        throw SettingError(std::string(key) + " takes classic or web, not " + quoted(value));
+    }
+    rules = *named;
+}
+
 void setValue(ResultList& list, std::string_view /*key*/, std::string_view value) {
     SplitFileMasks(value, list);
 }
@@ -57,6 +58,10 @@ std::string textOf(std::int16_t number) {
 
 std::string textOf(const std::string& text) {
     return text;
+}
+
+std::string textOf(Rules rules) {
+    return std::string(nameOf(rules));
 }
 
 std::string textOf(const ResultList& list) {

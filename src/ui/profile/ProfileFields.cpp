@@ -49,6 +49,12 @@ constexpr std::array<FlagField, 7> Flags = {{
     {&ProfileFields::rootLevel, &Profile::ROOT_LEVEL},
 }};
 
+/// What a file reads by key: a comma does no harm there.
+constexpr std::array<TextField, 2> TextsByKey = {{
+    {&ProfileFields::siteUrl, &Profile::SITE_URL},
+    {&ProfileFields::siteRoot, &Profile::SITE_ROOT},
+}};
+
 std::int16_t flagValue(bool on) {
     return on ? 1 : 0;
 }
@@ -60,6 +66,9 @@ ProfileFields ShowFields(const Settings& settings) {
     for (const TextField& text : Texts) {
         fields.*text.shown = settings.profile.*text.stored;
     }
+    for (const TextField& text : TextsByKey) {
+        fields.*text.shown = settings.profile.*text.stored;
+    }
     for (const NumberField& number : Numbers) {
         fields.*number.shown = std::to_string(settings.profile.*number.stored);
     }
@@ -68,6 +77,8 @@ ProfileFields ShowFields(const Settings& settings) {
     }
     fields.checkDupes = settings.profile.CHECK_DUPES != 0;
     fields.ignoreValue = settings.configuration.IGNORE_VALUE == 1;
+    fields.rules = settings.profile.RULES;
+    fields.otherLines = settings.profile.otherLines;
     return fields;
 }
 
@@ -82,6 +93,9 @@ void StoreFields(const ProfileFields& fields, Settings& settings) {
     for (const TextField& text : Texts) {
         profile.*text.stored = fields.*text.shown;
     }
+    for (const TextField& text : TextsByKey) {
+        profile.*text.stored = fields.*text.shown;
+    }
     for (const NumberField& number : Numbers) {
         profile.*number.stored = toInt16(leadingNumber(fields.*number.shown));
     }
@@ -89,6 +103,8 @@ void StoreFields(const ProfileFields& fields, Settings& settings) {
         profile.*flag.stored = flagValue(fields.*flag.shown);
     }
     profile.CHECK_DUPES = flagValue(fields.checkDupes);
+    profile.RULES = fields.rules;
+    profile.otherLines = fields.otherLines;
     settings.profile = profile;
     settings.configuration.IGNORE_VALUE = flagValue(fields.ignoreValue);
 }

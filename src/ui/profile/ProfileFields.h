@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillmark {
 
@@ -29,6 +30,10 @@ struct ProfileFields {
     bool disablePasv = false;
     bool upperLevels = false;
     bool rootLevel = false;
+    Rules rules = Rules::Classic;
+    std::string siteUrl;
+    std::string siteRoot;
+    std::vector<std::string> otherLines; ///< Shown nowhere.
 
     bool operator==(const ProfileFields&) const = default;
 };

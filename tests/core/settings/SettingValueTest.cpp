@@ -34,6 +34,10 @@ TEST(SetByKey, SetsOneValuePerKey) {
     EXPECT_EQ(settings.profile.MAX_LEVELS, -32768);
     EXPECT_EQ(settings.configuration.masks.lstFileMasks.Line(1), "X");
     EXPECT_EQ(settings.configuration.fileMasksText, ".DOT,X");
+    setByKey(settings, "RULES", "web");
+    setByKey(settings, "SITE_URL", "https://x.example/");
+    EXPECT_EQ(settings.profile.RULES, Rules::Web);
+    EXPECT_EQ(settings.profile.SITE_URL, "https://x.example/");
 }
 
 TEST(SetByKey, SaysWhyItRefuses) {
@@ -42,6 +46,7 @@ TEST(SetByKey, SaysWhyItRefuses) {
                   std::string("HOST_PORT takes a whole number from -32768 to 32767, not \"") +
                       value + "\"");
     }
+    EXPECT_EQ(refusal("RULES", "Web"), "RULES takes classic or web, not \"Web\"");
     EXPECT_EQ(refusal("debug", "1"), "there is no setting \"debug\"");
     EXPECT_THAT(refusal("USER_PASSWORD", "secret"), testing::HasSubstr("other users"));
 }

@@ -144,7 +144,8 @@ const std::string Numbers =
     "#DISABLE_PASV=11\r\n#UPPER_LEVELS=12\r\n#ROOT_LEVEL=13\r\n";
 
 TEST_F(SettingsFilesTest, ProfileKeepsWhatWasSaved) {
-    const Profile saved = {"h", "u", "/i", "", "6", 1, 2, 3, 4, 5, -7, 8, 9, 21, 11, 12, 13, "a"};
+    const Profile saved = {"h", "u", "/i",           "", "6", 1, 2, 3, 4, 5, -7, 8, 9, 21, 11, 12,
+                           13,  "a", Rules::Classic, "", "",  {}};
     settings.profile = saved;
     configuration.IGNORE_VALUE = 6;
     SaveProfile(settings, files, "my.site");
@@ -170,6 +171,53 @@ TEST_F(SettingsFilesTest, ProfileKeepsTheFieldsNotReachedAndMovesThoseBehindACom
     EXPECT_EQ(load(Texts + Numbers + "#HOST_ALIAS="), "/i  21 whole");
     const std::string comma = "#HOST_NAME=h, x\r\n#USER_NAME=u\r\n#START_PATH=s\r\n";
     EXPECT_EQ(load(comma + "#ACCOUNT_NAME==K\r\n#USER_PASSWORD=" + Numbers), "u 6 9 whole");
+}
+
+TEST_F(SettingsFilesTest, ProfileHoldsOptionalLinesOnlyWhereTheyDiffer) {
+    const std::string nineteen = Texts + "=K" + Numbers + "#HOST_ALIAS=a\r\n";
+    struct Row {
+        const char* name;
+        std::string lines;
+        std::string saved;
+        Rules rules;
+        std::string url;
+        std::string root;
+    };
+    const std::vector<Row> rows = {
+        {"none", "", "", Rules::Classic, "", ""},
+        {"web", "#RULES=web\r\n", "#RULES=web\r\n", Rules::Web, "", ""},
+        {"default values", "#RULES=classic\r\n#SITE_URL=\r\n", "", Rules::Classic, "", ""},
+        {"any order, commas, line ends", "#SITE_ROOT=\\w\n#SITE_URL=https://a/b,c\n#RULES=web",
+         "#RULES=web\r\n#SITE_URL=https://a/b,c\r\n#SITE_ROOT=\\w\r\n", Rules::Web, "https://a/b,c",
+         "\\w"},
+        {"of a later version", "#FUTURE=1,\"2\"\r\n#RULES=web\r\n#NEW_2=\r\n",
+         "#RULES=web\r\n#FUTURE=1,\"2\"\r\n#NEW_2=\r\n", Rules::Web, "", ""},
+        {"unknown rules", "#RULES=strict\r\n", "#RULES=strict\r\n", Rules::Classic, "", ""},
+        {"no optional line", "x\r\n\r\n# a=b\r\n#=c\r\n#RULES\r\n#HOST_NAME=moved\r\n", "",
+         Rules::Classic, "", ""}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        settings.profile.RULES = Rules::Web; // Of the profile that was loaded before.
+        settings.profile.otherLines = {"#OLD=1"};
+        folder.write("site.pro", nineteen + row.lines);
+        ASSERT_TRUE(LoadProfile(settings, files, "site"));
+        EXPECT_EQ(settings.profile.RULES, row.rules);
+        EXPECT_EQ(settings.profile.SITE_URL, row.url);
+        EXPECT_EQ(settings.profile.SITE_ROOT, row.root);
+        EXPECT_EQ(settings.profile.HOST_ALIAS, "a");
+        SaveProfile(settings, files, "site");
+        EXPECT_EQ(folder.read("site.pro"), nineteen + row.saved);
+    }
+}
+
+TEST_F(SettingsFilesTest, ProfileMovedByACommaIsSavedAsNineteenLines) {
+    folder.write("site.pro", "#HOST_NAME=h,x\r\n" + Texts.substr(Texts.find("#USER_N")) + Numbers +
+                                 "#HOST_ALIAS=a\r\n#RULES=web\r\n");
+    LoadProfile(settings, files, "site");
+    SaveProfile(settings, files, "site");
+    const std::string saved = folder.read("site.pro");
+    EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), 20);
+    EXPECT_THAT(saved, testing::EndsWith("\r\n#RULES=web\r\n"));
 }
 
 } // namespace
