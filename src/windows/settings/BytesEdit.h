@@ -16,6 +16,7 @@ public:
     void show(std::string_view bytes);
     /// What was typed is UTF-8, without the line ends that a pasted text may have brought along.
     std::string bytes() const;
+    QLineEdit* edit() const { return edit_; }
 
 private:
     QLineEdit* edit_;

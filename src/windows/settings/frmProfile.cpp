@@ -15,9 +15,9 @@ frmProfile::frmProfile(const WindowContext& context, std::string& currentProfile
     : QDialog(parent), ui_(std::make_unique<Ui::frmProfile>()), context_(context),
       currentProfileName_(currentProfileName) {
     ui_->setupUi(this);
-    QSizePolicy keepsRoom = ui_->lblComma->sizePolicy();
+    QSizePolicy keepsRoom = ui_->lblEdited->sizePolicy();
     keepsRoom.setRetainSizeWhenHidden(true);
-    ui_->lblComma->setSizePolicy(keepsRoom);
+    ui_->lblEdited->setSizePolicy(keepsRoom);
     bindFields();
     connectControls();
     openCurrentProfile();
@@ -52,10 +52,13 @@ void frmProfile::connectControls() {
     connect(ui_->cmboProfiles, &ProfileList::nameTyped, this, &frmProfile::LoadProfile);
     connect(ui_->cmboProfiles, &ProfileList::nameChosen, this, &frmProfile::chooseName);
     connect(ui_->cmboProfiles, &QComboBox::editTextChanged, this, &frmProfile::nameChanged);
-    for (QLineEdit* const edit :
-         {ui_->HostName, ui_->UserName, ui_->StartPath, ui_->Account, ui_->HostAlias}) {
-        connect(edit, &QLineEdit::textChanged, this, &frmProfile::fieldsChanged);
+    for (const Text& text : texts_) {
+        connect(text.control.edit(), &QLineEdit::textChanged, this, &frmProfile::fieldsChanged);
     }
+    for (const Flag& flag : flags_) {
+        connect(flag.control, &QCheckBox::toggled, this, &frmProfile::fieldsChanged);
+    }
+    connect(ui_->startPathNote, &StartPathNote::localPageTaken, this, &frmProfile::setStartPath);
     connect(ui_->cmdStart, &QPushButton::clicked, this, &frmProfile::start);
     connect(ui_->cmdNew, &QPushButton::clicked, this, &frmProfile::startNew);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmProfile::SaveProfile);
@@ -78,7 +81,7 @@ void frmProfile::proposeStartPath(std::string_view startPath) {
 }
 
 ProfileFields frmProfile::fields() const {
-    ProfileFields fields;
+    ProfileFields fields = displayed_;
     for (const Text& text : texts_) {
         fields.*text.field = text.control.bytes();
     }
@@ -89,22 +92,52 @@ ProfileFields frmProfile::fields() const {
 }
 
 void frmProfile::display(const ProfileFields& fields) {
+    displaying_ = true;
+    displayed_ = fields;
     for (Text& text : texts_) {
         text.control.show(fields.*text.field);
     }
     for (const Flag& flag : flags_) {
         flag.control->setChecked(fields.*flag.field);
     }
+    displaying_ = false;
+    fieldsChanged();
 }
 
 void frmProfile::fieldsChanged() {
-    ui_->lblComma->setVisible(holdsComma(fields()));
+    if (displaying_) {
+        return;
+    }
+    const ProfileFields shownFields = fields();
+    const bool edited =
+        hasUnsavedChanges(ui_->cmboProfiles->name(), shownFields, context_.workspace.settings);
+    ui_->lblEdited->setVisible(edited);
+    ui_->startPathNote->tellOf(shownFields);
+    ui_->lblNotes->setText(notes(shownFields));
+    ui_->cmdStart->setEnabled(!shownFields.startPath.empty());
 }
 
 void frmProfile::nameChanged() {
-    const bool named = !ui_->cmboProfiles->currentText().isEmpty();
-    ui_->cmdSave->setEnabled(named);
-    ui_->cmdDelete->setEnabled(named);
+    ui_->cmdSave->setEnabled(!ui_->cmboProfiles->currentText().isEmpty());
+    ui_->cmdDelete->setEnabled(ui_->cmboProfiles->isListed());
+    fieldsChanged();
+}
+
+QString frmProfile::notes(const ProfileFields& fields) const {
+    QStringList notes;
+    for (const auto& [box, caption] :
+         {std::pair(ui_->txtDepth, "Max Directory Depth"), std::pair(ui_->txtHostPort, "Host Port"),
+          std::pair(ui_->txtStartColumn, "File Size Start Column"),
+          std::pair(ui_->txtEndColumn, "File Size End Column")}) {
+        if (!box->accessibleDescription().isEmpty()) {
+            notes += caption + (": " + box->accessibleDescription()) + ".";
+        }
+    }
+    if (holdsComma(fields)) {
+        notes += "A text holds a comma: when the profile is read again, it ends there, and the "
+                 "rest moves into the next field.";
+    }
+    return notes.join('\n');
 }
 
 void frmProfile::rememberDraft() {
@@ -118,9 +151,9 @@ QMessageBox::StandardButton frmProfile::CheckForChanges() {
     if (!hasUnsavedChanges(ui_->cmboProfiles->name(), fields(), context_.workspace.settings)) {
         return QMessageBox::Yes;
     }
-    const auto answer =
-        ask(this, "Save changes to " + ui_->cmboProfiles->currentText() + "?",
-            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel);
+    const auto answer = ask(this, "Save changes to " + ui_->cmboProfiles->currentText() + "?",
+                            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                            QMessageBox::Cancel, QMessageBox::Yes);
     return answer == QMessageBox::Yes && !SaveProfile() ? QMessageBox::Cancel : answer;
 }
 
@@ -180,7 +213,11 @@ void frmProfile::deleteProfile() {
         return;
     }
     try {
-        context_.files.remove(profileFileName(ui_->cmboProfiles->name()));
+        const std::string name = ui_->cmboProfiles->name();
+        context_.files.remove(profileFileName(name));
+        if (name == currentProfileName_) {
+            currentProfileName_.clear();
+        }
         ListProfiles({});
         showNewProfile(ClearFields());
     } catch (const Failure& failure) {
@@ -205,10 +242,15 @@ void frmProfile::start() {
 
 void frmProfile::browse() {
     if (const auto page = context_.dialogs.openPage(this)) {
-        ProfileFields chosen = fields();
-        chosen.startPath = ToBackSlashes(std::filesystem::absolute(*page).string());
-        display(chosen);
+        setStartPath(ToBackSlashes(std::filesystem::absolute(*page).string()));
     }
+}
+
+void frmProfile::setStartPath(const std::string& startPath) {
+    ProfileFields chosen = fields();
+    chosen.startPath = startPath;
+    display(chosen);
+    ui_->StartPath->setFocus();
 }
 
 void frmProfile::tellFailure(const std::string& description) {

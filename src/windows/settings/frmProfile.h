@@ -28,6 +28,9 @@ namespace quillmark {
 /// loaded or saved; without a name to save them under, it uses what the dialog shows. A save that
 /// fails counts as Cancel.
 ///
+/// Without a start path there is nothing to check: Start is off, and the note below the path says
+/// what is missing.
+///
 /// What was entered before there was a profile to it stays while its name is typed: a name without
 /// a file then shows those fields, else the current profile.
 class frmProfile : public QDialog {
@@ -63,6 +66,7 @@ private:
     void display(const ProfileFields& fields);
     void fieldsChanged();
     void nameChanged();
+    QString notes(const ProfileFields& fields) const;
     void rememberDraft();
 
     QMessageBox::StandardButton CheckForChanges();
@@ -76,6 +80,7 @@ private:
     void deleteProfile();
     void start();
     void browse();
+    void setStartPath(const std::string& startPath);
     void tellFailure(const std::string& description);
 
     std::unique_ptr<Ui::frmProfile> ui_;
@@ -84,6 +89,8 @@ private:
     std::vector<Text> texts_;
     std::vector<Flag> flags_;
     std::optional<ProfileFields> draft_; ///< Fields that belong to no file yet.
+    ProfileFields displayed_;            ///< As they were shown last, with those without a control.
+    bool displaying_ = false;            ///< The fields change, and not by the user.
     bool started_ = false;
 };
 

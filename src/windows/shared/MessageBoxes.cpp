@@ -17,9 +17,10 @@ QMessageBox::StandardButton show(QMessageBox& box) {
 
 QMessageBox::StandardButton ask(QWidget* owner, const QString& question,
                                 QMessageBox::StandardButtons buttons,
-                                QMessageBox::StandardButton harmless) {
+                                QMessageBox::StandardButton harmless,
+                                QMessageBox::StandardButton onEnter) {
     QMessageBox box(QMessageBox::Question, shown(ApplicationTitle), question, buttons, owner);
-    box.setDefaultButton(harmless);
+    box.setDefaultButton(onEnter == QMessageBox::NoButton ? harmless : onEnter);
     box.setEscapeButton(harmless);
     return show(box);
 }

@@ -2,6 +2,7 @@
 
 #include "base/Failure.h"
 #include "settings/DefaultSettings.h"
+#include "ui/profile/FieldNotes.h"
 #include "ui/profile/NameCompletion.h"
 
 #include <gtest/gtest.h>
@@ -10,9 +11,10 @@ namespace quillmark::test {
 namespace {
 
 TEST(ProfileFields, ComeBackAsTheyWereStored) {
-    ProfileFields fields{"host", "user", "\\a\xE4", "acct", "p,w", "alias", "-3",
-                         "1",    "2",    "8021",    true,   false, true,    false,
-                         true,   false,  true,      false,  true};
+    ProfileFields fields{"host", "user",     "\\a\xE4",    "acct", "p,w",        "alias",
+                         "-3",   "1",        "2",          "8021", true,         false,
+                         true,   false,      true,         false,  true,         false,
+                         true,   Rules::Web, "https://a/", "\\r",  {"#FUTURE=1"}};
     Settings settings;
     settings.configuration.IGNORE_VALUE = 1;
     StoreFields(fields, settings);
@@ -47,6 +49,22 @@ TEST(ProfileFields, TellOfACommaOutsideThePassword) {
     EXPECT_FALSE(holdsComma(fields));
     fields.hostAlias = "a,b";
     EXPECT_TRUE(holdsComma(fields));
+}
+
+TEST(FieldNotes, TellOfNumbersThatAreNotSavedAsTyped) {
+    struct Row {
+        const char* text;
+        const char* note;
+    };
+    for (const Row& row :
+         {Row{"21", ""}, Row{"0", ""}, Row{"-1", ""}, Row{"32767", ""},
+          Row{"", "\"\" is no whole number and is saved as 0"},
+          Row{"-", "\"-\" is no whole number and is saved as 0"},
+          Row{"2 levels", "\"2 levels\" is no whole number and is saved as 2"},
+          Row{"2.5", "\"2.5\" is no whole number and is saved as 2"},
+          Row{"70000", "\"70000\" cannot be saved: a number lies between -32768 and 32767"}}) {
+        EXPECT_EQ(numberNote(row.text), row.note);
+    }
 }
 
 TEST(NameCompletion, FindsTheFirstLongerNameInTheOrderOfTheList) {

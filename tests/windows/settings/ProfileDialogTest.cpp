@@ -20,6 +20,7 @@ namespace {
 struct Open {
     Open() {
         Settings& settings = all.workspace.settings;
+        settings.profile.START_PATH = "\\site\\index.html";
         settings.profile.HOST_NAME = "host\xE4";
         SaveProfile(settings, all.files, "my");
         settings.profile.HOST_NAME = "host.of.site";
@@ -37,6 +38,11 @@ struct Open {
         field(name).setFocus();
         field(name).selectAll();
         QTest::keyClicks(&field(name), text);
+    }
+    QString text(const char* label) const { return dialog->findChild<QLabel*>(label)->text(); }
+    bool shows(const char* name) const { return dialog->findChild<QWidget*>(name)->isVisible(); }
+    bool isOn(const char* button) const {
+        return dialog->findChild<QPushButton*>(button)->isEnabled();
     }
     void typeName(const QString& text) const {
         names->lineEdit()->selectAll();
@@ -130,6 +136,88 @@ private slots:
         }
     }
 
+    void enterSavesAndEscapeCancels() {
+        for (const auto& [key, host] :
+             {std::pair(Qt::Key_Enter, "edited"), std::pair(Qt::Key_Escape, "host.of.site")}) {
+            const Open open;
+            open.type("HostName", "edited");
+            const WhenModal pressed([](QWidget& w) { return qobject_cast<QMessageBox*>(&w); },
+                                    [key = key](QWidget& box) { QTest::keyClick(&box, key); });
+            open.press("cmdStart");
+            QVERIFY(pressed.acted());
+            QCOMPARE(open.profile().HOST_NAME, host);
+        }
+    }
+
+    void marksWhatIsNotSaved() {
+        const Open open;
+        QVERIFY(!open.shows("lblEdited"));
+        open.type("UserName", "x");
+        QVERIFY(open.shows("lblEdited"));
+        open.type("UserName", "\b");
+        QVERIFY(!open.shows("lblEdited"));
+        auto& box = *open.dialog->findChild<QCheckBox*>("chkRootLevel");
+        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, 8));
+        QVERIFY(open.shows("lblEdited"));
+        open.press("cmdSave");
+        QVERIFY(!open.shows("lblEdited"));
+    }
+
+    void marksNumbersThatWouldNotBeSavedAsTyped() {
+        const Open open;
+        for (const auto& [box, caption] :
+             {std::pair("txtHostPort", "Host Port"), std::pair("txtDepth", "Max Directory Depth"),
+              std::pair("txtStartColumn", "File Size Start Column"),
+              std::pair("txtEndColumn", "File Size End Column")}) {
+            QAction& mark = *open.field(box).actions().constFirst();
+            QVERIFY(!mark.isVisible());
+            open.type(box, "abc");
+            QVERIFY(mark.isVisible());
+            QCOMPARE(open.text("lblNotes"),
+                     QString(caption) + ": \"abc\" is no whole number and is saved as 0.");
+            open.type(box, "7");
+            QVERIFY(!mark.isVisible());
+            QCOMPARE(open.text("lblNotes"), "");
+        }
+    }
+
+    void tellsWhereTheSiteLiesAndOffersThePageThatIsHere() {
+        const Open open;
+        const std::filesystem::path page = open.all.folder.write("www/index.html", "");
+        const QString path = QString::fromStdString(page.string());
+        struct Row {
+            QString typedPath;
+            QString host;
+            QString place;
+            bool offered;
+            bool canStart;
+        };
+        const QString onHost = "A site on a web host";
+        const QString unnamed = onHost + ": enter its name under Host IP.";
+        const QString missing =
+            "Enter the page that the check starts from, or choose it with Browse.";
+        for (const Row& row : {Row{"\\www\\index.html", "", "A site on this computer", false, true},
+                               Row{"/www/no-such-page.html", "", unnamed, false, true},
+                               Row{"/www/no-such-page.html", "host", onHost, false, true},
+                               Row{"www/index.html", "host", onHost, false, true},
+                               Row{path, "", unnamed, true, true},
+                               Row{path.section('/', 0, -2), "", unnamed, true, true},
+                               Row{"file://" + path, "", unnamed, true, true},
+                               Row{"\b", "host", missing, false, false}}) {
+            open.type("HostName", row.host.isEmpty() ? "\b" : row.host);
+            open.type("StartPath", row.typedPath);
+            QCOMPARE(open.text("lblPlace"), row.place);
+            QCOMPARE(open.shows("cmdUseLocal"), row.offered);
+            QCOMPARE(open.isOn("cmdStart"), row.canStart);
+            if (row.offered) {
+                open.press("cmdUseLocal");
+                QCOMPARE(open.field("StartPath").text(), QString(path).replace('/', '\\'));
+                QCOMPARE(open.text("lblPlace"), "A site on this computer");
+                QVERIFY(!open.shows("cmdUseLocal"));
+            }
+        }
+    }
+
     void startsByEnterAndAsksForHelp() {
         const Open open;
         open.typeName("my");
@@ -151,7 +239,7 @@ private slots:
         open.typeName("a.b");
         open.type("txtDepth", "2 levels");
         open.dialog->findChild<QCheckBox*>("chkCheck_URL")->setChecked(true);
-        QVERIFY(open.dialog->findChild<QLabel*>("lblComma")->isVisible());
+        QVERIFY(open.text("lblNotes").contains("A text holds a comma"));
         open.press("cmdSave");
         QCOMPARE(open.all.folder.read("a.b.pro"),
                  "#HOST_NAME=\r\n#USER_NAME=\r\n#START_PATH=/x,y\r\n#ACCOUNT_NAME=\r\n"
@@ -188,6 +276,18 @@ private slots:
         QVERIFY(!std::filesystem::exists(open.all.folder.path() / "MySite.pro"));
         QCOMPARE(open.names->currentText() + open.field("HostName").text(), "");
         QCOMPARE(open.names->count(), 1);
+        QCOMPARE(open.currentName, "");
+    }
+
+    void deletesOnlyWhatHasAFile() {
+        const Open open;
+        for (const auto& [name, hasFile] :
+             {std::pair("MySite", true), std::pair("none", false), std::pair("my", true)}) {
+            open.names->setNames({"my", "MySite"});
+            open.typeName(name);
+            QCOMPARE(open.isOn("cmdDelete"), hasFile);
+            QVERIFY(open.isOn("cmdSave"));
+        }
     }
 
     void failuresAreToldAndLoseNothing() {

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "ui/profile/ProfileFields.h"
+
+#include <string>
+#include <string_view>
+
+namespace quillmark {
+
+/// Where the site of a profile lies. Its start path alone decides: one with a "\" is a path on this
+/// computer, any other is a path on the web host.
+enum class SitePlace { Nowhere, ThisComputer, WebHost };
+
+SitePlace sitePlace(std::string_view startPath);
+
+/// A sentence about where the site of these fields lies, or about what is missing to find it.
+std::string placeNote(const ProfileFields& fields);
+
+/// What a save makes of the text of a number box, when that is not the number a person reads there:
+/// `"abc" is no whole number and is saved as 0`. Empty for a whole number of 16 bits.
+std::string numberNote(std::string_view text);
+
+} // namespace quillmark
