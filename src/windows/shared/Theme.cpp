@@ -1,6 +1,7 @@
 #include "windows/shared/Theme.h"
 
 #include "windows/shared/DesktopScheme.h"
+#include "windows/shared/OutlinedStyle.h"
 
 #include <QColor>
 #include <QStyle>
@@ -51,7 +52,7 @@ QPalette lightPalette() {
                       {QPalette::Light, 0xffffff},
                       {QPalette::Midlight, 0xe8eaee},
                       {QPalette::Mid, 0xc4cad2},
-                      {QPalette::Dark, 0x99a2ad},
+                      {QPalette::Dark, 0x7f8995},
                       {QPalette::Shadow, 0x69727d},
                       {QPalette::Highlight, 0x0f766e},
                       {QPalette::HighlightedText, 0xffffff},
@@ -68,7 +69,8 @@ QPalette lightPalette() {
                       {QPalette::HighlightedText, 0x4b5560},
                       {QPalette::Link, 0x838c97},
                       {QPalette::LinkVisited, 0x838c97},
-                      {QPalette::PlaceholderText, 0x9aa2ad}});
+                      {QPalette::PlaceholderText, 0x838c97},
+                      {QPalette::Dark, 0xb4bbc4}});
 }
 
 QPalette darkPalette() {
@@ -83,7 +85,7 @@ QPalette darkPalette() {
                       {QPalette::Light, 0x5d6671},
                       {QPalette::Midlight, 0x4a525c},
                       {QPalette::Mid, 0x363c44},
-                      {QPalette::Dark, 0x131518},
+                      {QPalette::Dark, 0x87919e},
                       {QPalette::Shadow, 0x08090a},
                       {QPalette::Highlight, 0x127a70},
                       {QPalette::HighlightedText, 0xffffff},
@@ -92,15 +94,16 @@ QPalette darkPalette() {
                       {QPalette::ToolTipBase, 0x48515b},
                       {QPalette::ToolTipText, 0xf1f3f5},
                       {QPalette::PlaceholderText, 0x929ba6}},
-                     {{QPalette::WindowText, 0x7b848f},
-                      {QPalette::Text, 0x7b848f},
-                      {QPalette::ButtonText, 0x7b848f},
+                     {{QPalette::WindowText, 0xa4aeba},
+                      {QPalette::Text, 0xa4aeba},
+                      {QPalette::ButtonText, 0xa4aeba},
                       {QPalette::Base, 0x24292e},
                       {QPalette::Highlight, 0x3c434b},
                       {QPalette::HighlightedText, 0xaab2bc},
-                      {QPalette::Link, 0x7b848f},
-                      {QPalette::LinkVisited, 0x7b848f},
-                      {QPalette::PlaceholderText, 0x6a727c}});
+                      {QPalette::Link, 0xa4aeba},
+                      {QPalette::LinkVisited, 0xa4aeba},
+                      {QPalette::PlaceholderText, 0xa4aeba},
+                      {QPalette::Dark, 0x5d6671}});
 }
 
 void applyTheme(QApplication& application, ThemeChoice choice) {
@@ -109,7 +112,8 @@ void applyTheme(QApplication& application, ThemeChoice choice) {
     }
     const bool dark =
         choice == ThemeChoice::Dark || (choice == ThemeChoice::System && desktopPrefersDark());
-    QApplication::setStyle("Fusion");
+    // The application takes the style over.
+    QApplication::setStyle(std::make_unique<OutlinedStyle>().release());
     application.setPalette(dark ? darkPalette() : lightPalette());
 }
 

@@ -13,7 +13,8 @@ enum class ThemeChoice { System, Light, Dark };
 /// says so. Light and Dark are always ours.
 void applyTheme(QApplication& application, ThemeChoice choice);
 
-/// The program's own colours: soft greys and one accent.
+/// The program's own colours: soft greys and one accent. Dark is the colour of outlines, Link that
+/// of the outline where the keys go.
 QPalette lightPalette();
 /// The same for dark rooms.
 QPalette darkPalette();

@@ -5,9 +5,15 @@
 #include "windows/shared/Theme.h"
 #include "windows/shared/ThemedIcon.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
+#include <QTreeView>
 
 #include <algorithm>
 #include <cmath>
@@ -49,6 +55,13 @@ QColor inkOf(const QIcon& icon, QIcon::Mode mode) {
     return ink;
 }
 
+/// The colour half way down an empty control, so many pixels from its left edge.
+QColor drawnOn(QWidget& control, int x) {
+    control.resize(160, 40);
+    const QImage picture = control.grab().toImage();
+    return picture.pixelColor(x, picture.height() / 2);
+}
+
 } // namespace
 
 class AppearanceTest : public QObject {
@@ -68,6 +81,53 @@ private slots:
                 const double ratio = contrast(palette.color(text), palette.color(ground));
                 QVERIFY2(ratio >= 4.5, qPrintable(QString("%1: %2").arg(text).arg(ratio)));
             }
+        }
+    }
+
+    void whatIsOffAndWhereBoxesEndCanBeSeen() {
+        using P = QPalette;
+        struct Row {
+            P::ColorGroup group;
+            P::ColorRole drawn;
+            P::ColorRole ground;
+        };
+        const std::vector<Row> rows = {
+            {P::Disabled, P::ButtonText, P::Button}, {P::Disabled, P::WindowText, P::Window},
+            {P::Disabled, P::Text, P::Base},         {P::Disabled, P::PlaceholderText, P::Base},
+            {P::Active, P::Dark, P::Window},         {P::Active, P::Dark, P::Base},
+            {P::Active, P::Dark, P::Button},         {P::Active, P::Link, P::Window},
+            {P::Active, P::Link, P::Base},           {P::Active, P::Link, P::Button}};
+        for (const QPalette& palette : {lightPalette(), darkPalette()}) {
+            for (const Row& row : rows) {
+                const double ratio = contrast(palette.color(row.group, row.drawn),
+                                              palette.color(row.group, row.ground));
+                QVERIFY2(
+                    ratio >= 3,
+                    qPrintable(QString("%1 on %2: %3").arg(row.drawn).arg(row.ground).arg(ratio)));
+            }
+        }
+    }
+
+    void whatIsDrawnCanBeSeen() {
+        for (const ThemeChoice theme : {ThemeChoice::Light, ThemeChoice::Dark}) {
+            applyTheme(*qApp, theme);
+            QComboBox selector;
+            QLineEdit field;
+            QGroupBox group;
+            QTreeView list;
+            QPushButton button;
+            QCheckBox box;
+            QProgressBar bar;
+            const QPalette palette = QApplication::palette();
+            const QColor window = palette.color(QPalette::Window);
+            for (QWidget* widget : std::initializer_list<QWidget*>{&selector, &field, &group, &list,
+                                                                   &button, &box, &bar}) {
+                QVERIFY2(contrast(drawnOn(*widget, 0), window) >= 3,
+                         widget->metaObject()->className());
+            }
+            button.setEnabled(false);
+            const QColor off = palette.color(QPalette::Disabled, QPalette::ButtonText);
+            QVERIFY(contrast(off, drawnOn(button, 8)) >= 3);
         }
     }
 

@@ -1,0 +1,87 @@
+#include "windows/shared/OutlinedStyle.h"
+
+#include <QGroupBox>
+#include <QPainter>
+#include <QStyleOption>
+
+#include <algorithm>
+
+namespace quillmark {
+
+namespace {
+
+constexpr double Rounding = 2;
+
+/// A box that is typed into shows where the keys go always, any other one when the keys brought the
+/// focus there: that is how Fusion does it.
+bool showsFocus(const QStyleOption& option, bool typedInto) {
+    return option.state.testFlag(QStyle::State_HasFocus) &&
+           (typedInto || option.state.testFlag(QStyle::State_KeyboardFocusChange));
+}
+
+/// Covers the outline that Fusion has painted in `rect`.
+void drawOutline(const QStyleOption& option, QPainter& painter, const QRectF& rect,
+                 bool typedInto = false) {
+    const bool focused = showsFocus(option, typedInto);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(option.palette.color(focused ? QPalette::Link : QPalette::Dark));
+    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), Rounding, Rounding);
+    painter.restore();
+}
+
+/// What Fusion leaves above the frame of a group for its title.
+int titleHeight(const QStyle& style, const QStyleOption& option, const QWidget* widget) {
+    constexpr int Gap = 3;
+    const auto* group = qobject_cast<const QGroupBox*>(widget);
+    if (group != nullptr && group->title().isEmpty()) {
+        return 0;
+    }
+    return std::max(style.pixelMetric(QStyle::PM_IndicatorHeight), option.fontMetrics.height()) +
+           Gap;
+}
+
+} // namespace
+
+OutlinedStyle::OutlinedStyle() : QProxyStyle("Fusion") {}
+
+void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                  QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    switch (element) {
+    case PE_FrameLineEdit:
+        drawOutline(*option, *painter, option->rect, true);
+        break;
+    case PE_PanelButtonCommand:
+    case PE_Frame:
+    case PE_IndicatorCheckBox:
+        drawOutline(*option, *painter, option->rect);
+        break;
+    case PE_FrameGroupBox:
+        drawOutline(*option, *painter,
+                    option->rect.adjusted(0, titleHeight(*this, *option, widget), 0, 0));
+        break;
+    default:
+        break;
+    }
+}
+
+void OutlinedStyle::drawControl(ControlElement element, const QStyleOption* option,
+                                QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_ProgressBarGroove) {
+        drawOutline(*option, *painter, option->rect);
+    }
+}
+
+void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                       QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ComboBox) {
+        const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        drawOutline(*option, *painter, option->rect, box != nullptr && box->editable);
+    }
+}
+
+} // namespace quillmark
