@@ -26,7 +26,7 @@ namespace quillmark {
 
 namespace {
 
-/// Writes the conversation to the file that the command line names, or nowhere.
+/// Writes the conversation with the host to the file that the command line names, if it does.
 class TraceFile : public FtpTrace {
 public:
     explicit TraceFile(const std::string& file) {
@@ -39,7 +39,7 @@ public:
             writer_->line(text);
         }
     }
-    /// Throws a Failure when the disk has no room for what was still to be written.
+    /// Throws a Failure if the disk refuses what was still to be written.
     void close() {
         if (writer_) {
             writer_->close();

@@ -33,8 +33,8 @@ void requireProfileKeys(const Options& options) {
     }
 }
 
-/// A profile file ends a value at its first comma, or, where it is read by key, at the end of the
-/// line: what would come back changed is not saved.
+/// Refuses what would come back changed: a profile file ends a value at its first comma, or, where
+/// it is read by key, at the end of the line.
 void requireStorable(const Profile& profile) {
     for (const std::string& text : {profile.HOST_NAME, profile.USER_NAME, profile.START_PATH,
                                     profile.ACCOUNT_NAME, profile.HOST_ALIAS}) {

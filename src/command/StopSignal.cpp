@@ -24,7 +24,7 @@ extern "C" void interrupt(int number) {
 StopSignal::StopSignal() {
     interrupted = 0;
     for (const int number : Signals) {
-        // What nohup, or a shell for its background jobs, has switched off stays off.
+        // nohup and shells switch signals off for their jobs; they stay off.
         if (std::signal(number, interrupt) == SIG_IGN) {
             std::signal(number, SIG_IGN);
         }

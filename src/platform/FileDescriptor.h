@@ -5,7 +5,7 @@
 
 namespace quillmark {
 
-/// An open file of the operating system, closed at the end of the scope; or none.
+/// An open file of the operating system, or none. Closes it at the end of the scope.
 class FileDescriptor {
 public:
     /// Takes what open() gave, -1 included.
@@ -23,7 +23,7 @@ private:
     int number_;
 };
 
-/// Why the last call of the operating system was refused.
+/// Why the operating system refused the last call (errno).
 std::error_code lastSystemError();
 
 } // namespace quillmark

@@ -6,8 +6,8 @@
 
 namespace quillmark {
 
-/// Keeps a program's own folder for one program at a time: two runs would overwrite each other's
-/// working copy and so report each other's pages. Held until its end, also when the program
+/// Keeps a program's own folder for one program at a time: two checks would overwrite each other's
+/// working copy and so report each other's pages. The kernel ends the lock when the program
 /// crashes.
 class FolderLock {
 public:

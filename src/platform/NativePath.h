@@ -5,8 +5,8 @@
 
 namespace quillmark {
 
-/// A path in "\" form as this machine's file system takes it: where its own separator is "/", every
-/// "\" becomes one, so that a name with a "\" in it cannot be reached there.
+/// A path in "\" form as this machine's file system takes it. Where the separator is "/", every "\"
+/// becomes one, so that a name with a "\" in it cannot be reached.
 std::filesystem::path nativePath(std::string_view backslashForm);
 
 } // namespace quillmark

@@ -19,8 +19,8 @@ namespace {
 
 constexpr char GiveUp = '\x03';
 
-/// A terminal that shows nothing of what is typed, and hands Ctrl-C over as a character: a program
-/// ended by it here would leave the user's terminal silent.
+/// Keeps the terminal from showing what is typed, and has it hand over Ctrl-C as a character: a
+/// program that Ctrl-C ends here would leave the user's terminal silent.
 class SilentTerminal {
 public:
     explicit SilentTerminal(int terminal) : terminal_(terminal) {
@@ -41,12 +41,12 @@ private:
 
 void say(int terminal, std::string_view text) {
     if (write(terminal, text.data(), text.size()) < 0) {
-        return; // The terminal is gone, and the reading behind this will tell.
+        return; // The terminal is gone; the reading that follows will tell.
     }
 }
 
-/// Holds back the signals that would end the program while its terminal is silent, and delivers
-/// the one that came once the terminal is as it was.
+/// Holds back the signals that would end the program while its terminal is silent. What came
+/// meanwhile takes effect at the end of the scope.
 class HeldSignals {
 public:
     HeldSignals() {
@@ -75,8 +75,7 @@ bool waitForText(int terminal, int signals) {
     return waited[1].revents == 0;
 }
 
-/// Empty at the end of the input before its line end, for a line that was given up, and when a
-/// signal ends the waiting.
+/// The typed line. None if the input ends within it, if the user gives up, and if a signal comes.
 std::optional<std::string> readLine(int terminal, int signals) {
     std::string line;
     char c = 0;

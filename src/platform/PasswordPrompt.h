@@ -5,9 +5,9 @@
 
 namespace quillmark {
 
-/// Asks for a password on the user's terminal, without showing it. Empty when there is no terminal,
-/// or when the user gives up with Ctrl-C or Ctrl-D. A signal that ends programs takes effect once
-/// the terminal shows again what is typed.
+/// Asks for a password on the user's terminal, without showing it. None if there is no terminal, or
+/// if the user gives up with Ctrl-C or Ctrl-D. A signal that ends the program waits until the
+/// terminal shows again what is typed.
 std::optional<std::string> promptForPassword(const std::string& question);
 
 } // namespace quillmark

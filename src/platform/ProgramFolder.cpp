@@ -24,7 +24,7 @@ constexpr mode_t OwnerOnlyMode = 0600;
     throw failureFromError(lastSystemError(), fileNotFound());
 }
 
-/// Without waiting, should the name be a pipe's.
+/// Opens the file. O_NONBLOCK: opening a pipe of that name would wait for ever.
 FileDescriptor openPlainFile(const std::filesystem::path& file) {
     FileDescriptor opened(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status {};
@@ -37,7 +37,7 @@ FileDescriptor openPlainFile(const std::filesystem::path& file) {
     return opened;
 }
 
-/// The next bytes of the file, none at its end.
+/// The next bytes of the file; none at its end.
 std::string_view readBlock(const FileDescriptor& file, std::array<char, 65536>& block) {
     const ssize_t count = ::read(file.number(), block.data(), block.size());
     if (count < 0) {

@@ -6,12 +6,12 @@
 
 namespace quillmark {
 
-/// The settings files on this machine's disk. A name that would lead out of the folder is refused
-/// with pathNotFound(), one with a zero byte with a diskFailure().
+/// The settings files on this machine's disk. Refuses a name that would lead out of the folder with
+/// pathNotFound(), and one with a zero byte with a diskFailure().
 class ProgramFolder : public SettingsFiles {
 public:
-    /// The largest file that is read: far beyond any settings, and little memory when it is not
-    /// one.
+    /// The largest file that is read: far beyond any settings file, and little memory if it is
+    /// something else.
     static constexpr std::size_t MaximumFileSize = std::size_t{16} * 1024 * 1024;
 
     /// `folder` is the program's own folder in "\" form. Deletes what a program that was killed had

@@ -38,8 +38,8 @@ bool isAbandoned(const std::string& name) {
     return isOurs && process > 0 && ::kill(process, 0) != 0 && errno == ESRCH;
 }
 
-/// Makes a new name outlast a power cut. Not every file system can; the file is complete without
-/// it.
+/// Makes a new name outlast a power cut. A file system that cannot is no failure: the file is
+/// complete.
 void flushFolder(const std::filesystem::path& folder) {
     const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (opened.isOpen()) {
@@ -89,7 +89,7 @@ void TemporaryFile::removeAbandoned(const std::filesystem::path& folder) {
     }
 }
 
-/// Tries names until one is free: others may belong to a program that is writing.
+/// Tries names until one is free: another part of this program may be writing there.
 FileDescriptor TemporaryFile::create(const std::filesystem::path& folder, mode_t mode) {
     removeAbandoned(folder);
     for (int attempt = 0;; ++attempt) {

@@ -18,8 +18,8 @@ constexpr std::string_view VersionKey = VersionPrefix.substr(1, VersionPrefix.si
 constexpr std::string_view OlderVersionMessage =
     "Your configuration file is from an older version of Quillmark\r\nSettings will be reset";
 
-/// A file that is cut short within its lists leaves the later ones empty: it held some items there,
-/// and nobody knows which, so they are not taken from the built-in ones.
+/// Empties the lists before they are read. A file that is cut short leaves the later ones empty: it
+/// held some items there, nobody knows which, and the built-in ones would be a guess.
 void clearLists(Configuration& configuration) {
     configuration.masks = {};
     configuration.lstCheckCommand.Clear();
@@ -27,8 +27,8 @@ void clearLists(Configuration& configuration) {
     configuration.lstCheckHTML.Clear();
 }
 
-/// The last line holds DEBUG in IGNORECASE's place, on purpose: that is how every file in use was
-/// written, and what a user who saves the options finds at the next start.
+/// The last line holds the value of DEBUG under the key IGNORECASE, on purpose: every file in use
+/// was written that way, and users know what they find at the next start.
 SettingKey asWritten(SettingKey setting) {
     if (setting.place == SettingPlace(&Configuration::IGNORECASE)) {
         setting.place = &Configuration::DEBUG;

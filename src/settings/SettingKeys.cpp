@@ -31,8 +31,8 @@ void readValue(FieldReader& reader, ResultList& list) {
     }
 }
 
-/// The text is what a save takes the masks from, so it must follow the list of a file cut short,
-/// too.
+/// A save takes the masks from their text, so the text must follow the list even if the file is cut
+/// short within it.
 void readUserMasks(FieldReader& reader, Configuration& configuration) {
     ResultList& masks = configuration.masks.lstFileMasks;
     try {

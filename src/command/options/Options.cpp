@@ -133,7 +133,7 @@ void addOutput(CLI::App& app, Options& options) {
     app.set_help_flag("-h,--help", "Print this help and end");
 }
 
-/// What the options cannot say one by one.
+/// Checks what no option can check for itself.
 void checkTogether(const Options& options) {
     if (options.action != Action::Check && options.profile.empty()) {
         throw CLI::ValidationError("a profile needs a name");

@@ -53,7 +53,7 @@ std::string statistics(const RunState& run) {
            ", \"unusedBytes\": " + std::to_string(std::llround(run.unusedByteTotal)) + "}";
 }
 
-/// Written line by line: a run's lists hold far more than should stand in memory twice.
+/// Writes line by line: a check's lists are too large to stand in memory twice.
 template <typename List>
 void writeList(std::ostream& out, std::string_view name, const List& list) {
     out << "    " << text(name) << ": [";

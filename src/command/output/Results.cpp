@@ -31,7 +31,7 @@ void requireWritable(const std::string& file) {
     }
 }
 
-/// A program gets the names as they are, a terminal what cannot steer it.
+/// Gives a program the name as it is, and a terminal what cannot steer it.
 void writeName(std::string_view name) {
     static const bool toTerminal = isTerminal(Stream::Output);
     if (toTerminal) {
@@ -53,7 +53,7 @@ void writeNamedList(const NamedList& list, const ResultLists& lists) {
     }
 }
 
-/// The streams tell that the disk refused, errno tells why.
+/// The stream knows that the disk refused, errno knows why.
 void requireGood(const std::ostream& out) {
     if (!out) {
         throw failureFromError({errno, std::generic_category()}, pathNotFound());

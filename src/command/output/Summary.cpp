@@ -66,8 +66,8 @@ private:
              << counted(lists_.DirectoryList.Count() + 1, "folder", "folders") << "\n\n";
     }
 
-    /// What a pass found; for one that did not come to its end, that this is not all, and for one
-    /// that never ran, that nothing was looked for.
+    /// Says what a pass found, that this is not all if it was stopped, and that nothing was looked
+    /// for if it never ran: "0 unused files" would read like a sound site.
     static std::string found(PassProgress pass, int count, const std::string& one,
                              const std::string& many) {
         if (pass == PassProgress::Done) {

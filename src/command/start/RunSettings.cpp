@@ -26,7 +26,7 @@ void applySettings(const std::vector<std::string>& assignments, Settings& settin
     }
 }
 
-/// The text of a message box, whose lines end in CR LF.
+/// Prints the text of a message box, whose lines end in CR LF, a line at a time.
 void complainInLines(std::string_view text) {
     const std::size_t end = text.find("\r\n");
     complain(text.substr(0, end));
@@ -35,8 +35,7 @@ void complainInLines(std::string_view text) {
     }
 }
 
-/// A configuration that was cut short by accident finds nothing, and must not pass for a sound
-/// site.
+/// With a configuration that was cut short a check finds nothing, and looks like a sound site.
 void warnOfEmptyVocabulary(const Configuration& configuration) {
     if (configuration.lstCheckCommand.Count() == 0 || configuration.lstCheckHTML.Count() == 0) {
         complain("CHECK_COMMAND or CHECK_HTML is empty, so that references are missed; delete "
@@ -70,7 +69,7 @@ void applyHost(const Options& options, Settings& settings) {
     }
 }
 
-/// Throws CannotStart, with the names there are, when there is no profile of that name.
+/// Throws CannotStart, with the names there are, if there is no profile of that name.
 void requireProfile(const std::string& name, SettingsFiles& files) {
     const std::vector<std::string> names = ListProfiles(files);
     if (std::find(names.begin(), names.end(), name) != names.end()) {
@@ -99,7 +98,7 @@ void loadNamedProfile(const std::string& name, Settings& settings, SettingsFiles
 
 namespace {
 
-/// What the profile and the command line say. Throws when there is nothing to run with them.
+/// Takes what the profile and the command line say. Throws if there is nothing to check with them.
 void takeRunSettings(const Options& options, Settings& settings, SettingsFiles& files) {
     Profile& profile = settings.profile;
     if (!options.profile.empty()) {
@@ -124,8 +123,8 @@ void takeRunSettings(const Options& options, Settings& settings, SettingsFiles& 
 
 } // namespace
 
-// The file is written only when nothing stands in the way of the run: the writing ends the time in
-// which capital letters are ignored, and a run that was refused must not use up that time.
+// The file is written last. Capital letters are ignored until it is there, and a check that was
+// refused must not use up the only one that ignores them.
 void readSettings(const Options& options, Settings& settings, SettingsFiles& files) {
     SetDefaultSettings(settings);
     const bool complete = LoadConfigurations(settings, files, complainInLines);
