@@ -6,6 +6,7 @@
 #include "classic/ClassicCheck.h"
 #include "classic/resolve/BaseUrl.h"
 
+#include <new>
 #include <utility>
 
 namespace quillmark {
@@ -36,6 +37,9 @@ RunOutcome CheckRun::HostHandler() {
         return perform(check, snapshot.profile);
     } catch (const Failure& failure) {
         return failedEnd(failure);
+    } catch (const std::bad_alloc&) {
+        // What the run held is free again by now: there is room for the message.
+        return failedEnd({7, "Out of memory"});
     }
 }
 

@@ -107,6 +107,7 @@ TEST(CheckRun, EndsAsItsTroubleAsksFor) {
     const auto noListing = [](SiteBench& b) { b.host.lostAt = "/a/"; };
     const auto noStart = [](SiteBench& b) { std::filesystem::remove(b.path("index.html")); };
     const auto tooFarUp = [](SiteBench& b) { b.site.write("a/one.html", page({"../x"})); };
+    const auto noMemory = [](SiteBench& b) { b.events.hook = [] { throw std::bad_alloc(); }; };
     const std::string gone = "Unable to locate Start File - Aborting";
     const std::vector<EndCase> cases = {
         {"NoHost", true, Aborted, noHost, {"Unable to connect", "Checking For /index.html", gone}},
@@ -115,6 +116,7 @@ TEST(CheckRun, EndsAsItsTroubleAsksFor) {
         {"PageLost", true, Failed, noPage, {"An Error Has Occurred (Connection lost(1099))"}},
         {"ListingLost", true, Finished, noListing, {}},
         {"TooFarUpOnTheHost", true, Failed, tooFarUp, {errorMessage(invalidProcedureCall())}},
+        {"NoMemory", false, Failed, noMemory, {"An Error Has Occurred (Out of memory(7))"}},
         {"TooFarUpOnTheDisk", false, Finished, tooFarUp, {}},
     };
     for (const EndCase& row : cases) {
