@@ -16,7 +16,7 @@ from time import monotonic, sleep
 
 SOURCE = Path(__file__).resolve().parents[3]
 EXAMPLE = SOURCE / "examples" / "site" / "index.html"
-PATIENCE = 15
+PATIENCE = 120
 
 
 class Screen:
@@ -88,6 +88,10 @@ class Tour:
         large.write_text("".join(f'<a href="gone{i}.gif">\r\n' for i in range(15000)) + "\r\n")
         self.save_profile("Large site", "START_PATH=" + str(large).replace("/", "\\"))
         self.save_profile("Example site", f"START_PATH={start}", "CHECK_DUPES=1", "IGNORE_VALUE=1")
+        page = Path(folder) / "unix" / "index.html"
+        page.parent.mkdir()
+        page.write_text('<a href="https://a.example/">\n\n<a href="boats.html">\n')
+        self.save_profile("Unix site", "START_PATH=" + str(page).replace("/", "\\"))
         self.host = subprocess.Popen([sys.executable, SOURCE / "tests/support/ftp_faults.py",
                                       "healthy", f"{folder}/log"],
                                      stdout=subprocess.PIPE, text=True)
@@ -137,6 +141,9 @@ class Tour:
         self.check("Exam", "profile")
         self.results()
         self.row()
+        keys("alt+s")
+        self.check("Unix", "profile-unix")
+        self.picture("notice", "Quillmark")
         self.options_on()
         self.check("Web", "profile-host")
         self.picture("trace", "Host Trace")
@@ -162,9 +169,11 @@ class Tour:
             self.picture(f"results-{name}", "Quillmark")
 
     def row(self):
-        """What can be done with a row of the invalid references."""
+        """What can be done with a row of the invalid references, and with one of several."""
         keys("alt+d", "Up", "Up", "Tab", "Tab", "Tab", "Down", "Menu")
         self.screen("row-menu")
+        keys("Escape", "shift+Down", "shift+Down", "Menu")
+        self.screen("row-menu-of-several")
         keys("Escape", "ctrl+f")
         xdotool("type", "contact")
         self.picture("find", "Quillmark")
