@@ -29,6 +29,7 @@ public:
 class NoDesktop : public Shell, public FileDialogs, public ReportPrinter {
 public:
     void open(std::string_view /*target*/) override {}
+    bool startsProgram(std::string_view /*target*/) const override { return false; }
     std::optional<std::filesystem::path> saveFile(QWidget* /*owner*/,
                                                   const SaveQuestion& /*question*/) override {
         return {};
@@ -96,7 +97,7 @@ int main(int argc, char* argv[]) {
     progress.setOwner(&frame);
     frame.resize(900, 500);
     frame.show();
-    frame.enableSelectors();
+    frame.enableSelectors({});
     QCoreApplication::processEvents();
     for (const char* display : {"Host File List", "Host File References"}) {
         for (const char* sort : {"None", "Name", "Path"}) {

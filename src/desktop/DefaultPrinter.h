@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows/outside/ReportPrinter.h"
+#include "windows/outside/Desktop.h"
 
 namespace quillmark {
 

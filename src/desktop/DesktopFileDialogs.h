@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows/outside/FileDialogs.h"
+#include "windows/outside/Desktop.h"
 
 #include <QFileDialog>
 

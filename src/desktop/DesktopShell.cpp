@@ -1,11 +1,14 @@
 #include "desktop/DesktopShell.h"
 
-#include "base/Failure.h"
 #include "base/UpperCase.h"
 #include "platform/NativePath.h"
+#include "ui/results/ItemActions.h"
 
 #include <QByteArray>
 #include <QDesktopServices>
+#include <QFile>
+#include <QFileInfo>
+#include <QMimeDatabase>
 #include <QUrl>
 
 #include <algorithm>
@@ -21,6 +24,47 @@ namespace {
 constexpr std::array<std::string_view, 3> WebSchemes = {"HTTP:", "HTTPS:", "FTP:"};
 /// What stands for itself in a web address, beside letters, digits, "-", ".", "_" and "~".
 constexpr const char* AddressCharacters = ":/?#[]@!$&'()*+,;=";
+
+/// Types of files that a desktop starts, installs, or follows to what they start.
+constexpr std::array Programs = {"application/x-executable",
+                                 "application/x-sharedlib",
+                                 "application/x-desktop",
+                                 "application/x-ms-dos-executable",
+                                 "application/vnd.microsoft.portable-executable",
+                                 "application/x-msi",
+                                 "application/x-ms-shortcut",
+                                 "application/x-mswinurl",
+                                 "application/x-bat",
+                                 "application/x-java-archive",
+                                 "application/java-archive",
+                                 "application/x-java-jnlp-file",
+                                 "application/vnd.debian.binary-package",
+                                 "application/x-rpm",
+                                 "application/vnd.flatpak",
+                                 "application/vnd.flatpak.ref",
+                                 "application/vnd.snap"};
+/// Types that are shown even if the file is marked executable.
+constexpr std::array Documents = {"image/",         "audio/",   "video/",
+                                  "text/html",      "text/css", "application/xhtml+xml",
+                                  "application/pdf"};
+/// The type of JavaScript and of JSON: executable by the tables, yet opened in an editor.
+constexpr const char* Script = "application/ecmascript";
+
+bool isProgram(const QMimeType& type) {
+    return !type.inherits(Script) &&
+           std::any_of(Programs.begin(), Programs.end(),
+                       [&type](const char* name) { return type.inherits(name); });
+}
+
+bool isDocument(const QMimeType& type) {
+    return std::any_of(Documents.begin(), Documents.end(),
+                       [&type](const char* name) { return type.name().startsWith(name); });
+}
+
+bool mayRun(const QFileInfo& file) {
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(file);
+    return file.isFile() && (isProgram(type) || (file.isExecutable() && !isDocument(type)));
+}
 
 bool isWebAddress(std::string_view target) {
     return std::any_of(WebSchemes.begin(), WebSchemes.end(), [target](std::string_view scheme) {
@@ -44,7 +88,7 @@ QUrl fileAddress(std::string_view target) {
     const std::filesystem::path path = nativePath(target);
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) {
-        throw fileNotFound();
+        throw fileNotFound(path.string());
     }
     return QUrl::fromEncoded("file://" + encoded(path.string(), "/"));
 }
@@ -56,6 +100,15 @@ void DesktopShell::open(std::string_view target) {
     if (!QDesktopServices::openUrl(url)) {
         throw Failure(1030, std::string("There is no program to open ").append(target));
     }
+}
+
+bool DesktopShell::startsProgram(std::string_view target) const {
+    if (isWebAddress(target)) {
+        return false;
+    }
+    // Some desktops go by the name of a link, others by what it leads to.
+    const QFileInfo file(QFile::decodeName(nativePath(target).c_str()));
+    return mayRun(file) || mayRun(QFileInfo(file.canonicalFilePath()));
 }
 
 } // namespace quillmark

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows/outside/Shell.h"
+#include "windows/outside/Desktop.h"
 
 namespace quillmark {
 
@@ -9,9 +9,14 @@ namespace quillmark {
 /// folder.
 class DesktopShell : public Shell {
 public:
-    /// Throws fileNotFound() for a file that is not there, and 1030 when no program takes the
-    /// target.
+    /// Throws 53, "File not found: " and its path, for a file that is not there, and 1030 when no
+    /// program takes the target.
     void open(std::string_view target) override;
+
+    /// Goes by the file's type in the desktop's own tables (shared-mime-info). A file that is
+    /// marked executable counts, too, unless its type is one that is only ever shown: on some disks
+    /// every page and picture has that mark.
+    bool startsProgram(std::string_view target) const override;
 };
 
 } // namespace quillmark

@@ -2,8 +2,8 @@
 
 #include "check/CheckRun.h"
 #include "desktop/DiskMover.h"
-#include "desktop/HostTrace.h"
 #include "desktop/WindowEvents.h"
+#include "desktop/WindowFeeds.h"
 #include "platform/ProgramFolder.h"
 #include "platform/disk/DiskAdapter.h"
 #include "platform/ftp/FtpXCtl.h"
@@ -11,7 +11,6 @@
 #include "run/RunListener.h"
 #include "ui/MessageLog.h"
 #include "ui/Workspace.h"
-#include "windows/main/MessageFeed.h"
 #include "windows/main/frmMain.h"
 #include "windows/run/ThinkingWindow.h"
 

@@ -9,8 +9,8 @@
 
 namespace quillmark {
 
-/// Plays wave files on the desktop's sound device; a new sound ends the one before. Without a
-/// device nothing is heard, and without the file the desktop's own sound is.
+/// Plays wave files on the desktop's sound device; a new sound ends the one before. Silent without
+/// a device; without the file, the desktop beeps.
 class WavePlayer {
 public:
     /// Looks for a sound in the program's folder, then among those that came with the program; both

@@ -9,10 +9,10 @@
 #include "desktop/WavePlayer.h"
 #include "platform/FolderChoice.h"
 #include "windows/about/frmSplash.h"
+#include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
 
 #include <QApplication>
-#include <QMessageBox>
 
 #include <chrono>
 #include <exception>
@@ -24,10 +24,6 @@ namespace {
 
 constexpr std::chrono::seconds SplashTime{1};
 constexpr int CannotStart = 2;
-
-void tell(std::string_view text) {
-    QMessageBox::information(nullptr, shown(ApplicationTitle), shown(text));
-}
 
 /// Shows the splash window, and lets it be seen for its time.
 void showSplash(frmSplash& splash) {
@@ -50,7 +46,7 @@ int runProgram(const std::filesystem::path& folder, const CommandLine& line) {
         {shell, dialogs, printer, [&sounds](std::string_view name) { sounds.play(name); }},
         [&splash](std::string_view text) {
             splash.close();
-            tell(text);
+            tell(nullptr, shown(text));
         });
     program.window().show();
     splash.close();
@@ -73,7 +69,7 @@ int Main(int argc, char** argv) {
     try {
         return runProgram(chooseProgramFolder(std::nullopt), line);
     } catch (const std::exception& error) {
-        tell(std::string("Quillmark cannot start: ").append(error.what()));
+        tell(nullptr, "Quillmark cannot start: " + shown(error.what()));
         return CannotStart;
     }
 }

@@ -1,5 +1,7 @@
 #include "ui/TraceLog.h"
 
+#include "base/Version.h"
+
 namespace quillmark {
 
 namespace {
@@ -25,6 +27,15 @@ void TraceLog::Trace(std::string_view text) {
         lines_.Append(text.substr(0, end));
         text.remove_prefix(end + LineEnd.size());
     }
+}
+
+void TraceSave::save(const std::optional<std::filesystem::path>& chosen) {
+    if (chosen && !file_.is_open()) {
+        file_.open(*chosen, std::ios::binary | std::ios::trunc);
+        // Flushed, since a program that ends abruptly would not close the file.
+        file_ << ApplicationTitle << " Version " << ApplicationVersion << "\r\n" << std::flush;
+    }
+    trace_.Append("Unable to save trace window");
 }
 
 } // namespace quillmark

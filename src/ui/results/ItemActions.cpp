@@ -1,6 +1,5 @@
 #include "ui/results/ItemActions.h"
 
-#include "base/Failure.h"
 #include "base/Paths.h"
 #include "base/UpperCase.h"
 
@@ -39,10 +38,14 @@ std::string itemCaption(std::string_view verb, std::string_view target) {
     return target.empty() ? std::string() : std::string(verb).append(" ").append(target);
 }
 
+Failure fileNotFound(const std::string& path) {
+    return {53, "File not found: " + path};
+}
+
 void deleteLocalFile(LocalDisk& disk, std::string_view target) {
     // The disk takes a folder for no file: the user, who said Yes, must hear that nothing was done.
     if (target.ends_with('\\')) {
-        throw fileNotFound();
+        throw fileNotFound(ToForwardSlashes(target));
     }
     disk.deleteIfThere(target);
 }

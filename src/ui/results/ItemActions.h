@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Failure.h"
 #include "run/LocalDisk.h"
 #include "run/RunState.h"
 
@@ -29,7 +30,10 @@ ItemTargets itemTargets(const RunState& run, std::string_view first,
 /// "View /www/a.html": a command's caption, empty for an empty target.
 std::string itemCaption(std::string_view verb, std::string_view target);
 
-/// Deletes a file of the local disk ("\" form) if it is there. Throws fileNotFound() for a folder,
+/// 53, with the path of the file that the user asked for.
+Failure fileNotFound(const std::string& path);
+
+/// Deletes a file of the local disk ("\" form) if it is there. Throws 53 with its name for a folder,
 /// which is left alone, and another Failure if the file cannot be deleted.
 void deleteLocalFile(LocalDisk& disk, std::string_view target);
 

@@ -1,7 +1,7 @@
 #include "windows/help/frmHelp.h"
 
 #include "ui_frmHelp.h"
-#include "windows/shared/Guard.h"
+#include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
 #include "windows/shared/ThemedIcon.h"
 

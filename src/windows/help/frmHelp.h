@@ -1,7 +1,7 @@
 #pragma once
 
 #include "windows/help/HelpPages.h"
-#include "windows/outside/Shell.h"
+#include "windows/outside/Desktop.h"
 
 #include <QDialog>
 #include <QUrl>

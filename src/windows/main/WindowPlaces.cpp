@@ -1,10 +1,16 @@
 #include "windows/main/WindowPlaces.h"
 
-#include "windows/shared/Screen.h"
-
 #include <QFile>
+#include <QScreen>
 
 namespace quillmark {
+
+namespace {
+
+/// What a desktop's frame takes around a window, at most.
+constexpr QSize Frame(16, 48);
+
+} // namespace
 
 WindowPlaces::WindowPlaces(const std::filesystem::path& programFolder)
     : file_(QFile::decodeName((programFolder / "Quillmark.window").c_str()), QSettings::IniFormat) {
@@ -12,7 +18,7 @@ WindowPlaces::WindowPlaces(const std::filesystem::path& programFolder)
 
 void WindowPlaces::restore(QWidget& window) const {
     if (!window.restoreGeometry(state(window.objectName()))) {
-        fitToScreen(window);
+        window.resize(window.size().boundedTo(window.screen()->availableSize() - Frame));
     }
 }
 

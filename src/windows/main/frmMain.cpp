@@ -1,24 +1,51 @@
 #include "windows/main/frmMain.h"
 
 #include "base/Paths.h"
+#include "base/UpperCase.h"
 #include "base/Version.h"
+#include "store/FileCategory.h"
+#include "ui/ReadingWarnings.h"
 #include "ui_frmMain.h"
 #include "windows/about/frmAbout.h"
-#include "windows/main/DroppedPage.h"
 #include "windows/settings/frmConfig2.h"
 #include "windows/settings/frmProfile.h"
-#include "windows/shared/Guard.h"
+#include "windows/shared/MessageBoxes.h"
 #include "windows/shared/RowCopy.h"
 #include "windows/shared/Text.h"
 #include "windows/shared/ThemedIcon.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFile>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QStyle>
+#include <QUrl>
 
+#include <optional>
 #include <utility>
 
 namespace quillmark {
+
+namespace {
+
+/// The start path ("\" form) that a drag of one local page stands for; nothing for anything else.
+/// What a page is, its extension tells: `pageExtensions` are in upper case.
+std::optional<std::string> droppedPage(const QMimeData& data, const ResultList& pageExtensions) {
+    const QList<QUrl> urls = data.urls();
+    if (urls.size() != 1 || !urls.first().isLocalFile()) {
+        return std::nullopt;
+    }
+    const QFileInfo file(urls.first().toLocalFile());
+    const std::string extension = upperCase(file.suffix().toStdString());
+    if (!file.isFile() || !ListContains(pageExtensions, extension)) {
+        return std::nullopt;
+    }
+    return ToBackSlashes(QFile::encodeName(file.absoluteFilePath()).toStdString());
+}
+
+} // namespace
 
 frmMain::frmMain(const WindowContext& context, RunCommands& run, std::filesystem::path helpFolder)
     : context_(context), run_(run), helpFolder_(std::move(helpFolder)),
@@ -50,7 +77,7 @@ void frmMain::addResults() {
     ui_->splitter->insertWidget(0, results_.get());
     ui_->splitter->setStretchFactor(0, 3);
     ui_->splitter->setStretchFactor(1, 1);
-    setTabOrder(ui_->cmdHelp, results_.get());
+    setTabOrder(ui_->cmdCloseNotice, results_.get());
     setTabOrder(results_.get(), ui_->Message);
 }
 
@@ -65,6 +92,7 @@ void frmMain::connectCommands() {
     connect(ui_->mnuPrint, &QAction::triggered, this, print);
     connect(ui_->cmdOptions, &QPushButton::clicked, this, &frmMain::editOptions);
     connect(ui_->mnuOptions, &QAction::triggered, this, &frmMain::editOptions);
+    connect(ui_->cmdCloseNotice, &QToolButton::clicked, ui_->noticeBar, &QWidget::hide);
     connect(ui_->mnuExit, &QAction::triggered, this, &QWidget::close);
 }
 
@@ -82,9 +110,14 @@ void frmMain::setIcons() {
     ui_->cmdPrint->setIcon(themedIcon("print"));
     ui_->cmdOptions->setIcon(themedIcon("options"));
     ui_->cmdHelp->setIcon(themedIcon("help"));
+    ui_->cmdCloseNotice->setIcon(themedIcon("close"));
+    const int size = style()->pixelMetric(QStyle::PM_LargeIconSize);
+    ui_->imgNotice->setPixmap(
+        style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(QSize(size, size)));
 }
 
 void frmMain::enterNoResults() {
+    ui_->noticeBar->hide();
     ui_->cmdStop->setEnabled(false);
     setReportsEnabled(false);
     results_->enterNoResults();
@@ -122,6 +155,7 @@ void frmMain::chooseProfile(std::string_view startPath) {
 }
 
 void frmMain::stop() {
+    stopped_ = true;
     guarded(this, [this] { run_.stop(); });
 }
 
@@ -194,8 +228,16 @@ void frmMain::setReportsEnabled(bool enabled) {
 
 void frmMain::setWorking(bool working) {
     working_ = working;
-    ui_->cmdStart->setEnabled(!working);
+    // The keys go to what can be done next, unless the user has taken them elsewhere meanwhile.
+    const bool toResults = !working && focusWidget() == ui_->cmdStop;
+    if (toResults) {
+        results_->focusResults();
+    }
     ui_->cmdStop->setEnabled(working);
+    if (working) {
+        ui_->cmdStop->setFocus();
+    }
+    ui_->cmdStart->setEnabled(!working);
     ui_->cmdOptions->setEnabled(!working);
     ui_->mnuOptions->setEnabled(!working);
     setReportsEnabled(!working);
@@ -205,17 +247,42 @@ void frmMain::setWorking(bool working) {
 }
 
 void frmMain::enterRunState() {
+    stopped_ = false;
     setWorking(true);
     results_->enterNoResults();
+    ui_->noticeBar->hide();
+    ui_->lblOnShow->setWholeText("Checking " + siteName());
     context_.workspace.trace.Clear();
     traceShown_.ask();
     setWindowTitle(shown(ApplicationTitle) + " checking...");
 }
 
 void frmMain::leaveRunState() {
+    results_->enableSelectors(endOfRun() + ". Choose a list to see what was found until then");
     setWorking(false);
-    results_->enableSelectors();
+    ui_->lblOnShow->setWholeText("Results of " + siteName());
+    showNotice();
     setWindowTitle(shown(ApplicationTitle));
+}
+
+void frmMain::showNotice() {
+    const Workspace& workspace = context_.workspace;
+    QStringList notice;
+    for (const std::string& warning :
+         readingWarnings(workspace.run.reading, workspace.lists.GetFileList.Count())) {
+        notice += shown(warning);
+    }
+    ui_->lblNotice->setText(notice.join('\n'));
+    ui_->noticeBar->setVisible(!notice.isEmpty());
+}
+
+QString frmMain::siteName() const {
+    const std::string& start = context_.workspace.settings.profile.START_PATH;
+    return shown(currentProfile_.empty() ? ToForwardSlashes(start) : currentProfile_);
+}
+
+QString frmMain::endOfRun() const {
+    return stopped_ ? "The check was stopped" : "The check ended early, as the messages say";
 }
 
 void frmMain::showTraceWindow() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "windows/help/frmHelp.h"
-#include "windows/main/RunCommands.h"
 #include "windows/main/WindowPlaces.h"
 #include "windows/outside/WindowContext.h"
 #include "windows/printing/ReportCommands.h"
@@ -22,6 +21,18 @@ class frmMain;
 }
 
 namespace quillmark {
+
+/// The check run as the main window's buttons drive it.
+class RunCommands {
+public:
+    virtual ~RunCommands() = default;
+
+    /// Performs one check with the current profile, whose start path is not empty, and returns at
+    /// its end. Throws a Failure when it cannot begin.
+    virtual void start() = 0;
+    /// Lets the check end at its next look at the abort flag.
+    virtual void stop() = 0;
+};
 
 /// The main window: starts and stops checks, shows their messages and results, and opens all other
 /// windows. While a check runs, or something is deleted on the host, it stays alive, but nothing
@@ -68,6 +79,9 @@ private:
 
     void setWorking(bool working);
     void setReportsEnabled(bool enabled);
+    void showNotice();
+    QString siteName() const;
+    QString endOfRun() const;
     void work(const std::function<void()>& work);
     void closeIfAsked();
     void stop();
@@ -95,6 +109,7 @@ private:
     std::string currentProfile_;
     std::string dropped_; ///< The start path of the page that was dropped last.
     bool working_ = false;
+    bool stopped_ = false; ///< The user ended the latest run.
     bool closeAsked_ = false;
 };
 

@@ -6,10 +6,8 @@
 #include "settings/SettingsFiles.h"
 #include "store/Progress.h"
 #include "ui/Workspace.h"
-#include "windows/outside/FileDialogs.h"
+#include "windows/outside/Desktop.h"
 #include "windows/outside/FileMover.h"
-#include "windows/outside/ReportPrinter.h"
-#include "windows/outside/Shell.h"
 
 #include <filesystem>
 

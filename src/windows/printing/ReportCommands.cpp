@@ -3,12 +3,12 @@
 #include "base/Failure.h"
 #include "ui/ReportWriter.h"
 #include "windows/printing/frmPrinting.h"
-#include "windows/shared/Guard.h"
 #include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
 
 #include <QScopeGuard>
 
+#include <exception>
 #include <fstream>
 #include <string>
 #include <utility>
@@ -48,7 +48,7 @@ void ReportCommands::Save() {
             write(*path);
             context_.messages.post("File ", path->string(), " Written");
         }
-    } catch (const Failure&) {
+    } catch (const std::exception&) {
         return; // The message that it was written is what tells the user of success.
     }
 }

@@ -11,7 +11,7 @@ namespace quillmark {
 
 class frmPrinting;
 
-/// The commands that bring the results of a run out of the program, as a text report.
+/// The commands Save and Print: both write the results of a run as a text report.
 class ReportCommands {
 public:
     /// `owner` is the window that dialogs and notices stand over; it outlives this.
@@ -20,8 +20,8 @@ public:
     ReportCommands(const ReportCommands&) = delete;
     ReportCommands& operator=(const ReportCommands&) = delete;
 
-    /// Asks for a file and writes the report there. Whatever goes wrong ends it without a word; a
-    /// partly written file is left as it is.
+    /// Asks for a file and writes the report there. Ends without a word if anything goes wrong; a
+    /// partly written file stays as it is.
     void Save();
 
     /// Writes the report to "Quillmark.tmp" in the program's folder, where it stays, and prints

@@ -11,8 +11,8 @@ class frmPrinting;
 
 namespace quillmark {
 
-/// The notice that a report is being printed. It has no buttons, and what it stands over takes no
-/// input meanwhile.
+/// The notice that a report is being printed. It has no buttons; the window below it takes no input
+/// meanwhile.
 class frmPrinting : public QWidget {
     Q_OBJECT
 

@@ -1,7 +1,7 @@
 #include "windows/results/DisplayFrame.h"
 
 #include "ui_DisplayFrame.h"
-#include "windows/shared/Guard.h"
+#include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
 
 #include <QAction>
@@ -20,7 +20,7 @@ DisplayFrame::DisplayFrame(const WindowContext& context, HostWork hostWork, QWid
           context,
           [this, hostWork = std::move(hostWork)](const std::function<void()>& work) {
               hostWork(work);
-              ui_->ListView1->setFocus();
+              focusResults();
           },
           this),
       menu_(commands_, this) {
@@ -82,11 +82,17 @@ void DisplayFrame::enterNoResults() {
     enter(Showing::Nothing);
 }
 
-void DisplayFrame::enableSelectors() {
+void DisplayFrame::enableSelectors(const QString& unchosen) {
+    unchosen_ = unchosen;
     setSelectorsEnabled(true);
     if (showing_ == Showing::Nothing) {
         enter(Showing::Unchosen);
     }
+}
+
+void DisplayFrame::focusResults() {
+    ui_->ListView1->setFocus();
+    ui_->ListView1->selectRow(); // In a window behind others nothing tells the list of the focus.
 }
 
 void DisplayFrame::setSelectorsEnabled(bool enabled) {
@@ -108,7 +114,7 @@ QString DisplayFrame::emptyText() const {
                    ? "Press Start to check a site"
                    : "The results appear here when the check ends";
     case Showing::Unchosen:
-        return "Choose a list to see what was found";
+        return unchosen_;
     case Showing::Building:
         return {};
     case Showing::List:
@@ -143,6 +149,9 @@ void DisplayFrame::build() {
     ui_->ListView1->enterDisplay(selected.display);
     ui_->Frame2->setTitle(shown(model_.view().caption()));
     enter(Showing::List);
+    if (ui_->ListView1->hasFocus()) {
+        ui_->ListView1->selectRow();
+    }
 }
 
 ResultsSelection DisplayFrame::selection() const {
@@ -160,11 +169,13 @@ ItemTargets DisplayFrame::targetsOf(int row) const {
 void DisplayFrame::openMenu(QPoint position) {
     const QModelIndex current = ui_->ListView1->currentIndex();
     menu_.open(current.isValid() ? targetsOf(current.row()) : ItemTargets(),
+               ui_->ListView1->selectionModel()->selectedRows().size(),
                ui_->ListView1->viewport()->mapToGlobal(position));
 }
 
-void DisplayFrame::view(int row) {
-    const std::string target = targetsOf(row)[0].view;
+void DisplayFrame::view(const QModelIndex& cell) {
+    const std::string target =
+        targetsOf(cell.row()).at(static_cast<std::size_t>(cell.column())).view;
     if (!target.empty()) {
         commands_.View(target);
     }

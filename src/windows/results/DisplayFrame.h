@@ -3,7 +3,6 @@
 #include "ui/results/ResultsView.h"
 #include "windows/outside/WindowContext.h"
 #include "windows/results/FindBar.h"
-#include "windows/results/HostWork.h"
 #include "windows/results/ItemCommands.h"
 #include "windows/results/ItemMenu.h"
 #include "windows/results/ResultsModel.h"
@@ -32,7 +31,11 @@ public:
 
     /// Takes rows, headers and caption away, and disables the selectors.
     void enterNoResults();
-    void enableSelectors();
+    /// Enables the selectors. Where the run has left no list on show, `unchosen` is shown in its
+    /// place.
+    void enableSelectors(const QString& unchosen);
+    /// Gives the list the keys.
+    void focusResults();
     /// Rebuilds the list from the three selectors.
     void ShowResults();
 
@@ -44,7 +47,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    /// Why there are rows, or none.
+    /// What the list shows, or why it is empty.
     enum class Showing { Nothing, Unchosen, Building, List };
 
     void addEntries();
@@ -59,7 +62,7 @@ private:
 
     ItemTargets targetsOf(int row) const;
     void openMenu(QPoint position);
-    void view(int row);
+    void view(const QModelIndex& cell);
     void find(const QString& text, FindStep step);
     void findAgain(FindStep step);
     void closeFindBar();
@@ -70,6 +73,7 @@ private:
     ItemCommands commands_;
     ItemMenu menu_;
     Showing showing_ = Showing::Nothing;
+    QString unchosen_;
     bool again_ = false; ///< A selector was used while the list was being built.
 };
 

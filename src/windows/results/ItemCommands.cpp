@@ -4,10 +4,10 @@
 #include "base/Paths.h"
 #include "check/HostDelete.h"
 #include "ui/results/ItemActions.h"
-#include "windows/shared/Guard.h"
 #include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
 
+#include <exception>
 #include <optional>
 #include <utility>
 
@@ -17,7 +17,17 @@ ItemCommands::ItemCommands(WindowContext context, HostWork hostWork, QWidget* ow
     : context_(std::move(context)), hostWork_(std::move(hostWork)), owner_(owner) {}
 
 void ItemCommands::View(std::string_view target) {
-    guarded(owner_, [&] { context_.shell.open(target); });
+    guarded(owner_, [&] {
+        if (!context_.shell.startsProgram(target) || mayStart(target)) {
+            context_.shell.open(target);
+        }
+    });
+}
+
+bool ItemCommands::mayStart(std::string_view target) {
+    return ask(owner_,
+               shownBriefly(target) + "\nis a program, or may start one. Do you want to run it?",
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
 void ItemCommands::Delete(std::string_view target) {
@@ -34,7 +44,7 @@ void ItemCommands::Delete(std::string_view target) {
 }
 
 bool ItemCommands::confirmed(std::string_view target) {
-    return ask(owner_, "Delete " + shown(target) + "?", QMessageBox::Yes | QMessageBox::No,
+    return ask(owner_, "Delete " + shownBriefly(target) + "?", QMessageBox::Yes | QMessageBox::No,
                QMessageBox::No) == QMessageBox::Yes;
 }
 
@@ -56,7 +66,7 @@ void ItemCommands::deleteFromHost(std::string_view target) {
 void ItemCommands::Move(std::string_view target) {
     try {
         moveToChosenPlace(target);
-    } catch (const Failure&) {
+    } catch (const std::exception&) {
         // The file is where it was, and the missing message says so.
         return;
     }

@@ -1,30 +1,37 @@
 #pragma once
 
 #include "windows/outside/WindowContext.h"
-#include "windows/results/HostWork.h"
 
 #include <QWidget>
 
+#include <functional>
 #include <string_view>
 
 namespace quillmark {
 
-/// What can be done with a target of a row. Lists and view stay as they are: a file that is gone
-/// stays listed until the next run.
+/// Runs work that talks to the host: the window stays alive meanwhile, and nothing else can be
+/// started. The work throws nothing.
+using HostWork = std::function<void(const std::function<void()>& work)>;
+
+/// What can be done with a target of a row. None of it changes the lists: a file that is gone stays
+/// listed until the next run.
 class ItemCommands {
 public:
-    /// `owner` is the window of the questions.
+    /// Questions and message boxes open over `owner`.
     ItemCommands(WindowContext context, HostWork hostWork, QWidget* owner);
 
-    /// Opens a web address, or a local file with its program.
+    /// Opens a web address, or a local file with its program. Asks first where that may start what
+    /// the site's files bring along.
     void View(std::string_view target);
-    /// Asks, then deletes the file, on the host in Remote Mode. What fails is told in a box.
+    /// Asks, then deletes the file: on the host in Remote Mode, else on the disk. A message box
+    /// tells what went wrong.
     void Delete(std::string_view target);
     /// Asks where to, then moves the local file. Ends without a word when the user cancels or the
     /// file cannot be moved.
     void Move(std::string_view target);
 
 private:
+    bool mayStart(std::string_view target);
     bool confirmed(std::string_view target);
     void deleteFromHost(std::string_view target);
     void moveToChosenPlace(std::string_view target);

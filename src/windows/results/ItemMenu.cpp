@@ -4,6 +4,7 @@
 
 #include <QScreen>
 
+#include <algorithm>
 #include <string>
 
 namespace quillmark {
@@ -21,43 +22,59 @@ struct Command {
 constexpr std::array<Command, 6> Commands = {{
     {"mnuViewURL1", "View", &ItemTarget::view, 0, &ItemCommands::View},
     {"mnuDeleteFile1", "Delete", &ItemTarget::deletion, 0, &ItemCommands::Delete},
+    {"mnuMoveFile1", "Move", &ItemTarget::move, 0, &ItemCommands::Move},
     {"mnuViewURL2", "View", &ItemTarget::view, 1, &ItemCommands::View},
     {"mnuDeleteFile2", "Delete", &ItemTarget::deletion, 1, &ItemCommands::Delete},
-    {"mnuMoveFile1", "Move", &ItemTarget::move, 0, &ItemCommands::Move},
     {"mnuMoveFile2", "Move", &ItemTarget::move, 1, &ItemCommands::Move},
 }};
 
 } // namespace
 
 ItemMenu::ItemMenu(ItemCommands& commands, QWidget* parent)
-    : QMenu("RightClick", parent), commands_(commands) {
+    : QMenu("RightClick", parent), commands_(commands), notice_(addAction(QString())) {
     setObjectName("mnuRightClick");
     setToolTipsVisible(true);
+    notice_->setObjectName("mnuNotice");
+    notice_->setEnabled(false);
+    addSeparator();
     for (std::size_t i = 0; i < Commands.size(); ++i) {
+        if (i > 0 && Commands.at(i).column != Commands.at(i - 1).column) {
+            addSeparator();
+        }
         actions_.at(i) = addAction(QString());
         actions_.at(i)->setObjectName(Commands.at(i).name);
         connect(actions_.at(i), &QAction::triggered, this, [this, i] { perform(i); });
     }
 }
 
-void ItemMenu::open(const ItemTargets& targets, QPoint position) {
+void ItemMenu::open(const ItemTargets& targets, qsizetype selectedRows, QPoint position) {
     targets_ = targets;
     for (std::size_t i = 0; i < Commands.size(); ++i) {
         setCaption(i);
     }
+    setNotice(selectedRows);
     popup(position);
 }
 
 void ItemMenu::setCaption(std::size_t command) {
     const Command& what = Commands.at(command);
-    const QString caption = shown(itemCaption(what.verb, targets_.at(what.column).*what.target));
+    const QString caption =
+        shownBriefly(itemCaption(what.verb, targets_.at(what.column).*what.target));
     // No menu may be wider than the screen; the tool tip has the whole.
     const QString fitting = fontMetrics().elidedText(caption, Qt::ElideMiddle,
                                                      screen()->availableSize().width() * 2 / 3);
     QAction& action = *actions_.at(command);
     action.setText(plainCaption(fitting));
-    action.setToolTip(fitting == caption ? QString() : caption);
-    action.setEnabled(!caption.isEmpty());
+    action.setToolTip(fitting == caption ? QString() : plainToolTip(caption));
+    action.setVisible(!caption.isEmpty());
+}
+
+void ItemMenu::setNotice(qsizetype selectedRows) {
+    const bool idle = std::none_of(actions_.begin(), actions_.end(),
+                                   [](const QAction* command) { return command->isVisible(); });
+    notice_->setText(idle ? "No row is selected"
+                          : QString("Of the %1 selected rows, this one:").arg(selectedRows));
+    notice_->setVisible(idle || selectedRows > 1);
 }
 
 void ItemMenu::perform(std::size_t command) {

@@ -9,7 +9,9 @@
 
 namespace quillmark {
 
-/// The context menu of a row, `mnuRightClick`: view, delete and move, for each of its columns.
+/// The context menu of a row, `mnuRightClick`: view, delete and move, in a group for each column.
+/// Only what can be done is in sight; a line above says so when nothing can, and when the commands
+/// act on one of several selected rows.
 class ItemMenu : public QMenu {
     Q_OBJECT
 
@@ -17,15 +19,18 @@ public:
     /// Both outlive the menu.
     ItemMenu(ItemCommands& commands, QWidget* parent);
 
-    /// Offers what can be done with the targets, with its corner at a point of the screen.
-    void open(const ItemTargets& targets, QPoint position);
+    /// Offers what can be done with the targets of the current row, with its corner at a point of
+    /// the screen. `selectedRows` is the number of rows selected.
+    void open(const ItemTargets& targets, qsizetype selectedRows, QPoint position);
 
 private:
     void perform(std::size_t command);
     void setCaption(std::size_t command);
+    void setNotice(qsizetype selectedRows);
 
     ItemCommands& commands_;
     ItemTargets targets_;
+    QAction* notice_;
     std::array<QAction*, 6> actions_{};
 };
 

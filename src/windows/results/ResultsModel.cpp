@@ -59,7 +59,17 @@ int ResultsModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ResultsModel::data(const QModelIndex& index, int role) const {
-    return role == Qt::DisplayRole ? cell(index.row(), index.column()) : QVariant();
+    if (!index.isValid()) {
+        return {};
+    }
+    switch (role) {
+    case Qt::DisplayRole:
+        return shownBriefly(view_.text(index.row(), index.column()));
+    case Qt::EditRole:
+        return cell(index.row(), index.column());
+    default:
+        return {};
+    }
 }
 
 QVariant ResultsModel::headerData(int section, Qt::Orientation orientation, int role) const {

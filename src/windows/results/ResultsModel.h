@@ -9,17 +9,18 @@
 
 namespace quillmark {
 
-/// The results view as a table of texts; a cell's bytes are decoded when it is asked for.
+/// The results view as a table of texts; a cell's bytes are decoded when it is asked for. The edit
+/// role has the whole of a text that is shown briefly.
 class ResultsModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
     ResultsModel(Workspace& workspace, Messages& messages, Progress& progress);
 
-    /// Rebuilds the table; it is empty while that lasts. Throws a Failure, the table complete, when
-    /// a message cannot be logged.
+    /// Rebuilds the table, which is empty meanwhile. Throws a Failure if a message cannot be
+    /// logged; the table is complete then.
     void ShowResults(const ResultsSelection& selected);
-    /// Takes all rows and columns away.
+    /// Removes all rows and columns.
     void clear();
 
     const ResultsView& view() const { return view_; }

@@ -1,6 +1,7 @@
 #include "windows/results/ResultsTree.h"
 
 #include "windows/shared/RowCopy.h"
+#include "windows/shared/Text.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -36,7 +37,7 @@ ResultsTree::ResultsTree(QWidget* parent) : QTreeView(parent) {
     connect(header(), &QHeaderView::sectionResized, this,
             [this](int column, int /*before*/, int width) { keepWidth(column, width); });
     connect(this, &QTreeView::doubleClicked, this,
-            [this](const QModelIndex& index) { emit viewAsked(index.row()); });
+            [this](const QModelIndex& index) { emit viewAsked(index); });
 }
 
 void ResultsTree::enterDisplay(std::size_t display) {
@@ -69,6 +70,30 @@ void ResultsTree::applyWidth() {
     applying_ = false;
 }
 
+void ResultsTree::selectRow() {
+    if (!selectionModel()->hasSelection()) {
+        const QModelIndex current = currentIndex();
+        setCurrentIndex(current.isValid() ? current : model()->index(0, 0));
+    }
+}
+
+void ResultsTree::focusInEvent(QFocusEvent* event) {
+    QTreeView::focusInEvent(event);
+    const bool byKey = event->reason() == Qt::TabFocusReason ||
+                       event->reason() == Qt::BacktabFocusReason ||
+                       event->reason() == Qt::OtherFocusReason;
+    if (byKey) {
+        selectRow();
+    }
+}
+
+QModelIndex ResultsTree::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const QModelIndex current = currentIndex();
+    const int step = action == MoveLeft ? -1 : action == MoveRight ? 1 : 0;
+    const QModelIndex beside = current.siblingAtColumn(current.column() + step);
+    return step != 0 && beside.isValid() ? beside : QTreeView::moveCursor(action, modifiers);
+}
+
 void ResultsTree::resizeEvent(QResizeEvent* event) {
     QTreeView::resizeEvent(event);
     applyWidth();
@@ -77,7 +102,7 @@ void ResultsTree::resizeEvent(QResizeEvent* event) {
 void ResultsTree::keyPressEvent(QKeyEvent* event) {
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
         currentIndex().isValid()) {
-        emit viewAsked(currentIndex().row());
+        emit viewAsked(currentIndex());
     } else {
         QTreeView::keyPressEvent(event);
     }
@@ -98,11 +123,8 @@ void ResultsTree::showWholeText(QPoint position, QPoint screenPosition) {
         QToolTip::hideText();
         return;
     }
-    // A path that looks like a tag is still a path.
-    QToolTip::showText(screenPosition,
-                       "<p style='white-space:pre'>" + index.data().toString().toHtmlEscaped() +
-                           "</p>",
-                       viewport(), visualRect(index));
+    QToolTip::showText(screenPosition, plainToolTip(index.data().toString()), viewport(),
+                       visualRect(index));
 }
 
 void ResultsTree::paintEvent(QPaintEvent* event) {
@@ -114,7 +136,7 @@ void ResultsTree::paintEvent(QPaintEvent* event) {
     painter.setPen(palette().color(QPalette::PlaceholderText));
     constexpr int Margin = 24;
     painter.drawText(viewport()->rect().adjusted(Margin, 0, -Margin, 0),
-                     Qt::AlignCenter | Qt::TextWordWrap, emptyText_());
+                     Qt::AlignCenter | Qt::TextWordWrap, emptyText());
 }
 
 } // namespace quillmark

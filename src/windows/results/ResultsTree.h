@@ -11,31 +11,38 @@
 
 namespace quillmark {
 
-/// The list on show: copies its selected rows, tells what a cut cell holds, and says in words why
-/// it is empty. The width of the first of two columns is remembered for each display; the last
-/// column takes the rest.
+/// The list on show. Copies its selected rows, shows the whole text of a cut cell in a tool tip,
+/// and says why it is empty. Remembers the width of the first of two columns for each display; the
+/// last column takes the rest.
 class ResultsTree : public QTreeView {
     Q_OBJECT
 
 public:
     explicit ResultsTree(QWidget* parent = nullptr);
 
-    /// Gives what tells why there are no rows; asked whenever the view is painted without any.
+    /// Sets the function that says why there are no rows. It is called for each painting of an
+    /// empty view.
     void setEmptyText(std::function<QString()> text) { emptyText_ = std::move(text); }
-    /// No display is on show: what happens to the columns is not the user's doing.
+    QString emptyText() const { return emptyText_(); }
+    /// No display is on show: until the next one is, the user does not change the columns.
     void leaveDisplay() { display_ = NoDisplay; }
     /// The model holds the display of that index now.
     void enterDisplay(std::size_t display);
     /// Widths of first columns in pixels, one for each display; 0 for a half of the view.
     std::vector<int> columnWidths() const { return {widths_.begin(), widths_.end()}; }
     void setColumnWidths(const std::vector<int>& widths);
+    /// Selects the current row, or the first one, unless rows are selected.
+    void selectRow();
 
 signals:
-    /// The row was double-clicked, or Enter was pressed on it.
-    void viewAsked(int row);
+    /// The cell was double-clicked, or Enter was pressed on it.
+    void viewAsked(const QModelIndex& cell);
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// The left and right keys lead to the cell beside, for Enter to act on.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool viewportEvent(QEvent* event) override;

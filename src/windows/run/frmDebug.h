@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/TraceSave.h"
+#include "ui/TraceLog.h"
 #include "windows/outside/WindowContext.h"
 #include "windows/shared/NewestLines.h"
 

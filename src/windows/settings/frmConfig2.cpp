@@ -2,7 +2,7 @@
 
 #include "settings/ConfigurationFile.h"
 #include "ui_frmConfig2.h"
-#include "windows/shared/Guard.h"
+#include "windows/shared/MessageBoxes.h"
 
 namespace quillmark {
 

@@ -4,7 +4,6 @@
 #include "base/Paths.h"
 #include "settings/ProfileFile.h"
 #include "ui_frmProfile.h"
-#include "windows/shared/Guard.h"
 #include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
 

@@ -29,8 +29,20 @@ int NewestLines::rowCount(const QModelIndex& parent) const {
 QVariant NewestLines::data(const QModelIndex& index, int role) const {
     // Between two refreshes the list may have been cleared.
     const bool there = index.isValid() && index.row() < lines_.Count();
-    const bool asText = role == Qt::DisplayRole || role == Qt::ToolTipRole;
-    return there && asText ? shown(lines_.Line(index.row())) : QVariant();
+    if (!there) {
+        return {};
+    }
+    const std::string_view line = lines_.Line(index.row());
+    switch (role) {
+    case Qt::DisplayRole:
+        return shownBriefly(line);
+    case Qt::ToolTipRole:
+        return plainToolTip(shownBriefly(line));
+    case Qt::EditRole:
+        return shown(line);
+    default:
+        return {};
+    }
 }
 
 } // namespace quillmark

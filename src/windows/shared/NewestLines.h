@@ -6,7 +6,8 @@
 
 namespace quillmark {
 
-/// A list of the newest lines, the messages or the trace, as a view shows it: without a copy.
+/// A list of the newest lines, the messages or the trace, as a view shows it: without a copy. The
+/// edit role has the whole of a line that is shown briefly.
 class NewestLines : public QAbstractListModel {
     Q_OBJECT
 

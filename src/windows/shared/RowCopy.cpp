@@ -13,7 +13,7 @@ namespace {
 QString rowText(const QAbstractItemModel& model, int row) {
     QStringList cells;
     for (int column = 0; column < model.columnCount(); ++column) {
-        cells += model.index(row, column).data().toString();
+        cells += model.index(row, column).data(Qt::EditRole).toString();
     }
     return cells.join('\t');
 }

@@ -1,4 +1,4 @@
-#include "ui/TraceSave.h"
+#include "ui/TraceLog.h"
 
 #include "base/Version.h"
 #include "support/Lists.h"

@@ -68,7 +68,7 @@ private slots:
     }
 
     void theSearchOpensAndMarksWhatItFinds() {
-        QVERIFY(QTest::qWaitForWindowActive(window_.get()));
+        QVERIFY(QTest::qWaitForWindowActive(window_.get(), Patience));
         QTest::keyClick(window_.get(), Qt::Key_F, Qt::ControlModifier);
         QTest::keyClicks(window_->focusWidget(), "quad");
         QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
@@ -118,7 +118,7 @@ private slots:
                 QDialog dialog;
                 dialog.setModal(true);
                 dialog.show();
-                QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+                QVERIFY(QTest::qWaitForWindowExposed(&dialog, Patience));
                 QVERIFY(readable());
             }
             QVERIFY(window_->isVisible() && readable());
@@ -129,7 +129,7 @@ private:
     void open(const std::filesystem::path& folder) {
         window_ = std::make_unique<frmHelp>(folder, shell_, nullptr);
         window_->showPage("index.html");
-        QVERIFY(QTest::qWaitForWindowExposed(window_.get()));
+        QVERIFY(QTest::qWaitForWindowExposed(window_.get(), Patience));
     }
     template <typename Control> Control* control(const char* name) const {
         return window_->findChild<Control*>(name);

@@ -1,3 +1,5 @@
+#include "windows/shared/ElidedLabel.h"
+#include "windows/shared/Text.h"
 #include "windows/support/Answers.h"
 #include "windows/support/TestProgram.h"
 
@@ -9,10 +11,14 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
+#include <QToolButton>
 #include <QUrl>
+
+#include <tuple>
 
 namespace quillmark::test {
 
@@ -119,6 +125,9 @@ private slots:
             QVERIFY2(program.control<QPushButton>(on).isEnabled(), on);
         }
         QVERIFY(!program.control<QPushButton>("cmdStop").isEnabled());
+        auto& list = program.control<QAbstractItemView>("ListView1");
+        QVERIFY(program.window().focusWidget() == &list);
+        QCOMPARE(list.selectionModel()->selectedRows(), {list.model()->index(0, 0)});
         QAbstractItemModel& messages = *program.control<QAbstractItemView>("Message").model();
         QTRY_COMPARE(messages.index(messages.rowCount() - 1, 0).data().toString(),
                      "Quillmark Finished");
@@ -138,6 +147,54 @@ private slots:
         frameAfterChoosing(program, "Host File List", "All Files");
         choose(program, "cmbSort", "Name");
         QVERIFY(cell(program, 0).endsWith("/about.html") || cell(program, 0) < cell(program, 1));
+    }
+
+    void saysWhatIsOnShow() {
+        TestProgram program;
+        const std::string page = Example + "/about.html";
+        throughProfileDialog(program, {{"StartPath", QString::fromStdString(ToBackSlashes(page))}},
+                             {});
+        auto& line = program.control<ElidedLabel>("lblOnShow");
+        const QString whole = "Results of " + QString::fromStdString(page);
+        QCOMPARE(line.accessibleName(), whole);
+        program.window().resize(560, 400);
+        QTRY_COMPARE(line.toolTip(), line.text() == whole ? QString() : plainToolTip(whole));
+        QVERIFY(line.width() <= program.window().width());
+    }
+
+    void saysWhenThePagesCouldHardlyBeRead() {
+        TestProgram program;
+        const TempFolder site;
+        const auto& bar = program.control<QWidget>("noticeBar");
+        for (const auto& [name, page, notice] :
+             {std::tuple("unix.html", "<a href=\"a.html\">\n<a href=\"b.html\">\n",
+                         "not read to the end"),
+              std::tuple("dos.html", "<a href=\"dos.html\">\r\n\r\n", ""),
+              std::tuple("secure.html", "<a href=\"https://a.example/\">\r\n\r\n",
+                         "begins with \"https:\" was taken for a file")}) {
+            const std::string start = ToBackSlashes(site.write(name, page).string());
+            throughProfileDialog(program, {{"StartPath", QString::fromStdString(start)}}, {});
+            QCOMPARE(bar.isVisible(), *notice != '\0');
+            const QString text = program.control<QLabel>("lblNotice").text();
+            QVERIFY2(text.contains(notice), qPrintable(text));
+        }
+        QTest::mouseClick(&program.control<QToolButton>("cmdCloseNotice"), Qt::LeftButton);
+        QVERIFY(!bar.isVisible());
+    }
+
+    void toolTipsOfMessagesShowWhatLooksLikeMarkUp() {
+        TestProgram program;
+        const std::string start = "C:\\<img src=x.gif>\\index.html";
+        throughProfileDialog(program, {{"StartPath", QString::fromStdString(start)}}, {});
+        const QAbstractItemModel& messages = *program.control<QListView>("Message").model();
+        QTRY_VERIFY(messages.rowCount() > 3);
+        int seen = 0;
+        for (int row = 0; row < messages.rowCount(); ++row) {
+            const QString tip = messages.index(row, 0).data(Qt::ToolTipRole).toString();
+            QVERIFY(!tip.contains("<img"));
+            seen += tip.contains("&lt;img src=x.gif&gt;") ? 1 : 0;
+        }
+        QVERIFY(seen > 0);
     }
 
     void takesADroppedPageForTheStartPath() {

@@ -142,7 +142,7 @@ private slots:
             const Answer answer(QMessageBox::Ok);
             ReportCommands commands(context, &bench.watching.owner);
             commands.Print();
-            static_cast<void>(QTest::qWaitFor([&answer] { return answer.acted(); }));
+            static_cast<void>(QTest::qWaitFor([&answer] { return answer.acted(); }, Patience));
             return answer.text();
         };
         bench.parts.printer.there = false;

@@ -1,18 +1,24 @@
 #include "support/Lists.h"
 #include "support/RunFakes.h"
+#include "ui/results/ItemActions.h"
 #include "windows/results/DisplayFrame.h"
+#include "windows/results/ResultsTree.h"
 #include "windows/support/Answers.h"
 #include "windows/support/TestContext.h"
 
 #include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QToolTip>
 #include <QTreeView>
 
 #include <filesystem>
 #include <memory>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 namespace quillmark::test {
@@ -78,19 +84,28 @@ struct Bench {
         }
         return names.join(' ');
     }
-    QPoint middleOf(int row) { return view().visualRect(view().model()->index(row, 0)).center(); }
+    QPoint middleOf(int row, int column = 0) {
+        return view().visualRect(view().model()->index(row, column)).center();
+    }
+    QString tipOf(int row) {
+        QHelpEvent event(QEvent::ToolTip, middleOf(row), view().viewport()->mapToGlobal(QPoint()));
+        QApplication::sendEvent(view().viewport(), &event);
+        return QToolTip::text();
+    }
     /// Presses the right button, as the window system tells of it.
     void rightClick(int row) {
         const QPoint inWindow = view().viewport()->mapTo(&frame, middleOf(row));
         QTest::mouseClick(frame.windowHandle(), Qt::RightButton, {}, inWindow);
     }
     QMenu& menu() { return the<QMenu>("mnuRightClick"); }
-    /// What the menu of a row offers; "?" behind what is wrongly enabled or not.
+    /// What is in sight in the menu of a row; "|" between two groups.
     QStringList captionsOf(int row) {
         rightClick(row);
         QStringList texts;
-        for (const QAction* action : menu().actions()) {
-            texts += action->text() + (action->isEnabled() == action->text().isEmpty() ? "?" : "");
+        for (QAction* action : menu().actions()) {
+            if (!menu().actionGeometry(action).isEmpty()) {
+                texts += action->isSeparator() ? "|" : action->text();
+            }
         }
         menu().close();
         return texts;
@@ -124,7 +139,7 @@ class ResultsTest : public QObject {
 private slots:
     void init() {
         bench_ = std::make_unique<Bench>();
-        QVERIFY(QTest::qWaitForWindowActive(&bench_->frame));
+        QVERIFY(QTest::qWaitForWindowActive(&bench_->frame, Patience));
     }
     void cleanup() { bench_.reset(); }
 
@@ -132,8 +147,9 @@ private slots:
         bench_->frame.enterNoResults();
         QCOMPARE(bench_->caption(), "");
         QVERIFY(!bench_->the<QComboBox>("cmbSort").isEnabled());
-        bench_->frame.enableSelectors();
+        bench_->frame.enableSelectors("Stopped");
         QCOMPARE(bench_->rows(), "");
+        QCOMPARE(bench_->the<ResultsTree>("ListView1").emptyText(), "Stopped");
         // The entry on show, chosen again.
         auto& display = bench_->the<QComboBox>("cmbDisplay");
         QTest::mouseClick(&display, Qt::LeftButton);
@@ -195,37 +211,115 @@ private slots:
                  "/x/one.html\t(base file)\n/x/two.gif\thttp://else.where/");
     }
 
+    void showsTheEndsOfALongTextAndCopiesTheWhole() {
+        const std::string whole = "A" + std::string(1 << 20, '\xE4') + "Z";
+        bench_->all.workspace.lists.UnusedList.Append(whole);
+        bench_->choose("cmbDisplay", 3);
+        const QString text = bench_->view().model()->index(0, 0).data().toString();
+        QVERIFY(text.startsWith("A\u00E4") && text.endsWith("\u00E4Z") && text.size() < 5000);
+        bench_->frame.focusResults();
+        QTest::keyClick(&bench_->view(), Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text().size(), qsizetype(whole.size()));
+    }
+
     void theMenuNamesItsTargets() {
-        QCOMPARE(bench_->captionsOf(0), QStringList(6, QString()));
+        QCOMPARE(bench_->captionsOf(0), QStringList("No row is selected"));
+        for (const char* command : {"mnuViewURL1", "mnuDeleteFile1", "mnuMoveFile1", "mnuViewURL2",
+                                    "mnuDeleteFile2", "mnuMoveFile2"}) {
+            QCOMPARE(bench_->the<QAction>(command).text(), "");
+        }
         bench_->choose("cmbDisplay", 1);
         const QString file = QString::fromStdString(bench_->backslashed("a&&b.gif"));
         QCOMPARE(bench_->captionsOf(1),
-                 QStringList({"View " + file, "Delete " + file, "", "", "Move " + file, ""}));
+                 QStringList({"View " + file, "Delete " + file, "Move " + file}));
+        bench_->view().selectAll();
+        QCOMPARE(bench_->captionsOf(1).first(2),
+                 QStringList({"Of the 4 selected rows, this one:", "|"}));
         bench_->all.workspace.lists.UnusedList.Append(std::string(900, 'w'));
         bench_->choose("cmbDisplay", 3);
         bench_->rightClick(0);
         QVERIFY(bench_->menu().width() < bench_->frame.screen()->size().width());
-        QCOMPARE(bench_->the<QAction>("mnuViewURL1").toolTip(), "View " + QString(900, 'w'));
+        QVERIFY(bench_->the<QAction>("mnuViewURL1").toolTip().contains(QString(900, 'w')));
         bench_->menu().close();
         bench_->all.workspace.run.localMode = false;
         bench_->all.workspace.run.baseUrl = "http://my.site";
         bench_->choose("cmbDisplay", 2);
         QCOMPARE(bench_->captionsOf(1),
-                 QStringList({"View http://my.site/x/two.gif", "Delete /x/two.gif",
-                              "View http://else.where/", "", "", ""}));
+                 QStringList({"View http://my.site/x/two.gif", "Delete /x/two.gif", "|",
+                              "View http://else.where/"}));
         bench_->press("mnuViewURL2", 1);
         QCOMPARE(bench_->all.shell.opened, std::vector<std::string>{"http://else.where/"});
     }
 
-    void doubleClickAndEnterView() {
+    void doubleClickAndEnterViewTheCell() {
+        bench_->choose("cmbDisplay", 2);
+        for (const int column : {0, 1}) {
+            const QPoint cell = bench_->middleOf(1, column);
+            QTest::mouseClick(bench_->view().viewport(), Qt::LeftButton, {}, cell);
+            QTest::mouseDClick(bench_->view().viewport(), Qt::LeftButton, {}, cell);
+        }
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Left, Qt::Key_Right}) {
+            QTest::keyClick(&bench_->view(), key);
+            QTest::keyClick(&bench_->view(), Qt::Key_Return);
+        }
+        QStringList opened;
+        for (const std::string& target : bench_->all.shell.opened) {
+            opened += QString::fromStdString(target);
+        }
+        QCOMPARE(opened.join(" "),
+                 "\\x\\two.gif http://else.where/ (base file) \\x\\one.html (base file)");
+    }
+
+    void aRowReachedByKeysIsSelected() {
         bench_->choose("cmbDisplay", 1);
-        QTest::mouseClick(bench_->view().viewport(), Qt::LeftButton, {}, bench_->middleOf(3));
-        QTest::mouseDClick(bench_->view().viewport(), Qt::LeftButton, {}, bench_->middleOf(3));
-        QTest::keyClick(&bench_->view(), Qt::Key_Up);
-        QTest::keyClick(&bench_->view(), Qt::Key_Return);
-        QCOMPARE(bench_->all.shell.opened,
-                 (std::vector<std::string>{bench_->backslashed("A.TXT"),
-                                           bench_->backslashed("\xE9.html")}));
+        QVERIFY(!bench_->view().selectionModel()->hasSelection());
+        bench_->the<QComboBox>("cmbSort").setFocus();
+        QTest::keyClick(&bench_->the<QComboBox>("cmbSort"), Qt::Key_Tab);
+        QVERIFY(bench_->view().hasFocus());
+        QCOMPARE(bench_->view().selectionModel()->selectedRows(),
+                 {bench_->view().model()->index(0, 0)});
+    }
+
+    void startsAProgramOnlyWhenTheUserSaysSo() {
+        const std::string program = bench_->backslashed("a&b.gif");
+        bench_->all.shell.program = program;
+        bench_->choose("cmbDisplay", 1);
+        for (const auto button : {QMessageBox::No, QMessageBox::Yes}) {
+            QString preset;
+            const Answer answer(button, [&preset](const QMessageBox& box) {
+                preset = box.defaultButton()->text();
+            });
+            bench_->press("mnuViewURL1", 1);
+            QVERIFY(answer.text().startsWith(QString::fromStdString(program) + "\n"));
+            QCOMPARE(preset, "&No");
+            QCOMPARE(bench_->all.shell.opened.size(), button == QMessageBox::Yes ? 1U : 0U);
+        }
+    }
+
+    void noExceptionGoesThroughTheEventLoop() {
+        const std::vector<std::pair<std::function<void()>, QString>> failures = {
+            {[] { throw fileNotFound("/x"); }, "File not found: /x"},
+            {[] { throw std::bad_alloc(); }, "Out of memory"},
+            {[] { throw std::length_error("too long"); }, "too long"}};
+        bench_->choose("cmbDisplay", 1);
+        for (const auto& [failing, told] : failures) {
+            bench_->all.shell.failing = failing;
+            const Answer answer(QMessageBox::Ok);
+            bench_->press("mnuViewURL1", 1);
+            QCOMPARE(answer.text(), "An error has occurred: " + told);
+        }
+    }
+
+    void toolTipsShowWhatLooksLikeMarkUp() {
+        const QString name = QString("<img src=x.gif>").repeated(40);
+        bench_->all.workspace.lists.UnusedList.Append(name.toStdString());
+        bench_->choose("cmbDisplay", 3);
+        bench_->rightClick(0);
+        const QString ofMenu = bench_->the<QAction>("mnuViewURL1").toolTip();
+        bench_->menu().close();
+        for (const QString& tip : {bench_->tipOf(0), ofMenu}) {
+            QVERIFY2(tip.contains(name.toHtmlEscaped()) && !tip.contains("<img"), qPrintable(tip));
+        }
     }
 
     void deletesOnlyWhatIsConfirmed() {
@@ -255,7 +349,7 @@ private slots:
                                       box.close();
                                   });
             bench_->press("mnuDeleteFile1", 0);
-            const QString reason = local ? "File not found" : "No /";
+            const QString reason = local ? "File not found: /" : "No /";
             QVERIFY2(told.startsWith("An error has occurred: " + reason), qPrintable(told));
             QVERIFY(fs::exists(inside));
             QCOMPARE(bench_->hostWorks, local ? 0 : 1);

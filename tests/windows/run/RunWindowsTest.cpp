@@ -72,7 +72,7 @@ private slots:
         TraceBench bench;
         bench.trace("a\r\nb\r\n");
         bench.window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&bench.window));
+        QVERIFY(QTest::qWaitForWindowActive(&bench.window, Patience));
         bench.list.setFocus();
         QTest::keyClick(&bench.list, Qt::Key_Up, Qt::ShiftModifier);
         QTest::keyClick(&bench.list, Qt::Key_C, Qt::ControlModifier);

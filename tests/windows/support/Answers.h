@@ -48,11 +48,14 @@ inline std::function<bool(QWidget&)> named(const QString& name) {
 /// Presses the button of the next message box and keeps what the box said.
 class Answer : public WhenModal {
 public:
-    explicit Answer(QMessageBox::StandardButton button)
+    explicit Answer(
+        QMessageBox::StandardButton button,
+        const std::function<void(QMessageBox&)>& look = [](QMessageBox&) {})
         : WhenModal([](QWidget& w) { return qobject_cast<QMessageBox*>(&w) != nullptr; },
-                    [this, button](QWidget& window) {
+                    [this, button, look](QWidget& window) {
                         auto& box = dynamic_cast<QMessageBox&>(window);
                         text_ = box.text();
+                        look(box);
                         QTest::mouseClick(box.button(button), Qt::LeftButton);
                     }) {}
 

@@ -11,10 +11,12 @@
 #include "support/TempFolder.h"
 #include "ui/MessageLog.h"
 #include "windows/outside/WindowContext.h"
+#include "windows/support/Patience.h"
 
 #include <QStringList>
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -48,7 +50,13 @@ private:
 /// Keeps what was to be opened.
 class RecordingShell : public Shell {
 public:
-    void open(std::string_view target) override { opened.emplace_back(target); }
+    void open(std::string_view target) override {
+        opened.emplace_back(target);
+        failing();
+    }
+    bool startsProgram(std::string_view target) const override { return target == program; }
+    std::string program; ///< The target that is a program.
+    std::function<void()> failing = [] {};
     std::vector<std::string> opened;
 };
 

@@ -6,8 +6,23 @@
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 namespace quillmark {
+
+/// The desktop that other programs are started from.
+class Shell {
+public:
+    virtual ~Shell() = default;
+
+    /// Opens a web address in the browser, or a local file (full path in "\" form) with the program
+    /// that it belongs to. Returns at once. Throws a Failure when the desktop has nothing for it.
+    virtual void open(std::string_view target) = 0;
+
+    /// Whether open() may run the target instead of showing it: programs, scripts, starters of
+    /// programs (".desktop"), packages, and links to one of these.
+    virtual bool startsProgram(std::string_view target) const = 0;
+};
 
 /// What a dialog for saving a file begins with.
 struct SaveQuestion {
@@ -28,6 +43,18 @@ public:
                                                           const SaveQuestion& question) = 0;
     /// Asks for a page to start from.
     virtual std::optional<std::filesystem::path> openPage(QWidget* owner) = 0;
+};
+
+/// The system's default printer.
+class ReportPrinter {
+public:
+    virtual ~ReportPrinter() = default;
+
+    /// Whether there is one.
+    virtual bool available() const = 0;
+    /// Prints each text as one line, and ends the document. Throws a Failure when the printer does
+    /// not take it.
+    virtual void print(const QStringList& lines) = 0;
 };
 
 } // namespace quillmark

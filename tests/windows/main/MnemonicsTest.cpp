@@ -1,0 +1,122 @@
+#include "windows/support/Answers.h"
+#include "windows/support/TestProgram.h"
+
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QLabel>
+#include <QMenuBar>
+#include <QTabBar>
+
+#include <map>
+
+namespace quillmark::test {
+
+namespace {
+
+QStringList textsOf(const QList<QAction*>& actions) {
+    QStringList texts;
+    for (const QAction* action : actions) {
+        texts += action->text();
+    }
+    return texts;
+}
+
+/// The caption of a control, if Alt and a letter of it lead there.
+QStringList captionsOf(QWidget& control) {
+    if (const auto* button = qobject_cast<QAbstractButton*>(&control)) {
+        return {button->text()};
+    }
+    if (const auto* label = qobject_cast<QLabel*>(&control)) {
+        return label->buddy() == nullptr ? QStringList() : QStringList(label->text());
+    }
+    if (const auto* group = qobject_cast<QGroupBox*>(&control)) {
+        return {group->title()};
+    }
+    if (const auto* bar = qobject_cast<QMenuBar*>(&control)) {
+        return textsOf(bar->actions());
+    }
+    QStringList tabs;
+    if (const auto* bar = qobject_cast<QTabBar*>(&control)) {
+        for (int i = 0; i < bar->count(); ++i) {
+            tabs += bar->tabText(i);
+        }
+    }
+    return tabs;
+}
+
+/// "Alt+O: &Options, Sort &On" for each key that leads to two things.
+QStringList sharedKeys(const QStringList& captions) {
+    std::map<QString, QStringList> keys;
+    for (const QString& caption : captions) {
+        const QKeySequence key = QKeySequence::mnemonic(caption);
+        if (!key.isEmpty()) {
+            keys[key.toString()] += caption;
+        }
+    }
+    QStringList shared;
+    for (const auto& [key, leads] : keys) {
+        shared += leads.size() > 1 ? QStringList(key + ": " + leads.join(", ")) : QStringList();
+    }
+    return shared;
+}
+
+QStringList sharedKeys(QWidget& window) {
+    QStringList captions;
+    QStringList shared;
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        if (const auto* menu = qobject_cast<QMenu*>(control)) {
+            shared += sharedKeys(textsOf(menu->actions()));
+        } else if (control->window() == &window) {
+            captions += captionsOf(*control);
+        }
+    }
+    return shared + sharedKeys(captions);
+}
+
+} // namespace
+
+class MnemonicsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void eachKeyLeadsToOneThing_data() {
+        QTest::addColumn<QString>("window");
+        QTest::addColumn<QString>("button"); // Opens it; empty for one that asks nothing.
+        QTest::newRow("main") << "frmMain" << QString();
+        QTest::newRow("trace") << "frmDebug" << QString();
+        QTest::newRow("help") << "frmHelp" << QString();
+        QTest::newRow("about") << "frmAbout" << QString();
+        QTest::newRow("profiles") << "frmProfile"
+                                  << "cmdStart";
+        QTest::newRow("options") << "frmConfig2"
+                                 << "cmdOptions";
+    }
+
+    void eachKeyLeadsToOneThing() {
+        QFETCH(const QString, window);
+        QFETCH(const QString, button);
+        TestProgram program;
+        QStringList shared("was not opened");
+        const WhenModal dialog(named(window), [&shared](QWidget& modal) {
+            shared = sharedKeys(modal);
+            modal.close();
+        });
+        if (!button.isEmpty()) {
+            program.control<QPushButton>(button.toUtf8()).click();
+        }
+        program.window().showTraceWindow();
+        program.control<QAction>("mnuContents").trigger();
+        program.control<QAction>("mnuAbout").trigger();
+        for (QWidget* open : QApplication::topLevelWidgets()) {
+            if (open->objectName() == window) {
+                shared = sharedKeys(*open);
+            }
+        }
+        QCOMPARE(shared.join("; "), "");
+    }
+};
+
+} // namespace quillmark::test
+
+QTEST_MAIN(quillmark::test::MnemonicsTest)
+#include "MnemonicsTest.moc"
