@@ -5,6 +5,9 @@ namespace quillmark {
 Failure invalidProcedureCall() {
     return {5, "Invalid procedure call or argument"};
 }
+Failure invalidValue(const std::string& detail) {
+    return {5, detail};
+}
 Failure overflow() {
     return {6, "Overflow"};
 }

@@ -22,6 +22,8 @@ private:
 
 /// 5: a text or a position that the called procedure cannot work with.
 Failure invalidProcedureCall();
+/// 5: a setting or option that a check cannot work with; `detail` says which and why.
+Failure invalidValue(const std::string& detail);
 /// 6: a number that does not fit the field it is meant for.
 Failure overflow();
 /// 53: a file that is not there.

@@ -5,15 +5,16 @@
 #include "base/Paths.h"
 #include "classic/ClassicCheck.h"
 #include "classic/resolve/BaseUrl.h"
+#include "web/check/WebCheck.h"
 
 #include <new>
 #include <utility>
 
 namespace quillmark {
 
-CheckRun::CheckRun(ResultLists& lists, RunState& state, const Settings& settings, Outside& outside,
-                   std::string_view programFolder)
-    : lists_(lists), state_(state), settings_(settings), outside_(outside),
+CheckRun::CheckRun(ResultLists& lists, SiteResults& site, RunState& state, const Settings& settings,
+                   Outside& outside, std::string_view programFolder)
+    : lists_(lists), site_(site), state_(state), settings_(settings), outside_(outside),
       programFolder_(WithTrailingBackslash(programFolder)),
       sounds_(outside.listener, settings.configuration) {}
 
@@ -32,15 +33,26 @@ RunOutcome CheckRun::HostHandler() {
     const Settings snapshot = settings_;
     try {
         prepare();
-        ClassicCheck check({lists_, state_, snapshot, outside_, programFolder_ + "Quillmark.html"},
-                           sounds_);
-        return perform(check, snapshot.profile);
+        return snapshot.profile.RULES == Rules::Web ? performWeb(snapshot)
+                                                    : performClassic(snapshot);
     } catch (const Failure& failure) {
         return failedEnd(failure);
     } catch (const std::bad_alloc&) {
         // What the run held is free again by now: there is room for the message.
         return failedEnd({7, "Out of memory"});
     }
+}
+
+RunOutcome CheckRun::performClassic(const Settings& settings) {
+    ClassicCheck check({lists_, state_, settings, outside_, programFolder_ + "Quillmark.html"},
+                       sounds_);
+    return perform(check, settings.profile);
+}
+
+RunOutcome CheckRun::performWeb(const Settings& settings) {
+    web::WebCheck check(site_, state_, settings, webOptions_, outside_,
+                        programFolder_ + "Quillmark.html");
+    return perform(check, settings.profile);
 }
 
 RunOutcome CheckRun::perform(SiteCheck& check, const Profile& profile) {
@@ -60,6 +72,7 @@ void CheckRun::prepare() {
     state_.reading = {};
     state_.invalidPass = state_.unusedPass = state_.duplicatesPass = PassProgress::NotRun;
     lists_.ClearForRun();
+    site_ = {};
     outside_.listener.enterRunState();
     state_.abort = false;
     sounds_.start();

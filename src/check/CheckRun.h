@@ -1,11 +1,13 @@
 #pragma once
 
+#include "findings/SiteResults.h"
 #include "run/Outside.h"
 #include "run/RunContext.h"
 #include "run/RunSounds.h"
 #include "run/RunState.h"
 #include "settings/Settings.h"
 #include "store/ResultLists.h"
+#include "web/check/WebOptions.h"
 
 #include <string>
 #include <string_view>
@@ -22,9 +24,13 @@ enum class RunOutcome { Finished, Aborted, Failed };
 /// program.
 class CheckRun {
 public:
-    /// `programFolder` is the program's own folder in "\" form.
-    CheckRun(ResultLists& lists, RunState& state, const Settings& settings, Outside& outside,
-             std::string_view programFolder);
+    /// `programFolder` is the program's own folder in "\" form. `site` is what checks with the web
+    /// rules fill: the lists stay empty then, until projectLists() fills them from it.
+    CheckRun(ResultLists& lists, SiteResults& site, RunState& state, const Settings& settings,
+             Outside& outside, std::string_view programFolder);
+
+    /// What checks with the web rules are told beyond the settings, from the next run on.
+    void setWebOptions(const web::WebOptions& options) { webOptions_ = options; }
 
     /// What Start does once the profile is chosen: clears the messages and runs. The start path
     /// must not be empty.
@@ -35,6 +41,8 @@ public:
     void stop();
 
 private:
+    RunOutcome performClassic(const Settings& settings);
+    RunOutcome performWeb(const Settings& settings);
     RunOutcome perform(SiteCheck& check, const Profile& profile);
     void prepare();
     void deleteEarlierFiles();
@@ -46,11 +54,13 @@ private:
     void leaveRunState();
 
     ResultLists& lists_;
+    SiteResults& site_;
     RunState& state_;
     const Settings& settings_;
     Outside& outside_;
     std::string programFolder_;
     RunSounds sounds_;
+    web::WebOptions webOptions_;
 };
 
 } // namespace quillmark

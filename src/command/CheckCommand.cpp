@@ -8,8 +8,10 @@
 #include "command/start/RunSettings.h"
 #include "command/terminal/Terminal.h"
 #include "command/terminal/TerminalMessages.h"
+#include "findings/ListProjection.h"
 #include "platform/Console.h"
 #include "platform/disk/DiskAdapter.h"
+#include "platform/disk/SiteDisk.h"
 #include "platform/ftp/FtpXCtl.h"
 #include "platform/http/Inet.h"
 #include "ui/LineWriter.h"
@@ -75,11 +77,13 @@ RunOutcome performRun(const Options& options, Workspace& workspace,
                         workspace.trace, folder / "Quillmark.log", terminal);
     StopSignal events;
     DiskAdapter disk;
+    SiteDisk site;
     FtpXCtl ftp(messages, events, workspace.run, trace, timeoutsFromEnvironment());
     Inet inet(events, workspace.run, limitsFor(options));
-    Outside outside{messages, disk, ftp, inet, terminal, events};
-    CheckRun run(workspace.lists, workspace.run, workspace.settings, outside,
+    Outside outside{messages, disk, ftp, inet, terminal, events, site};
+    CheckRun run(workspace.lists, workspace.site, workspace.run, workspace.settings, outside,
                  ToBackSlashes(folder.string()));
+    run.setWebOptions(options.web);
     events.onStop([&run] { run.stop(); });
     return run.start();
 }
@@ -92,11 +96,14 @@ void warnOfUnread(const Workspace& workspace) {
     }
 }
 
-int statusOf(RunOutcome outcome, const Workspace& workspace) {
+int statusOf(const Options& options, RunOutcome outcome, const Workspace& workspace) {
     if (outcome != RunOutcome::Finished) {
         return NotFinished;
     }
-    return workspace.lists.InvalidReferences.Count() == 0 ? NothingInvalid : InvalidFound;
+    const SiteResults& site = workspace.site;
+    const bool found = site.filled ? site.errors() > 0 || (options.strict && !site.findings.empty())
+                                   : workspace.lists.InvalidReferences.Count() > 0;
+    return found ? InvalidFound : NothingInvalid;
 }
 
 } // namespace
@@ -112,10 +119,13 @@ int runCheck(const Options& options) {
         started = true;
         TraceFile trace(options.trace);
         const RunOutcome outcome = performRun(options, workspace, place.folder(), trace);
+        if (workspace.site.filled && options.hasOutput()) {
+            projectLists(workspace.site, workspace.lists);
+        }
         writeResults(options, outcome, workspace);
         warnOfUnread(workspace);
         writing(options.trace, [&trace] { trace.close(); });
-        return statusOf(outcome, workspace);
+        return statusOf(options, outcome, workspace);
     } catch (const std::exception& error) {
         complain(error.what());
         return started ? NotFinished : NotStarted;

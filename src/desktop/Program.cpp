@@ -2,6 +2,7 @@
 
 #include "base/Failure.h"
 #include "base/Paths.h"
+#include "findings/ListProjection.h"
 #include "platform/FolderLock.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
@@ -31,8 +32,8 @@ Program::Program(std::filesystem::path folder, std::filesystem::path help,
       window_({workspace_, files_, messages_, progress_, disk_, ftp_, mover_, parts.shell,
                parts.dialogs, parts.printer, folder_},
               *this, std::move(help)),
-      outside_{messages_, disk_, ftp_, inet_, *this, events_},
-      run_(workspace_.lists, workspace_.run, workspace_.settings, outside_,
+      outside_{messages_, disk_, ftp_, inet_, *this, events_, site_},
+      run_(workspace_.lists, workspace_.site, workspace_.run, workspace_.settings, outside_,
            ToBackSlashes(folder_.string())) {
     feed_.onPosted([this] { window_.messagesPosted(); });
     trace_.onTraced([this] { window_.conversationTraced(); });
@@ -42,6 +43,23 @@ Program::Program(std::filesystem::path folder, std::filesystem::path help,
         ReadConfigurations(workspace_.settings, files_, messageBox);
     } catch (const Failure& failure) {
         messageBox("Quillmark.ini cannot be written: " + failure.description());
+    }
+}
+
+// An aborted run ends without ShowResults, and its lists are looked at all the same.
+void Program::leaveRunState() {
+    fillLists();
+    window_.leaveRunState();
+}
+
+void Program::ShowResults() {
+    fillLists();
+    window_.ShowResults();
+}
+
+void Program::fillLists() {
+    if (workspace_.site.filled) {
+        projectLists(workspace_.site, workspace_.lists);
     }
 }
 

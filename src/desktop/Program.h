@@ -6,6 +6,7 @@
 #include "desktop/WindowFeeds.h"
 #include "platform/ProgramFolder.h"
 #include "platform/disk/DiskAdapter.h"
+#include "platform/disk/SiteDisk.h"
 #include "platform/ftp/FtpXCtl.h"
 #include "platform/http/Inet.h"
 #include "run/RunListener.h"
@@ -40,6 +41,7 @@ public:
 
 private:
     void start() override;
+    void fillLists();
     void stop() override { run_.stop(); }
 
     void InitializeThinking(std::string_view title) override {
@@ -50,9 +52,9 @@ private:
     }
     void RemoveThinking() override { progress_.RemoveThinking(); }
     void enterRunState() override { window_.enterRunState(); }
-    void leaveRunState() override { window_.leaveRunState(); }
+    void leaveRunState() override;
     void showTraceWindow() override { window_.showTraceWindow(); }
-    void ShowResults() override { window_.ShowResults(); }
+    void ShowResults() override;
     void play(std::string_view name) override { playSound_(name); }
 
     std::filesystem::path folder_;
@@ -63,6 +65,7 @@ private:
     WindowEvents events_;
     ThinkingWindow progress_;
     DiskAdapter disk_;
+    SiteDisk site_;
     DiskMover mover_;
     HostTrace trace_;
     FtpXCtl ftp_;

@@ -5,6 +5,7 @@
 #include "run/LocalDisk.h"
 #include "run/Messages.h"
 #include "run/RunListener.h"
+#include "run/SiteSource.h"
 #include "run/UrlFetcher.h"
 
 namespace quillmark {
@@ -17,6 +18,7 @@ struct Outside {
     UrlFetcher& inet;
     RunListener& listener;
     EventLoop& events;
+    SiteSource& site; ///< The local disk, as the web rules read it.
 };
 
 } // namespace quillmark

@@ -29,6 +29,8 @@ public:
 
     /// Adds a copy of the line at the end.
     void Append(std::string_view line);
+    /// Adds the line itself at the end: its bytes must outlive the list's contents.
+    void AppendView(std::string_view line) { lines_.push_back(line); }
     /// Line i, with 0 <= i < Count().
     std::string_view Line(int i) const;
     int Count() const;

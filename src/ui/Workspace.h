@@ -1,5 +1,6 @@
 #pragma once
 
+#include "findings/SiteResults.h"
 #include "run/RunState.h"
 #include "settings/Settings.h"
 #include "store/ResultLists.h"
@@ -7,9 +8,10 @@
 
 namespace quillmark {
 
-/// What a program owns for its whole life, and lends to its parts: the lists, the state of the run,
-/// the settings and the trace.
+/// What a program owns for its whole life, and lends to its parts: the results, the state of
+/// the run, the settings and the trace.
 struct Workspace {
+    SiteResults site; ///< Of a check with the web rules; the lists may hold views into them.
     ResultLists lists;
     RunState run;
     Settings settings;

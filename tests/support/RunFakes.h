@@ -5,6 +5,7 @@
 #include "base/Paths.h"
 #include "check/CheckRun.h"
 #include "platform/disk/DiskAdapter.h"
+#include "platform/disk/SiteDisk.h"
 #include "run/ListLimit.h"
 #include "run/Outside.h"
 #include "settings/DefaultSettings.h"
@@ -115,20 +116,23 @@ public:
 struct RunBench {
     TempFolder site;
     TempFolder program;
+    SiteResults siteResults;
     ResultLists lists;
     RunState state;
     Settings settings;
     RecordingMessages messages;
     DiskAdapter disk;
+    SiteDisk siteDisk;
     FolderHost host;
     SilentWeb web;
     RecordingWindow window;
     HookedEvents events;
-    Outside outside{messages, disk, host, web, window, events};
+    Outside outside{messages, disk, host, web, window, events, siteDisk};
     RunContext context{lists, state, settings, outside,
                        ToBackSlashes((program.path() / "Quillmark.html").string())};
     ListLimit limit{messages, state};
-    CheckRun run{lists, state, settings, outside, ToBackSlashes(program.path().string())};
+    CheckRun run{lists,    siteResults, state,
+                 settings, outside,     ToBackSlashes(program.path().string())};
 
     RunBench() {
         SetDefaultSettings(settings);

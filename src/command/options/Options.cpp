@@ -90,6 +90,42 @@ void addHost(CLI::App& app, Options& options) {
         ->group(group);
 }
 
+void addWebRules(CLI::App& app, Options& options) {
+    app.add_option(
+           "--rules", options.rules,
+           "How pages are read: classic (the default) by Quillmark's literal rules, web as\n"
+           "browsers read them")
+        ->type_name("NAME")
+        ->check(CLI::IsMember({"classic", "web"}));
+    const std::string webGroup = "With --rules web";
+    const auto add = [&](const char* name, auto& value, const char* help, const char* type) {
+        app.add_option(name, value, help)
+            ->type_name(type)
+            ->allow_extra_args(false)
+            ->group(webGroup);
+    };
+    const auto flag = [&](const char* name, bool& value, const char* help) {
+        app.add_flag(name, value, help)->group(webGroup);
+    };
+    add("--root", options.root, "The top of the site (the start file's folder)", "DIR");
+    add("--site-url", options.siteUrl,
+        "The address under which visitors see the top: references to it are the site's own files",
+        "URL");
+    add("--index", options.web.indexNames,
+        "A name that answers for its folder (index.html, index.htm); may be repeated", "NAME");
+    add("--exclude", options.web.exclude,
+        "Ignore references, and paths from the top, that contain the pattern (RE2); may be\n"
+        "repeated",
+        "REGEX");
+    add("--keep", options.web.keep,
+        "Never call files unused whose path from the top contains the pattern; may be repeated",
+        "REGEX");
+    flag("--clean-urls", options.web.cleanUrls, "\"about\" finds about.html");
+    flag("--all-pages", options.web.allPages, "Read every page, not only those that are reached");
+    flag("--ignore-case", options.ignoreCase, "Accept names in other capital or small letters");
+    flag("--strict", options.strict, "Notes count as errors, too");
+}
+
 void addProfileCommand(CLI::App& profile, Options& options, const std::string& name,
                        const std::string& description, Action action) {
     CLI::App* command = profile.add_subcommand(name, description);
@@ -165,6 +201,7 @@ ParsedOptions parseOptions(int argc, const char* const* argv) {
                "\nTry \"quillmark-check --help\".\n";
     });
     addSource(app, parsed.options);
+    addWebRules(app, parsed.options);
     addHost(app, parsed.options);
     addProfileCommands(app, parsed.options);
     addOutput(app, parsed.options);

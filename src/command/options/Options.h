@@ -1,5 +1,7 @@
 #pragma once
 
+#include "web/check/WebOptions.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -35,8 +37,14 @@ struct Options {
     std::optional<std::string> folder;
     std::vector<std::string> set; ///< KEY=VALUE each.
     std::string report;
-    std::string json; ///< A file, or "-" for standard output.
-    std::string list; ///< The name of a result list.
+    std::string json;                 ///< A file, or "-" for standard output.
+    std::string list;                 ///< The name of a result list.
+    std::optional<std::string> rules; ///< "classic" or "web".
+    std::optional<std::string> siteUrl;
+    std::optional<std::string> root; ///< The top of the site, in the machine's or host's form.
+    web::WebOptions web;
+    bool ignoreCase = false;
+    bool strict = false;
     bool quiet = false;
     bool verbose = false;
     bool color = false;

@@ -45,6 +45,13 @@ std::string startPathOf(const std::string& file) {
     return ToBackSlashes(path);
 }
 
+std::string siteRootOf(const std::string& folder) {
+    if (!fs::is_directory(folder)) {
+        throw CannotStart("there is no folder \"" + folder + "\"");
+    }
+    return ToBackSlashes(fs::absolute(folder).lexically_normal().string());
+}
+
 void requireStartFile(const std::string& startPath) {
     requireFile(onDiskSpelling(nativePath(startPath)), startPath);
 }

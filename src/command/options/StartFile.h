@@ -15,7 +15,11 @@ public:
 /// form. Throws CannotStart if there is no such file.
 std::string startPathOf(const std::string& file);
 
-/// Throws CannotStart when a Local Mode start path ("\" form) leads to no file, in any spelling.
+/// The SITE_ROOT of a folder that the user names in the machine's own form. Throws CannotStart if
+/// there is no such folder.
+std::string siteRootOf(const std::string& folder);
+
+/// Throws CannotStart if a Local Mode start path ("\" form) leads to no file, in any spelling.
 void requireStartFile(const std::string& startPath);
 
 } // namespace quillmark

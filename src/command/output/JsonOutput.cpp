@@ -1,6 +1,7 @@
 #include "command/output/Results.h"
 
 #include "command/options/NamedLists.h"
+#include "command/output/FindingsJson.h"
 
 #include <cmath>
 #include <string>
@@ -70,7 +71,11 @@ void writeJson(std::ostream& out, RunOutcome outcome, const Workspace& workspace
     out << "{\n  \"outcome\": " << text(outcomeName(outcome))
         << ",\n  \"mode\": " << text(run.localMode ? "local" : "remote")
         << ",\n  \"baseUrl\": " << text(run.baseUrl) << ",\n  \"statistics\": " << statistics(run)
-        << ",\n  \"lists\": {\n";
+        << ",\n";
+    if (workspace.site.filled) {
+        writeFindings(out, workspace.site);
+    }
+    out << "  \"lists\": {\n";
     for (const NamedList& list : namedLists()) {
         writeList(out, list.name, workspace.lists.*list.lines);
         out << ",\n";

@@ -100,7 +100,8 @@ void writeResults(const Options& options, RunOutcome outcome, const Workspace& w
         writeNamedList(*findList(options.list), workspace.lists);
     }
     if (!options.hasOutput()) {
-        writeSummary(std::cout, outcome, workspace, useColor(options.color));
+        (workspace.site.filled ? writeWebSummary : writeSummary)(std::cout, outcome, workspace,
+                                                                 useColor(options.color));
     }
     writing("standard output", [] { requireGood(std::cout.flush()); });
 }

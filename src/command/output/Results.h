@@ -21,6 +21,10 @@ void writeResults(const Options& options, RunOutcome outcome, const Workspace& w
 /// that makes it, and how to see the rest. Names below the start directory are shown from there on.
 void writeSummary(std::ostream& out, RunOutcome outcome, const Workspace& workspace, bool color);
 
+/// The same for a check with the web rules: each finding under its page, with its place and what
+/// was meant, and the totals.
+void writeWebSummary(std::ostream& out, RunOutcome outcome, const Workspace& workspace, bool color);
+
 /// Writes the outcome and every list as one JSON object (RFC 8259). Bytes that are not UTF-8 become
 /// U+FFFD.
 void writeJson(std::ostream& out, RunOutcome outcome, const Workspace& workspace);

@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "base/Printable.h"
 #include "base/Version.h"
+#include "command/output/Style.h"
 
 #include <algorithm>
 #include <map>
@@ -13,13 +14,6 @@
 namespace quillmark {
 
 namespace {
-
-constexpr std::string_view Plain = "\x1B[0m";
-constexpr std::string_view Bold = "\x1B[1m";
-constexpr std::string_view Dim = "\x1B[2m";
-constexpr std::string_view Red = "\x1B[1;31m";
-constexpr std::string_view Green = "\x1B[1;32m";
-constexpr std::string_view Yellow = "\x1B[1;33m";
 
 constexpr int NewestMessages = 5;
 constexpr int ListHintColumn = 30;
@@ -43,7 +37,7 @@ public:
 
 private:
     std::string styled(std::string_view style, const std::string& text) const {
-        return color_ ? std::string(style) + text + std::string(Plain) : text;
+        return quillmark::styled(color_, style, text);
     }
 
     std::string shortName(std::string_view path) const {
@@ -51,10 +45,6 @@ private:
             path.remove_prefix(startDirectory_.size());
         }
         return printable(path);
-    }
-
-    static std::string counted(int count, const std::string& one, const std::string& many) {
-        return std::to_string(count) + " " + (count == 1 ? one : many);
     }
 
     void writeHeading() {

@@ -1,5 +1,6 @@
 #include "command/start/RunSettings.h"
 
+#include "base/Failure.h"
 #include "command/options/StartFile.h"
 #include "command/start/Password.h"
 #include "command/terminal/Terminal.h"
@@ -69,6 +70,41 @@ void applyHost(const Options& options, Settings& settings) {
     }
 }
 
+/// What the options of the web rules say that a profile can hold, too.
+void applyWebRules(const Options& options, Settings& settings) {
+    Profile& profile = settings.profile;
+    if (options.rules) {
+        setByKey(settings, "RULES", *options.rules);
+    }
+    if (options.siteUrl) {
+        profile.SITE_URL = *options.siteUrl;
+    }
+    if (options.root) {
+        const bool local = profile.START_PATH.find('\\') != std::string::npos;
+        profile.SITE_ROOT = local ? siteRootOf(*options.root) : *options.root;
+    }
+}
+
+/// Only the command line decides whether the web rules ignore case: Quillmark.ini does not keep
+/// that setting, and a name in other letters breaks on most servers.
+void applyIgnoreCase(const Options& options, Settings& settings) {
+    const auto namesCase = [](const std::string& assignment) {
+        return assignment.starts_with("IGNORECASE=");
+    };
+    if (settings.profile.RULES == Rules::Web &&
+        std::none_of(options.set.begin(), options.set.end(), namesCase)) {
+        settings.configuration.IGNORECASE = options.ignoreCase ? 1 : 0;
+    }
+}
+
+void requireSoundWebOptions(const Options& options, const Profile& profile) {
+    try {
+        web::requireSoundOptions(options.web, profile);
+    } catch (const Failure& failure) {
+        throw CannotStart(failure.description());
+    }
+}
+
 /// Throws CannotStart, with the names there are, if there is no profile of that name.
 void requireProfile(const std::string& name, SettingsFiles& files) {
     const std::vector<std::string> names = ListProfiles(files);
@@ -86,6 +122,7 @@ void requireProfile(const std::string& name, SettingsFiles& files) {
 
 void applyOptions(const Options& options, Settings& settings) {
     applyHost(options, settings);
+    applyWebRules(options, settings);
     applySettings(options.set, settings);
 }
 
@@ -107,6 +144,8 @@ void takeRunSettings(const Options& options, Settings& settings, SettingsFiles& 
         profile.START_PATH = startPathOf(options.start);
     }
     applyOptions(options, settings);
+    applyIgnoreCase(options, settings);
+    requireSoundWebOptions(options, profile);
     if (options.verbose) {
         settings.configuration.DEBUG = 1;
     }

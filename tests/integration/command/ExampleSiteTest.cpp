@@ -1,5 +1,6 @@
 #include "integration/command/CommandBench.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -47,6 +48,58 @@ TEST(ExampleSite, HoldsWhatIsPlantedInIt) {
     EXPECT_EQ(sorted(lists["DuplicateList"]), Words{"images/logo.gif"});
     EXPECT_EQ(lists["GetFileList"].size(), 12U);
     EXPECT_EQ(lists["ReferenceList"].size(), 146U);
+}
+
+/// "kind page reference" of each finding, notes with "note " in front.
+Words described(const nlohmann::json& findings) {
+    Words lines;
+    const std::string root = std::string(QUILLMARK_EXAMPLE_TODAY) + "/";
+    for (const auto& finding : findings) {
+        const std::string page = finding["page"];
+        lines.push_back((finding["level"] == "note" ? "note " : "") +
+                        finding["kind"].get<std::string>() + " " + page.substr(root.size()) + " " +
+                        finding["reference"].get<std::string>());
+    }
+    return lines;
+}
+
+TEST(ExampleSite, OfTodayShowsEachKindOfFinding) {
+    const CommandBench bench;
+    const std::string start = std::string(QUILLMARK_EXAMPLE_TODAY) + "/index.html";
+    const Words words = {"--rules", "web", "--set", "CHECK_DUPES=1", start};
+    const auto json = bench.json(words);
+    EXPECT_EQ(
+        described(json["findings"]),
+        (Words{"other-case index.html images/Logo.svg",
+               "fragment-missing index.html images/icons.svg#loaf",
+               "extension-left-out index.html about",
+               "note folder-without-index index.html downloads/",
+               "note fragment-missing index.html #/basket", "missing index.html images/oven@2x.png",
+               "fragment-missing index.html menu/index.html#ryebread",
+               "missing index.html /menu/prices.html",
+               "missing site.webmanifest images/icon-512.png",
+               "missing menu/index.html specials.html", "missing css/print.css bullet.png",
+               "missing about.html images/harbor.png",
+               "this-computer-only about.html file:///home/me/bakery/notes.html",
+               "no-address about.html https://<your-server>/archive/",
+               "other-form about.html cafe%CC%81.html",
+               "dangling-link about.html downloads/menu-latest.pdf",
+               "fragment-missing about.html #History", "note missing about.html contact.php"}));
+    const auto& first = json["findings"][0];
+    EXPECT_EQ(first["line"], 8);
+    EXPECT_EQ(first["column"], 26);
+    EXPECT_EQ(first["element"], "link");
+    EXPECT_EQ(first["attribute"], "href");
+    EXPECT_EQ(first["suggestion"], "images/logo.svg");
+    EXPECT_EQ(json["lists"]["InvalidReferences"].size(), 15U);
+    EXPECT_EQ(json["lists"]["UnusedList"].size(), 4U);
+    EXPECT_EQ(json["duplicates"].size(), 1U);
+    EXPECT_EQ(json["ignored"].size(), 4U);
+    const Finished summary = bench.check(words);
+    EXPECT_EQ(summary.status, 1);
+    EXPECT_THAT(summary.out,
+                testing::HasSubstr("8:26     images/Logo.svg           the name has other capital "
+                                   "letters (did you mean images/logo.svg?)"));
 }
 
 } // namespace

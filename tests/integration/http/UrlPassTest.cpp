@@ -52,8 +52,8 @@ struct UrlPass {
         }
     }
     void check() {
-        Outside outside{bench.messages, bench.disk,   bench.host,   inet,
-                        bench.window,   bench.window, bench.window, bench.events};
+        Outside outside{bench.messages, bench.disk,   bench.host,    inet,
+                        bench.window,   bench.events, bench.siteDisk};
         RunContext context{bench.lists, bench.state, bench.settings, outside, ""};
         FiledReferences references(bench.lists);
         LineIndex files(bench.lists.FileList, NameComparison::Exact);

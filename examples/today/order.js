@@ -1,0 +1,1 @@
+fetch("data/prices.json").then((prices) => prices.json());

@@ -1,0 +1,79 @@
+#include "command/output/FindingsJson.h"
+
+#include <string>
+#include <string_view>
+
+#include <nlohmann/json.hpp>
+
+namespace quillmark {
+
+namespace {
+
+using Json = nlohmann::json;
+
+std::string text(std::string_view bytes) {
+    return Json(bytes).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+std::string textOrNull(std::string_view bytes) {
+    return bytes.empty() ? "null" : text(bytes);
+}
+
+void writePlace(std::ostream& out, const SiteResults& results, const Place& at) {
+    out << "\"page\": " << text(results.pagePath(at.page)) << ", \"line\": " << at.line
+        << ", \"column\": " << at.column << ", \"element\": " << text(at.element)
+        << ", \"attribute\": " << text(at.attribute);
+}
+
+/// Each item on a line of its own, written as it comes: there may be a million.
+template <typename Items, typename Write>
+void writeArray(std::ostream& out, std::string_view name, const Items& items, Write write) {
+    out << "  \"" << name << "\": [";
+    bool first = true;
+    for (const auto& item : items) {
+        out << (first ? "\n    " : ",\n    ");
+        write(item);
+        first = false;
+    }
+    out << (first ? "],\n" : "\n  ],\n");
+}
+
+void writeTotals(std::ostream& out, const SiteResults& results) {
+    out << "  \"totals\": {";
+    for (std::size_t kind = 0; kind < FindingKinds; ++kind) {
+        const KindTotal& total = results.totals.at(kind);
+        out << (kind == 0 ? "\n    " : ",\n    ") << text(nameOf(static_cast<FindingKind>(kind)))
+            << ": {\"errors\": " << total.errors << ", \"notes\": " << total.notes
+            << ", \"targets\": " << total.targets << "}";
+    }
+    out << "\n  },\n";
+}
+
+} // namespace
+
+void writeFindings(std::ostream& out, const SiteResults& results) {
+    out << "  \"rules\": \"web\",\n  \"top\": " << text(results.top) << ",\n";
+    writeTotals(out, results);
+    writeArray(out, "findings", results.findings, [&](const Finding& finding) {
+        out << "{\"kind\": " << text(nameOf(finding.kind))
+            << ", \"level\": " << text(nameOf(finding.level)) << ", ";
+        writePlace(out, results, finding.at);
+        out << ", \"reference\": " << text(finding.reference)
+            << ", \"target\": " << textOrNull(finding.target)
+            << ", \"suggestion\": " << textOrNull(finding.suggestion) << "}";
+    });
+    writeArray(out, "ignored", results.ignored, [&](const IgnoredReference& ignored) {
+        out << "{\"reason\": " << text(nameOf(ignored.reason)) << ", ";
+        writePlace(out, results, ignored.at);
+        out << ", \"reference\": " << text(ignored.reference) << "}";
+    });
+    writeArray(out, "duplicates", results.duplicates, [&](const auto& group) {
+        out << "[";
+        for (std::size_t i = 0; i < group.size(); ++i) {
+            out << (i == 0 ? "" : ", ") << text(results.files[group[i]].path);
+        }
+        out << "]";
+    });
+}
+
+} // namespace quillmark

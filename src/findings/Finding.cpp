@@ -1,0 +1,47 @@
+#include "findings/Finding.h"
+
+#include <array>
+
+namespace quillmark {
+
+namespace {
+
+struct KindTexts {
+    std::string_view name;
+    std::string_view explanation;
+};
+
+constexpr std::array<KindTexts, FindingKinds> Kinds = {{
+    {"missing", "there is no such file"},
+    {"fragment-missing", "the page has no such id"},
+    {"other-case", "the name has other capital letters"},
+    {"other-form", "the name has another Unicode form"},
+    {"extension-left-out", "the extension is left out"},
+    {"folder-without-index", "the folder has no index page"},
+    {"this-computer-only", "works on this computer only"},
+    {"no-address", "this is no address"},
+    {"dangling-link", "the symbolic link leads nowhere"},
+}};
+
+constexpr std::array<std::string_view, IgnoredReasons> Reasons = {
+    "another site", "other scheme", "above the top of the site", "excluded", "folder not listed"};
+
+} // namespace
+
+std::string_view nameOf(FindingKind kind) {
+    return Kinds.at(static_cast<std::size_t>(kind)).name;
+}
+
+std::string_view nameOf(FindingLevel level) {
+    return level == FindingLevel::Error ? "error" : "note";
+}
+
+std::string_view nameOf(IgnoredReason reason) {
+    return Reasons.at(static_cast<std::size_t>(reason));
+}
+
+std::string_view explanationOf(FindingKind kind) {
+    return Kinds.at(static_cast<std::size_t>(kind)).explanation;
+}
+
+} // namespace quillmark

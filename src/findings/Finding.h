@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace quillmark {
+
+/// What is wrong with a reference.
+enum class FindingKind : std::uint8_t {
+    Missing,
+    FragmentMissing,
+    OtherCase,
+    OtherForm,
+    ExtensionLeftOut,
+    FolderWithoutIndex,
+    ThisComputerOnly,
+    NoAddress,
+    DanglingLink
+};
+inline constexpr std::size_t FindingKinds = 9;
+
+/// Errors make a check fail; notes are for people.
+enum class FindingLevel : std::uint8_t { Error, Note };
+
+/// Why a reference was not looked up.
+enum class IgnoredReason : std::uint8_t {
+    AnotherSite,
+    OtherScheme,
+    AboveTop,
+    Excluded,
+    NotListed ///< In a folder that could not be listed, or lies deeper than MAX_LEVELS.
+};
+
+inline constexpr std::size_t IgnoredReasons = 5;
+
+/// Where a reference stands.
+struct Place {
+    std::uint32_t page = 0;   ///< Index into SiteResults::pages.
+    std::uint32_t line = 1;   ///< 1-based.
+    std::uint32_t column = 1; ///< 1-based, in characters.
+    std::string_view element; ///< "" in a style sheet.
+    std::string_view attribute;
+};
+
+/// A reference that is not as it should be.
+struct Finding {
+    FindingKind kind = FindingKind::Missing;
+    FindingLevel level = FindingLevel::Error;
+    Place at;
+    std::string_view reference; ///< As written, decoded to UTF-8.
+    /// The full path that it leads to, with "#" and the fragment where that is missing; empty where
+    /// it leads to no path.
+    std::string_view target;
+    std::string_view suggestion; ///< What was meant: a reference to write instead; may be empty.
+};
+
+/// A reference that was not looked up.
+struct IgnoredReference {
+    IgnoredReason reason = IgnoredReason::AnotherSite;
+    Place at;
+    std::string_view reference; ///< As written, decoded to UTF-8.
+};
+
+/// The short name of a kind, for output that programs read: "fragment-missing".
+std::string_view nameOf(FindingKind kind);
+/// The same for a level: "error", "note".
+std::string_view nameOf(FindingLevel level);
+/// A reason as a person reads it: "another site".
+std::string_view nameOf(IgnoredReason reason);
+/// What is wrong, as a person reads it: "there is no such file".
+std::string_view explanationOf(FindingKind kind);
+
+} // namespace quillmark

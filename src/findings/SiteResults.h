@@ -1,0 +1,81 @@
+#pragma once
+
+#include "findings/Finding.h"
+#include "store/TextStore.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmark {
+
+/// A file of the inventory.
+struct SiteFile {
+    std::string_view path; ///< Full path.
+    std::uint64_t size = 0;
+    bool link = false;   ///< A symbolic link, to a file or to nothing.
+    bool hidden = false; ///< Its name, or that of a folder on the way, begins with ".".
+    bool used = false;   ///< A reference reached it.
+};
+
+/// A page that was read: any file whose references count.
+struct SitePage {
+    std::uint32_t target = 0;         ///< Its address: index for SiteResults::path().
+    std::uint32_t firstReference = 0; ///< Index into SiteResults::references.
+};
+
+/// A reference that leads to a path of the site, whether something is there or not.
+struct SiteReference {
+    std::uint32_t target = 0; ///< Index for SiteResults::path().
+    std::uint32_t line = 1;
+    std::uint32_t column = 1;
+};
+
+/// How many findings there are of a kind.
+struct KindTotal {
+    std::uint32_t errors = 0;
+    std::uint32_t notes = 0;
+    std::uint32_t targets = 0; ///< Different targets among the errors and notes.
+};
+
+/// All that a check with the web rules finds. Paths are full paths in "/" form, as bytes; every
+/// text lives as long as the results do.
+struct SiteResults {
+    bool filled = false;  ///< A check with the web rules wrote these.
+    std::string_view top; ///< The folder that is the top of the site, with its final "/".
+    std::vector<std::string_view> folders; ///< Below the top, each with its final "/".
+    std::vector<SiteFile> files;           ///< In the order of the walk.
+    /// What references lead to beyond the files: files reached through a folder that is a link,
+    /// folders without an index page, and what is not there.
+    std::vector<std::string_view> otherTargets;
+
+    std::vector<SitePage> pages;           ///< In the order of their discovery.
+    std::vector<SiteReference> references; ///< Page by page, in the order of their source.
+    std::vector<Finding> findings;         ///< Page by page, in the order of their source.
+    std::vector<IgnoredReference> ignored; ///< The same.
+    std::vector<std::uint32_t> unused;     ///< Indices of files.
+    std::vector<std::vector<std::uint32_t>> duplicates; ///< Groups of files with equal bytes.
+    bool duplicatesKnown = false;                       ///< They were looked for.
+    std::array<KindTotal, FindingKinds> totals{};       ///< By kind.
+
+    TextStore texts;
+
+    /// The full path of a target: that of files[target], or what follows the files.
+    std::string_view path(std::uint32_t target) const {
+        return target < files.size() ? files[target].path : otherTargets[target - files.size()];
+    }
+    std::string_view pagePath(std::uint32_t page) const { return path(pages[page].target); }
+    /// The same from the top of the site on.
+    std::string_view fromTop(std::string_view fullPath) const {
+        return fullPath.starts_with(top) ? fullPath.substr(top.size()) : fullPath;
+    }
+    /// How many findings are errors.
+    std::size_t errors() const;
+};
+
+/// Fills the totals from the findings.
+void countFindings(SiteResults& results);
+
+} // namespace quillmark

@@ -1,0 +1,183 @@
+#include "web/address/Address.h"
+
+#include "web/address/PathSegments.h"
+#include "web/address/PercentCoding.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillmark::web {
+
+namespace {
+
+constexpr std::uint16_t HttpsPort = 443;
+
+bool isSlash(char c) {
+    return c == '/' || c == '\\';
+}
+
+bool isStripped(char c) {
+    return static_cast<unsigned char>(c) <= 0x20;
+}
+
+bool isLineBreak(char c) {
+    return c == '\t' || c == '\n' || c == '\r';
+}
+
+/// Without the blanks and control characters around it, and the tabs and line breaks in it.
+std::string_view cleanedText(std::string_view text, std::string& cleaned) {
+    while (!text.empty() && isStripped(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isStripped(text.back())) {
+        text.remove_suffix(1);
+    }
+    if (std::none_of(text.begin(), text.end(), isLineBreak)) {
+        return text;
+    }
+    cleaned = text;
+    std::erase_if(cleaned, isLineBreak);
+    return cleaned;
+}
+
+std::optional<std::string_view> cutFragment(std::string_view& text) {
+    const std::size_t hash = text.find('#');
+    if (hash == std::string_view::npos) {
+        return std::nullopt;
+    }
+    std::string_view fragment = text.substr(hash + 1);
+    text = text.substr(0, hash);
+    return fragment.substr(0, fragment.find(":~:"));
+}
+
+bool isDrive(std::string_view text) {
+    return text.size() >= 2 && text[1] == '|' && (text[0] | 0x20) >= 'a' &&
+           (text[0] | 0x20) <= 'z' && (text.size() == 2 || isSlash(text[2]));
+}
+
+bool isFile(std::string_view scheme) {
+    return scheme.size() == 4 && (scheme[0] | 0x20) == 'f' && (scheme[1] | 0x20) == 'i' &&
+           (scheme[2] | 0x20) == 'l' && (scheme[3] | 0x20) == 'e';
+}
+
+} // namespace
+
+Addresses::Addresses(std::optional<SiteUrl> site, Servers servers)
+    : site_(std::move(site)), servers_(servers) {}
+
+Base Addresses::baseOf(std::string_view page, std::optional<std::string_view> href) const {
+    Base own{Leads::IntoSite, topFolder().append(page)};
+    if (!href) {
+        return own;
+    }
+    Address address;
+    follow(*href, own, address);
+    if (address.leads == Leads::Nowhere || address.leads == Leads::OtherScheme) {
+        return own;
+    }
+    return {address.leads, std::move(address.path)};
+}
+
+std::optional<std::string> Addresses::inSite(const Base& base) const {
+    const std::string folder = topFolder();
+    if (base.leads != Leads::IntoSite || !base.path.starts_with(folder)) {
+        return std::nullopt;
+    }
+    return base.path.substr(folder.size());
+}
+
+void Addresses::resolve(std::string_view text, const Base& base, Address& address) const {
+    follow(text, base, address);
+    if (address.leads == Leads::IntoSite) {
+        enterSite(address);
+    }
+}
+
+void Addresses::follow(std::string_view text, const Base& base, Address& address) const {
+    address.leads = Leads::IntoSite;
+    address.path.clear();
+    address.fromTop = false;
+    address.unreachable = false;
+    text = cleanedText(text, address.cleaned);
+    address.fragment = cutFragment(text);
+    if (const std::string_view scheme = schemeOf(text); !scheme.empty()) {
+        followAbsolute(scheme, text.substr(scheme.size() + 1), base, address);
+    } else if (text.size() >= 2 && isSlash(text[0]) && isSlash(text[1])) {
+        followServer(text, 0, address);
+    } else if (isDrive(text)) {
+        address.leads = Leads::ThisComputer;
+    } else {
+        followPath(text, base, address);
+    }
+}
+
+void Addresses::followAbsolute(std::string_view scheme, std::string_view text, const Base& base,
+                               Address& address) const {
+    if (scheme.size() == 1 || isFile(scheme)) {
+        address.leads = Leads::ThisComputer;
+        return;
+    }
+    const auto port = webPort(scheme);
+    if (!port) {
+        address.leads = Leads::OtherScheme;
+    } else if (*port == HttpsPort && (text.empty() || !isSlash(text.front()))) {
+        // "https:page.html" is relative to a page of that scheme, as pages of today are.
+        followPath(text, base, address);
+    } else {
+        followServer(text, *port, address);
+    }
+}
+
+void Addresses::followServer(std::string_view text, std::uint16_t ownPort, Address& address) const {
+    while (!text.empty() && isSlash(text.front())) {
+        text.remove_prefix(1);
+    }
+    const std::size_t end = std::min(text.find_first_of("/\\?"), text.size());
+    const auto authority = parseAuthority(text.substr(0, end), ownPort);
+    if (!authority) {
+        address.leads = Leads::Nowhere;
+    } else if (servers_ == Servers::Own && (!site_ || *authority != site_->authority)) {
+        address.leads = Leads::AnotherSite;
+    } else {
+        text.remove_prefix(end);
+        followPath(text.starts_with('?') || text.empty() ? "/" : text, {}, address);
+    }
+}
+
+void Addresses::followPath(std::string_view text, const Base& base, Address& address) const {
+    text = text.substr(0, text.find('?'));
+    address.leads = base.leads;
+    if (base.leads != Leads::IntoSite) {
+        return;
+    }
+    if (text.empty()) {
+        address.path = base.path;
+        return;
+    }
+    address.fromTop = isSlash(text.front());
+    if (address.fromTop) {
+        text.remove_prefix(1);
+    } else {
+        address.path = folderOf(base.path);
+    }
+    const AppendedPath appended = appendPath(address.path, text);
+    address.unreachable = appended.unreachable;
+    if (appended.climbedOut) {
+        address.leads = Leads::AboveTop;
+    }
+}
+
+void Addresses::enterSite(Address& address) const {
+    if (!site_ || site_->folder.empty()) {
+        return;
+    }
+    if (address.path.starts_with(site_->folder)) {
+        address.path.erase(0, site_->folder.size());
+    } else if (address.path + "/" == site_->folder) {
+        address.path.clear();
+    } else {
+        address.leads = Leads::AboveTop;
+    }
+}
+
+} // namespace quillmark::web

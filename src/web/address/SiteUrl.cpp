@@ -1,0 +1,80 @@
+#include "web/address/SiteUrl.h"
+
+#include "web/address/PercentCoding.h"
+
+namespace quillmark::web {
+
+namespace {
+
+bool isLetter(char c) {
+    const char lower = static_cast<char>(c | 0x20);
+    return lower >= 'a' && lower <= 'z';
+}
+
+bool isSchemeCharacter(char c) {
+    return isLetter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
+}
+
+bool equalsLower(std::string_view text, std::string_view lower) {
+    if (text.size() != lower.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if ((text[i] | 0x20) != lower[i]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+std::string_view schemeOf(std::string_view text) {
+    if (text.empty() || !isLetter(text.front())) {
+        return {};
+    }
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        if (text[i] == ':') {
+            return text.substr(0, i);
+        }
+        if (!isSchemeCharacter(text[i])) {
+            return {};
+        }
+    }
+    return {};
+}
+
+std::optional<std::uint16_t> webPort(std::string_view scheme) {
+    if (equalsLower(scheme, "http")) {
+        return std::uint16_t{80};
+    }
+    if (equalsLower(scheme, "https")) {
+        return std::uint16_t{443};
+    }
+    return std::nullopt;
+}
+
+std::optional<SiteUrl> parseSiteUrl(std::string_view text) {
+    const std::string_view scheme = schemeOf(text);
+    const auto port = webPort(scheme);
+    text.remove_prefix(scheme.size());
+    if (!port || !text.starts_with("://")) {
+        return std::nullopt;
+    }
+    text.remove_prefix(3);
+    const std::size_t slash = text.find('/');
+    const auto authority = parseAuthority(text.substr(0, slash), *port);
+    if (!authority || text.find_first_of("?#") != std::string_view::npos) {
+        return std::nullopt;
+    }
+    SiteUrl url{*authority, {}};
+    if (slash != std::string_view::npos) {
+        url.folder = percentDecoded(text.substr(slash + 1));
+    }
+    if (!url.folder.empty() && !url.folder.ends_with('/')) {
+        url.folder += '/';
+    }
+    return url;
+}
+
+} // namespace quillmark::web

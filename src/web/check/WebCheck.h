@@ -1,0 +1,35 @@
+#pragma once
+
+#include "findings/SiteResults.h"
+#include "run/Outside.h"
+#include "run/RunState.h"
+#include "run/SiteCheck.h"
+#include "settings/Settings.h"
+#include "web/check/WebOptions.h"
+
+#include <string>
+
+namespace quillmark::web {
+
+/// One check with the web rules, from the inventory to the findings.
+class WebCheck : public SiteCheck {
+public:
+    /// `workingCopy` is where pages of a host are retrieved to, full path in "\" form.
+    WebCheck(SiteResults& results, RunState& state, const Settings& settings,
+             const WebOptions& options, Outside& outside, std::string workingCopy);
+
+    /// Fills the results, which are empty before. The abort flag ends it; what was found so far
+    /// stays. Throws a Failure when the start file is not in the site or the host is lost.
+    void perform() override;
+    void computeStatistics() override;
+
+private:
+    SiteResults& results_;
+    RunState& state_;
+    const Settings& settings_;
+    const WebOptions& options_;
+    Outside& outside_;
+    std::string workingCopy_;
+};
+
+} // namespace quillmark::web

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "findings/SiteResults.h"
+#include "run/StopToken.h"
+#include "web/discovery/Discovered.h"
+#include "web/discovery/PageKinds.h"
+#include "web/judge/PageQueue.h"
+#include "web/site/Inventory.h"
+
+#include <atomic>
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace quillmark::web {
+
+/// How far the reading has come; asked by another thread.
+struct ReadingProgress {
+    std::atomic<int>& read;  ///< Pages.
+    std::atomic<int>& known; ///< Pages.
+};
+
+/// Reads the pages of a site from one page on and gathers what they refer to. The results depend on
+/// the site alone, not on which thread was faster.
+class Discovery {
+public:
+    Discovery(SiteResults& results, const Inventory& inventory, const PageKinds& kinds,
+              PageQueue& queue, Discovered& found, const ReadingProgress& progress);
+
+    /// Adds a file as a page, read as its name says or, without that, as `otherwise`.
+    void addPage(std::uint32_t file, PageKind otherwise);
+    /// Reads every page that waits and what they lead to.
+    void readAll(StopToken& stop);
+
+private:
+    void take(std::uint32_t page, const JudgedPage& judged);
+    void file(std::uint32_t page, const JudgedPage& judged, const JudgedReference& reference);
+    void fileTarget(std::uint32_t page, const JudgedReference& reference, std::uint32_t target);
+    void addIgnored(const JudgedPage& judged, const JudgedReference& reference, const Place& at);
+    void addFinding(const JudgedPage& judged, const JudgedReference& reference, const Place& at,
+                    std::uint32_t target);
+    std::uint32_t targetOf(std::uint32_t page, const JudgedPage& judged,
+                           const JudgedReference& reference);
+    std::uint32_t otherTarget(std::string_view path);
+    void markUsed(std::uint32_t file);
+    void reach(std::uint32_t target, std::uint32_t file, Role role);
+    void enqueue(std::uint32_t target, PageKind kind);
+    std::string_view interned(std::string_view text);
+
+    SiteResults& results_;
+    const Inventory& inventory_;
+    const PageKinds& kinds_;
+    PageQueue& queue_;
+    Discovered& found_;
+    ReadingProgress progress_;
+    std::uint32_t taken_ = 0;
+    std::vector<std::optional<PageKind>> kindOfTarget_;
+    std::unordered_map<std::string_view, std::uint32_t> otherTargets_; ///< By path from the top.
+    std::unordered_set<std::string_view> texts_;
+};
+
+} // namespace quillmark::web

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "run/SiteSource.h"
+#include "web/address/Address.h"
+#include "web/judge/JudgedPage.h"
+#include "web/judge/Patterns.h"
+#include "web/judge/TargetFinder.h"
+
+#include <string>
+#include <string_view>
+
+namespace quillmark::web {
+
+/// What every page of a run is judged by. It does not change while pages are read.
+struct JudgeContext {
+    SiteSource& source;
+    const TargetFinder& targets;
+    const Addresses& addresses;
+    const Addresses& anyServer; ///< For what only counts as use: sitemaps name the site's server.
+    const Patterns& exclude;
+};
+
+/// Reads pages and judges their references, each thread with a judge of its own.
+class PageJudge {
+public:
+    explicit PageJudge(const JudgeContext& context) : context_(context) {}
+
+    /// Fills `page`, which is cleared first. A page that cannot be read says why in `trouble`.
+    void judge(const PageTask& task, JudgedPage& page);
+
+private:
+    void hashIds(PageKind kind, JudgedPage& page) const;
+    void judgeReference(const PageTask& task, std::uint32_t ordinal, JudgedPage& page);
+    void judgeAddress(const PageTask& task, const PageReference& reference, JudgedReference judged,
+                      JudgedPage& page);
+    void judgeTarget(const PageTask& task, const PageReference& reference, JudgedReference judged,
+                     JudgedPage& page);
+    void judgeUseMap(const PageReference& reference, JudgedReference judged, JudgedPage& page);
+    void judgeFragment(const PageTask& task, JudgedReference& judged, const JudgedPage& page) const;
+    bool isExcluded(const PageReference& reference) const;
+    void addIgnored(IgnoredReason reason, const PageReference& reference, JudgedReference judged,
+                    JudgedPage& page) const;
+
+    const JudgeContext& context_;
+    std::string bytes_;
+    PageContent content_;
+    Base base_;
+    Address address_;
+    std::string path_; ///< What was found for the address.
+};
+
+} // namespace quillmark::web

@@ -1,0 +1,85 @@
+#include "web/judge/TargetFinder.h"
+
+namespace quillmark::web {
+
+namespace {
+
+using What = Found::What;
+
+} // namespace
+
+Found TargetFinder::find(std::string& path) const {
+    Found found = inventory_.find(path);
+    if (found.what == What::Nothing && !path.empty() && !path.ends_with('/')) {
+        found = findFolder(path);
+    }
+    if (found.what == What::Folder) {
+        found = findIndex(path, found);
+    }
+    if (found.what == What::Outside &&
+        !source_.answers(std::string(inventory_.results().top) + path)) {
+        found.what = What::Nothing;
+    }
+    if (found.what == What::Nothing && path.ends_with('/') && isDanglingFolder(path, found)) {
+        return found;
+    }
+    return found.what == What::Nothing ? findOther(path) : found;
+}
+
+/// "docs/", where "docs" is a link to nothing.
+bool TargetFinder::isDanglingFolder(const std::string& path, Found& found) const {
+    std::string link = path.substr(0, path.size() - 1);
+    const Found behind = inventory_.find(link);
+    if (behind.what != What::DanglingLink) {
+        return false;
+    }
+    found = behind;
+    return true;
+}
+
+/// A server sends visitors of "docs" on to "docs/".
+Found TargetFinder::findFolder(std::string& path) const {
+    path += '/';
+    const Found found = inventory_.find(path);
+    if (found.what == What::Nothing || found.what == What::File) {
+        path.pop_back();
+        return {};
+    }
+    return found;
+}
+
+Found TargetFinder::findIndex(std::string& folder, const Found& found) const {
+    const std::size_t length = folder.size();
+    for (const std::string& name : rules_.indexNames) {
+        folder += name;
+        const Found index = inventory_.find(folder);
+        if (index.what == What::File) {
+            return index;
+        }
+        folder.resize(length);
+    }
+    return found;
+}
+
+Found TargetFinder::findOther(std::string& path) const {
+    if (rules_.cleanUrls && !path.empty() && !path.ends_with('/')) {
+        for (const std::string& extension : rules_.pageExtensions) {
+            std::string page = path + "." + extension;
+            const Found found = inventory_.find(page);
+            if (found.what == What::File) {
+                path = page;
+                return found;
+            }
+        }
+    }
+    if (rules_.ignoreCase) {
+        if (const auto spelled = spellings_.find(path)) {
+            path = *spelled;
+            const Found found = inventory_.find(path);
+            return found.what == What::Folder ? findIndex(path, found) : found;
+        }
+    }
+    return {};
+}
+
+} // namespace quillmark::web

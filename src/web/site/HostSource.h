@@ -1,0 +1,38 @@
+#pragma once
+
+#include "run/FtpComponent.h"
+#include "run/LocalDisk.h"
+#include "run/SiteSource.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillmark::web {
+
+/// A line of a host's long listing, as Unix systems and most FTP servers write it: the name is what
+/// follows the date, blanks and all, and a link tells what it leads to behind " -> ". Nothing for
+/// other lines, "." and "..".
+std::optional<SiteEntry> entryOfLine(std::string_view line);
+
+/// A site on a web host, over its one connection.
+class HostSource : public SiteSource {
+public:
+    /// `workingCopy` is where files are retrieved to, full path in "\" form.
+    HostSource(FtpComponent& ftp, LocalDisk& disk, std::string workingCopy)
+        : ftp_(ftp), disk_(disk), workingCopy_(std::move(workingCopy)) {}
+
+    std::vector<SiteEntry> list(const std::string& folder) override;
+    std::string_view read(const std::string& file, std::string& buffer) override;
+    std::string_view readBlock(const std::string& file, std::uint64_t offset,
+                               std::string& buffer) override;
+    bool answers(const std::string& /*path*/) override { return true; }
+    bool severalAtOnce() const override { return false; }
+
+private:
+    FtpComponent& ftp_;
+    LocalDisk& disk_;
+    std::string workingCopy_;
+};
+
+} // namespace quillmark::web

@@ -1,0 +1,92 @@
+#include "web/site/Inventory.h"
+
+#include <utility>
+
+namespace quillmark::web {
+
+Found Inventory::find(std::string& path) const {
+    Found found = findExact(path);
+    if (found.what != Found::What::Nothing || folderLinks_.empty()) {
+        return found;
+    }
+    std::string real = path;
+    std::vector<std::uint32_t> taken;
+    while (const auto number = linkOn(real)) {
+        const FolderLink& link = folderLinks_[*number];
+        if (!link.target) {
+            return {Found::What::Outside, 0, true};
+        }
+        real.replace(0, link.length, *link.target);
+        for (const std::uint32_t earlier : taken) {
+            if (earlier == *number) {
+                path = real;
+                return find(path);
+            }
+        }
+        taken.push_back(*number);
+    }
+    found = findExact(real);
+    found.throughLink = !taken.empty();
+    return found;
+}
+
+Found Inventory::findExact(std::string_view path) const {
+    if (const auto number = file(path)) {
+        const auto special = special_.find(*number);
+        return {special == special_.end() ? Found::What::File : special->second, *number, false};
+    }
+    if (isNotListed(path)) {
+        return {Found::What::NotListed, 0, false};
+    }
+    return {isFolder(path) ? Found::What::Folder : Found::What::Nothing, 0, false};
+}
+
+std::uint32_t Inventory::realFile(std::uint32_t file) const {
+    constexpr int MostLinks = 40; // As many as the system follows.
+    for (int links = 0; file < fileLinks_.size() && fileLinks_[file] != file && links < MostLinks;
+         ++links) {
+        file = fileLinks_[file];
+    }
+    return file;
+}
+
+void Inventory::addFileLink(std::uint32_t link, std::uint32_t file) {
+    for (auto next = static_cast<std::uint32_t>(fileLinks_.size()); next < results_.files.size();
+         ++next) {
+        fileLinks_.push_back(next);
+    }
+    fileLinks_[link] = file;
+}
+
+void Inventory::addFolderLink(std::uint32_t link, std::string_view path,
+                              std::optional<std::string> target) {
+    special_[link] = Found::What::Nothing;
+    folderLinkNumbers_.insert(path, static_cast<std::uint32_t>(folderLinks_.size()));
+    folderLinks_.push_back({path.size(), std::move(target)});
+}
+
+/// The link that the path goes through first, if any.
+std::optional<std::uint32_t> Inventory::linkOn(std::string_view path) const {
+    for (std::size_t end = path.find('/'); end != std::string_view::npos;
+         end = path.find('/', end + 1)) {
+        if (const auto number = folderLinkNumbers_.find(path.substr(0, end + 1))) {
+            return number;
+        }
+    }
+    return std::nullopt;
+}
+
+bool Inventory::isNotListed(std::string_view path) const {
+    if (notListed_.empty()) {
+        return false;
+    }
+    for (std::size_t end = path.find('/'); end != std::string_view::npos;
+         end = path.find('/', end + 1)) {
+        if (notListed_.contains(path.substr(0, end + 1))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace quillmark::web

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "findings/SiteResults.h"
+#include "web/site/PathTable.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace quillmark::web {
+
+/// What a path of the site leads to.
+struct Found {
+    enum class What : std::uint8_t {
+        Nothing,
+        File,
+        DanglingLink, ///< A file that is a link to nothing.
+        Folder,
+        Outside,  ///< Something that is there, reached by a link that leaves the site.
+        NotListed ///< In a folder whose names are not known.
+    };
+
+    What what = What::Nothing;
+    std::uint32_t file = 0;   ///< Index of a file.
+    bool throughLink = false; ///< A folder on the way is a link; `address` is the path to keep.
+};
+
+/// The files and folders of a site, by name. Paths are from the top of the site on, decoded; a
+/// folder ends in "/", and the top is "". Questions may be asked by several threads at once.
+class Inventory {
+public:
+    explicit Inventory(const SiteResults& results) : results_(results) {}
+
+    /// What the exact path leads to, through links that stay inside the site. `path` changes to the
+    /// path to keep when it goes through the same link twice: such paths would never end.
+    Found find(std::string& path) const;
+    /// The file under this exact path, as the folders were listed.
+    std::optional<std::uint32_t> file(std::string_view path) const { return files_.find(path); }
+    bool isFolder(std::string_view path) const {
+        return path.empty() || folders_.find(path).has_value();
+    }
+    std::string_view pathOf(std::uint32_t file) const {
+        return results_.files[file].path.substr(results_.top.size());
+    }
+    const SiteResults& results() const { return results_; }
+    /// The file that a file link leads to in the end; the file itself if it is none, or if it leads
+    /// out of the site.
+    std::uint32_t realFile(std::uint32_t file) const;
+    /// Whether its bytes lie in the site.
+    bool isInSite(std::uint32_t file) const { return !results_.files[realFile(file)].link; }
+
+    // What the walk fills in.
+    void addFile(std::uint32_t file) { files_.insert(pathOf(file), file); }
+    void addFolder(std::string_view path, std::uint32_t number) { folders_.insert(path, number); }
+    void addNotListed(std::string_view path) { notListed_.insert(path); }
+    void addFileLink(std::uint32_t link, std::uint32_t file);
+    void addDanglingLink(std::uint32_t link) { special_[link] = Found::What::DanglingLink; }
+    /// `path` ends in "/"; `target` is a folder of the site, or nothing for one outside.
+    void addFolderLink(std::uint32_t link, std::string_view path,
+                       std::optional<std::string> target);
+    bool isNotListed(std::string_view path) const;
+
+private:
+    struct FolderLink {
+        std::size_t length = 0; ///< Of the link's path, with the final "/".
+        std::optional<std::string> target;
+    };
+
+    Found findExact(std::string_view path) const;
+    std::optional<std::uint32_t> linkOn(std::string_view path) const;
+
+    const SiteResults& results_;
+    PathTable files_;
+    PathTable folders_;
+    PathTable folderLinkNumbers_;
+    std::vector<FolderLink> folderLinks_;
+    std::vector<std::uint32_t> fileLinks_; ///< By file: where a link leads, or the file itself.
+    /// Links that are no files: DanglingLink, or Nothing for those that lead to folders.
+    std::unordered_map<std::uint32_t, Found::What> special_;
+    std::unordered_set<std::string_view> notListed_;
+};
+
+} // namespace quillmark::web
