@@ -28,11 +28,11 @@ Sign firstSign(std::string_view text) {
 }
 
 std::string escaped(std::string_view bytes) {
-    static constexpr std::string_view Digits = "0123456789ABCDEF";
+    static constexpr std::string_view HexDigits = "0123456789ABCDEF";
     std::string text;
     for (const char byte : bytes) {
         const auto code = static_cast<unsigned char>(byte);
-        text.append("\\x").append(1, Digits[code / 16]).append(1, Digits[code % 16]);
+        text.append("\\x").append(1, HexDigits[code / 16]).append(1, HexDigits[code % 16]);
     }
     return text;
 }

@@ -16,4 +16,8 @@ std::error_code lastSystemError() {
     return {errno, std::generic_category()};
 }
 
+void throwLastError(const Failure& missing) {
+    throw failureFromError(lastSystemError(), missing);
+}
+
 } // namespace quillmark

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Failure.h"
+
 #include <system_error>
 #include <utility>
 
@@ -25,5 +27,8 @@ private:
 
 /// Why the operating system refused the last call (errno).
 std::error_code lastSystemError();
+
+/// Throws what failureFromError() makes of lastSystemError().
+[[noreturn]] void throwLastError(const Failure& missing = fileNotFound());
 
 } // namespace quillmark

@@ -20,10 +20,6 @@ namespace {
 constexpr mode_t EveryoneMode = 0666;
 constexpr mode_t OwnerOnlyMode = 0600;
 
-[[noreturn]] void throwLastError() {
-    throw failureFromError(lastSystemError(), fileNotFound());
-}
-
 /// Opens the file. O_NONBLOCK: opening a pipe of that name would wait for ever.
 FileDescriptor openPlainFile(const std::filesystem::path& file) {
     FileDescriptor opened(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -38,7 +34,7 @@ FileDescriptor openPlainFile(const std::filesystem::path& file) {
 }
 
 /// The next bytes of the file; none at its end.
-std::string_view readBlock(const FileDescriptor& file, std::array<char, 65536>& block) {
+std::string_view nextBytes(const FileDescriptor& file, std::array<char, 65536>& block) {
     const ssize_t count = ::read(file.number(), block.data(), block.size());
     if (count < 0) {
         throwLastError();
@@ -70,8 +66,8 @@ std::string ProgramFolder::read(std::string_view name) {
     const FileDescriptor file = openPlainFile(checkedPath(name));
     std::array<char, 65536> block{};
     std::string bytes;
-    for (std::string_view next = readBlock(file, block); !next.empty();
-         next = readBlock(file, block)) {
+    for (std::string_view next = nextBytes(file, block); !next.empty();
+         next = nextBytes(file, block)) {
         bytes += next;
         if (bytes.size() > MaximumFileSize) {
             throw diskFailure(std::make_error_code(std::errc::file_too_large).message());

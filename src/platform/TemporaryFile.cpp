@@ -14,10 +14,6 @@ namespace quillmark {
 
 namespace {
 
-[[noreturn]] void throwLastError() {
-    throw failureFromError(lastSystemError(), pathNotFound());
-}
-
 constexpr std::string_view Prefix = ".quillmark-";
 constexpr std::string_view Extension = ".tmp";
 
@@ -59,7 +55,7 @@ void TemporaryFile::write(std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor_.number(), bytes.data(), bytes.size());
         if (written < 0) {
-            throwLastError();
+            throwLastError(pathNotFound());
         }
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
@@ -67,13 +63,13 @@ void TemporaryFile::write(std::string_view bytes) {
 
 void TemporaryFile::flush() {
     if (::fsync(descriptor_.number()) != 0) {
-        throwLastError();
+        throwLastError(pathNotFound());
     }
 }
 
 void TemporaryFile::rename(const std::filesystem::path& file) {
     if (::rename(path_.c_str(), file.c_str()) != 0) {
-        throwLastError();
+        throwLastError(pathNotFound());
     }
     renamed_ = true;
     flushFolder(file.parent_path());
@@ -99,7 +95,7 @@ FileDescriptor TemporaryFile::create(const std::filesystem::path& folder, mode_t
             return created;
         }
         if (errno != EEXIST) {
-            throwLastError();
+            throwLastError(pathNotFound());
         }
     }
 }

@@ -5,13 +5,16 @@
 
 namespace quillmark {
 
+/// The width of the size at the end of a line of FileSizes.
+inline constexpr int SizeDigits = 9;
+
 /// Everything that a check run finds. Each pair of lists is parallel: line i of a ...From list is
 /// the file that refers to line i of its partner, and line i of FileSizes is line i of FileList
 /// followed by the file's size. They keep what they hold after a run, until the next one begins.
 struct ResultLists {
     ResultList DirectoryList; ///< Directories of the inventory, "/" form, ending in "/".
     ResultList FileList;      ///< Files of the inventory, full path in "/" form.
-    ResultList FileSizes;     ///< The FileList line and the size in bytes as nine digits.
+    ResultList FileSizes;     ///< The FileList line and the size in bytes as SizeDigits digits.
     ResultList GetFileList;   ///< Pages that were retrieved in this run.
     ResultList ReferenceList; ///< References as resolved paths.
     ResultList ReferenceListFrom;

@@ -6,12 +6,6 @@
 
 namespace quillmark {
 
-namespace {
-
-constexpr int SizeDigits = 9;
-
-} // namespace
-
 void HostInventory::GetDirectory() {
     const RunState& state = context_.state;
     if (state.abort) {

@@ -7,7 +7,7 @@ namespace quillmark {
 
 namespace {
 
-constexpr std::string_view Up = "../";
+constexpr std::string_view LevelUp = "../";
 
 /// The groups counted, and the 1-based position at which what is left of the reference begins.
 struct LeadingGroups {
@@ -24,7 +24,7 @@ LeadingGroups countGroups(std::string_view reference) {
     int ups = 0;
     bool stop = false;
     while (i + 3 < length && !stop) {
-        if (reference.substr(static_cast<std::size_t>(i - 1), Up.size()) == Up) {
+        if (reference.substr(static_cast<std::size_t>(i - 1), LevelUp.size()) == LevelUp) {
             ++ups;
         } else {
             stop = true;

@@ -13,8 +13,6 @@ namespace quillmark {
 
 namespace {
 
-constexpr std::size_t SizeDigits = 9;
-
 std::string_view sizeOf(std::string_view fileSizesLine) {
     return fileSizesLine.size() < SizeDigits
                ? fileSizesLine

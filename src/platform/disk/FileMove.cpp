@@ -19,10 +19,6 @@ namespace {
 
 using Block = std::array<char, std::size_t{64} * 1024>;
 
-[[noreturn]] void throwLastError() {
-    throw failureFromError(lastSystemError(), fileNotFound());
-}
-
 bool sameTime(const timespec& a, const timespec& b) {
     return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
 }

@@ -9,13 +9,13 @@ namespace quillmark::web {
 
 namespace {
 
-struct Row {
+struct EncodingRow {
     std::string_view encoding;
     std::string_view labels; ///< With a blank between them.
 };
 
 // A page that says UTF-16 in bytes that can be read as such is not in UTF-16.
-constexpr auto Rows = std::to_array<Row>({
+constexpr auto Rows = std::to_array<EncodingRow>({
     {"UTF-8", "unicode-1-1-utf-8 unicode11utf8 unicode20utf8 utf-8 utf8 x-unicode20utf8"},
     {"UTF-8", "csunicode iso-10646-ucs-2 ucs-2 unicode unicodefeff unicodefffe utf-16 utf-16be "
               "utf-16le"},
@@ -82,9 +82,10 @@ bool hasLabel(std::string_view labels, std::string_view label) {
 
 std::string_view encodingOf(std::string_view label) {
     label = withoutOuterBlanks(label);
-    const auto* const row = std::find_if(Rows.begin(), Rows.end(), [label](const Row& candidate) {
-        return hasLabel(candidate.labels, label);
-    });
+    const auto* const row =
+        std::find_if(Rows.begin(), Rows.end(), [label](const EncodingRow& candidate) {
+            return hasLabel(candidate.labels, label);
+        });
     return row == Rows.end() ? std::string_view() : row->encoding;
 }
 

@@ -12,7 +12,7 @@ namespace quillmark {
 
 namespace {
 
-constexpr int EmblemSize = 112;
+constexpr int SplashEmblem = 112;
 constexpr QRgb TopColor = 0x164e52;
 constexpr QRgb BottomColor = 0x0c2f35;
 constexpr QRgb LineColor = 0x2dd4bf;
@@ -24,7 +24,7 @@ frmSplash::frmSplash(QWidget* parent)
     : QWidget(parent, Qt::SplashScreen), ui_(std::make_unique<Ui::frmSplash>()) {
     ui_->setupUi(this);
     ui_->imgEmblem->setPixmap(
-        applicationIcon().pixmap(QSize(EmblemSize, EmblemSize), devicePixelRatio()));
+        applicationIcon().pixmap(QSize(SplashEmblem, EmblemSize), devicePixelRatio()));
     ui_->lblTitle->setText(shown(ApplicationTitle));
     ui_->lblVersion->setText("Version " + shown(ApplicationVersion));
 }
