@@ -21,13 +21,14 @@ std::optional<fs::path> environmentPath(const char* name) {
     return fs::path(value);
 }
 
+/// A program in a folder "bin" is installed: root may write there, and should not.
 std::optional<fs::path> executableFolder() {
     std::error_code error;
-    const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-    if (error || !canBeWritten(executable.parent_path())) {
+    const fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
+    if (error || folder.filename() == "bin" || !canBeWritten(folder)) {
         return std::nullopt;
     }
-    return executable.parent_path();
+    return folder;
 }
 
 fs::path userDataFolder() {

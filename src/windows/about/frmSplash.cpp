@@ -24,7 +24,7 @@ frmSplash::frmSplash(QWidget* parent)
     : QWidget(parent, Qt::SplashScreen), ui_(std::make_unique<Ui::frmSplash>()) {
     ui_->setupUi(this);
     ui_->imgEmblem->setPixmap(
-        applicationIcon().pixmap(QSize(SplashEmblem, EmblemSize), devicePixelRatio()));
+        applicationIcon().pixmap(QSize(SplashEmblem, SplashEmblem), devicePixelRatio()));
     ui_->lblTitle->setText(shown(ApplicationTitle));
     ui_->lblVersion->setText("Version " + shown(ApplicationVersion));
 }

@@ -12,6 +12,8 @@
 namespace quillmark::test {
 namespace {
 
+namespace fs = std::filesystem;
+
 using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -70,6 +72,21 @@ TEST(CheckCommand, WritesFilesOnlyWhereItIsTold) {
     EXPECT_EQ(bench.site.read("orphan.txt"), "?");
     const std::filesystem::recursive_directory_iterator files(bench.site.path());
     EXPECT_EQ(std::distance(files, {}), 3) << "nothing is added to the site";
+}
+
+TEST(CheckCommand, KeepsItsFilesWithTheUserOnceItIsInstalled) {
+    CommandBench bench;
+    bench.writeBrokenSite();
+    const std::string installed = bench.program.write("bin/quillmark-check", "").string();
+    fs::copy_file(QUILLMARK_CHECK, installed, fs::copy_options::overwrite_existing);
+    fs::permissions(installed, fs::perms::owner_all);
+    EXPECT_EQ(run({{installed, "-q", bench.start()},
+                   bench.workingFolder.path(),
+                   {{"QUILLMARK_FOLDER", ""}, {"XDG_DATA_HOME", bench.program.path()}}})
+                  .status,
+              1);
+    EXPECT_FALSE(fs::exists(bench.program.path() / "bin" / "Quillmark.ini"));
+    EXPECT_TRUE(fs::exists(bench.program.path() / "quillmark" / "Quillmark.ini"));
 }
 
 TEST(CheckCommand, TellsWhenItCouldNotReadTheSite) {
