@@ -1,0 +1,98 @@
+// Settings files of any bytes, values of any text, passwords.
+
+#include "base/Failure.h"
+#include "fuzz/Require.h"
+#include "settings/Cipher.h"
+#include "settings/ConfigurationFile.h"
+#include "settings/DefaultSettings.h"
+#include "settings/ProfileFile.h"
+#include "settings/SettingValue.h"
+
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <map>
+
+namespace quillmark::test {
+namespace {
+
+class MemoryFiles : public SettingsFiles {
+public:
+    std::string read(std::string_view name) override {
+        const auto found = bytes.find(std::string(name));
+        if (found == bytes.end()) {
+            throw fileNotFound();
+        }
+        return found->second;
+    }
+    void replace(std::string_view name, std::string_view text, FileAccess /*access*/) override {
+        bytes[std::string(name)] = text;
+    }
+    std::vector<std::string> names(std::string_view /*extension*/) override { return {}; }
+    void remove(std::string_view name) override { bytes.erase(std::string(name)); }
+
+    std::map<std::string, std::string> bytes;
+};
+
+void ignoreMessage(std::string_view /*text*/) {}
+
+/// Whatever was there: what a reading leaves behind, the next one reads whole and leaves alone.
+void readConfiguration(const std::string& bytes) {
+    MemoryFiles files;
+    files.bytes[std::string(ConfigurationFileName)] = bytes;
+    Settings settings;
+    SetDefaultSettings(settings);
+    ReadConfigurations(settings, files, ignoreMessage);
+    const std::string left = files.read(ConfigurationFileName);
+    Settings next;
+    SetDefaultSettings(next);
+    ReadConfigurations(next, files, ignoreMessage);
+    require(files.read(ConfigurationFileName) == left);
+}
+
+void readProfile(const std::string& bytes) {
+    MemoryFiles files;
+    files.bytes["x.pro"] = bytes;
+    Settings settings;
+    LoadProfile(settings, files, "x");
+    SaveProfile(settings, files, "y");
+}
+
+void scramble(const std::string& text) {
+    require(DecryptPassword(EncryptPassword(text)) == text);
+    try {
+        DecryptPassword(text);
+    } catch (const Failure& failure) {
+        require(failure.number() == 5);
+    }
+}
+
+void set(const std::string& key, const std::string& value) {
+    Settings settings;
+    try {
+        setByKey(settings, key, value);
+    } catch (const SettingError&) {
+        return;
+    }
+}
+
+} // namespace
+} // namespace quillmark::test
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    using namespace quillmark::test;
+    FuzzedDataProvider data(bytes, size);
+    switch (data.ConsumeIntegralInRange(0, 3)) {
+    case 0:
+        readConfiguration(data.ConsumeRemainingBytesAsString());
+        break;
+    case 1:
+        readProfile(data.ConsumeRemainingBytesAsString());
+        break;
+    case 2:
+        scramble(data.ConsumeRemainingBytesAsString());
+        break;
+    default:
+        set(data.ConsumeRandomLengthString(20), data.ConsumeRemainingBytesAsString());
+    }
+    return 0;
+}
