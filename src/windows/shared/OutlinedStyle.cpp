@@ -31,6 +31,15 @@ void drawOutline(const QStyleOption& option, QPainter& painter, const QRectF& re
     painter.restore();
 }
 
+void drawSeparator(const QStyleOption& option, QPainter& painter) {
+    constexpr int Margin = 6;
+    const int middle = option.rect.center().y();
+    painter.save();
+    painter.setPen(option.palette.color(QPalette::Dark));
+    painter.drawLine(option.rect.left() + Margin, middle, option.rect.right() - Margin, middle);
+    painter.restore();
+}
+
 /// What Fusion leaves above the frame of a group for its title.
 int titleHeight(const QStyle& style, const QStyleOption& option, const QWidget* widget) {
     constexpr int Gap = 3;
@@ -55,6 +64,7 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
         break;
     case PE_PanelButtonCommand:
     case PE_Frame:
+    case PE_FrameMenu:
     case PE_IndicatorCheckBox:
         drawOutline(*option, *painter, option->rect);
         break;
@@ -72,6 +82,10 @@ void OutlinedStyle::drawControl(ControlElement element, const QStyleOption* opti
     QProxyStyle::drawControl(element, option, painter, widget);
     if (element == CE_ProgressBarGroove) {
         drawOutline(*option, *painter, option->rect);
+    }
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (item != nullptr && item->menuItemType == QStyleOptionMenuItem::Separator) {
+        drawSeparator(*option, *painter);
     }
 }
 
