@@ -64,7 +64,7 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
         break;
     case PE_PanelButtonCommand:
     case PE_Frame:
-    case PE_FrameMenu:
+    case PE_PanelMenu:
     case PE_IndicatorCheckBox:
         drawOutline(*option, *painter, option->rect);
         break;
