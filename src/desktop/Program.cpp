@@ -6,6 +6,7 @@
 #include "platform/FolderLock.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
+#include "windows/shared/SelectorAccess.h"
 
 #include <utility>
 
@@ -35,6 +36,7 @@ Program::Program(std::filesystem::path folder, std::filesystem::path help,
       outside_{messages_, disk_, ftp_, inet_, *this, events_, site_},
       run_(workspace_.lists, workspace_.site, workspace_.run, workspace_.settings, outside_,
            ToBackSlashes(folder_.string())) {
+    announceSelectorsWithLabels();
     feed_.onPosted([this] { window_.messagesPosted(); });
     trace_.onTraced([this] { window_.conversationTraced(); });
     progress_.setOwner(&window_);

@@ -77,6 +77,15 @@ QStringList namelessControls(QWidget& window) {
     return nameless;
 }
 
+QStringList announcedSelectors(QWidget& window) {
+    QStringList names;
+    for (QComboBox* selector : window.findChildren<QComboBox*>()) {
+        names += QAccessible::queryAccessibleInterface(selector)->text(QAccessible::Name);
+    }
+    names.sort();
+    return names;
+}
+
 } // namespace
 
 class MainWindowTest : public QObject {
@@ -250,6 +259,26 @@ private slots:
             QVERIFY(shown.acted());
         }
         QCOMPARE(nameless.join(" "), "");
+    }
+
+    void announcesSelectorsWithTheirLabels() {
+        TestProgram program;
+        program.folder.write("site.pro", "");
+        auto& display = program.control<QComboBox>("cmbDisplay");
+        QAccessibleInterface& tool = *QAccessible::queryAccessibleInterface(&display);
+        QCOMPARE(announcedSelectors(program.window()),
+                 QStringList({"Display: Host Directory List", "File Mask: All Files",
+                              "Sort On: " + program.control<QComboBox>("cmbSort").currentText()}));
+        QCOMPARE(tool.text(QAccessible::Value), "Host Directory List");
+        QCOMPARE(tool.child(0)->childCount(), display.count());
+        QStringList ofProfiles;
+        const WhenModal shown(named("frmProfile"), [&](QWidget& dialog) {
+            child<QComboBox>(dialog, "cmboProfiles").setEditText("site");
+            ofProfiles = announcedSelectors(dialog);
+            dialog.close();
+        });
+        press(program.window(), "cmdStart");
+        QCOMPARE(ofProfiles, QStringList("Profile Name: site"));
     }
 
     void alternatesTheSoundsWhileTheyAreOn() {
