@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "findings/ListProjection.h"
 #include "platform/FolderLock.h"
+#include "platform/NativePath.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
 #include "windows/shared/SelectorAccess.h"
@@ -18,6 +19,28 @@ namespace {
 Failure folderInUse(const std::filesystem::path& folder) {
     return {1031, "Another check is running with the folder " + folder.string() +
                       ". Wait for its end, or give this one a folder of its own."};
+}
+
+/// 1032: a file that no check can begin with.
+Failure cannotStart(const std::string& reason) {
+    return {1032, reason};
+}
+
+/// The inventory leaves out links and hidden files, so that a check would end at once, with nothing
+/// found.
+void requireListed(const std::filesystem::path& file) {
+    const std::string name = "\"" + file.string() + "\"";
+    std::error_code error;
+    if (std::filesystem::is_symlink(file, error)) {
+        throw cannotStart(name +
+                          " is a symbolic link, and links are no files of the site. Start "
+                          "from the file that it leads to: " +
+                          std::filesystem::weakly_canonical(file, error).string());
+    }
+    if (file.filename().string().starts_with('.') && std::filesystem::exists(file, error)) {
+        throw cannotStart(name + " is hidden, since its name begins with \".\", and hidden files "
+                                 "are no files of the site. Rename it or start from another page.");
+    }
 }
 
 } // namespace
@@ -62,6 +85,13 @@ void Program::ShowResults() {
 void Program::fillLists() {
     if (workspace_.site.filled) {
         projectLists(workspace_.site, workspace_.lists);
+    }
+}
+
+void Program::requireStartFile() {
+    const std::string& startPath = workspace_.settings.profile.START_PATH;
+    if (startPath.find('\\') != std::string::npos) {
+        requireListed(nativePath(startPath));
     }
 }
 

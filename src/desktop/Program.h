@@ -40,6 +40,7 @@ public:
     frmMain& window() { return window_; }
 
 private:
+    void requireStartFile() override;
     void start() override;
     void fillLists();
     void stop() override { run_.stop(); }

@@ -27,7 +27,7 @@ SitePlace sitePlace(std::string_view startPath) {
 std::string placeNote(const ProfileFields& fields) {
     switch (sitePlace(fields.startPath)) {
     case SitePlace::Nowhere:
-        return "Enter the page that the check starts from, or choose it with Browse.";
+        return "Enter the page to start from, or press Browse.";
     case SitePlace::ThisComputer:
         return "A site on this computer";
     default:

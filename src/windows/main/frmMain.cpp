@@ -142,7 +142,8 @@ void frmMain::keepPlaces() {
 }
 
 void frmMain::chooseProfile(std::string_view startPath) {
-    frmProfile dialog(context_, currentProfile_, this);
+    frmProfile dialog(
+        context_, currentProfile_, [this] { run_.requireStartFile(); }, this);
     connect(&dialog, &frmProfile::helpRequested, this, [this] { showHelp("profiles.html"); });
     if (!startPath.empty()) {
         dialog.proposeStartPath(startPath);

@@ -27,6 +27,9 @@ class RunCommands {
 public:
     virtual ~RunCommands() = default;
 
+    /// Throws a Failure that says what to do instead when no check can begin with the current
+    /// profile, because of its start file.
+    virtual void requireStartFile() = 0;
     /// Performs one check with the current profile, whose start path is not empty, and returns at
     /// its end. Throws a Failure when it cannot begin.
     virtual void start() = 0;

@@ -7,16 +7,19 @@
 #include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
 
+#include <utility>
+
 namespace quillmark {
 
 frmProfile::frmProfile(const WindowContext& context, std::string& currentProfileName,
-                       QWidget* parent)
+                       std::function<void()> requireStartFile, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmProfile>()), context_(context),
-      currentProfileName_(currentProfileName) {
+      currentProfileName_(currentProfileName), requireStartFile_(std::move(requireStartFile)) {
     ui_->setupUi(this);
     QSizePolicy keepsRoom = ui_->lblEdited->sizePolicy();
     keepsRoom.setRetainSizeWhenHidden(true);
     ui_->lblEdited->setSizePolicy(keepsRoom);
+    ui_->lblNote->setMinimumHeight(2 * ui_->lblNote->fontMetrics().lineSpacing());
     bindFields();
     connectControls();
     openCurrentProfile();
@@ -112,7 +115,7 @@ void frmProfile::fieldsChanged() {
         hasUnsavedChanges(ui_->cmboProfiles->name(), shownFields, context_.workspace.settings);
     ui_->lblEdited->setVisible(edited);
     ui_->startPathNote->tellOf(shownFields);
-    ui_->lblNotes->setText(notes(shownFields));
+    ui_->lblNote->setText(note(shownFields));
     ui_->cmdStart->setEnabled(!shownFields.startPath.empty());
 }
 
@@ -122,21 +125,18 @@ void frmProfile::nameChanged() {
     fieldsChanged();
 }
 
-QString frmProfile::notes(const ProfileFields& fields) const {
-    QStringList notes;
+QString frmProfile::note(const ProfileFields& fields) const {
     for (const auto& [box, caption] :
          {std::pair(ui_->txtDepth, "Max Directory Depth"), std::pair(ui_->txtHostPort, "Host Port"),
           std::pair(ui_->txtStartColumn, "File Size Start Column"),
           std::pair(ui_->txtEndColumn, "File Size End Column")}) {
         if (!box->accessibleDescription().isEmpty()) {
-            notes += caption + (": " + box->accessibleDescription()) + ".";
+            return caption + (": " + box->accessibleDescription()) + ".";
         }
     }
-    if (holdsComma(fields)) {
-        notes += "A text holds a comma: when the profile is read again, it ends there, and the "
-                 "rest moves into the next field.";
-    }
-    return notes.join('\n');
+    return holdsComma(fields) ? "A text holds a comma: when the profile is read again, it ends "
+                                "there, and the rest moves into the next field."
+                              : QString();
 }
 
 void frmProfile::rememberDraft() {
@@ -233,10 +233,24 @@ void frmProfile::start() {
         if (ui_->cmboProfiles->name().empty()) {
             StoreFields(fields(), context_.workspace.settings);
         }
+        if (!canBegin()) {
+            return;
+        }
         currentProfileName_ = ui_->cmboProfiles->name();
         started_ = true;
         accept();
     });
+}
+
+bool frmProfile::canBegin() {
+    try {
+        requireStartFile_();
+        return true;
+    } catch (const Failure& failure) {
+        tellError(this, shown(failure.description()));
+        ui_->StartPath->setFocus();
+        return false;
+    }
 }
 
 void frmProfile::browse() {

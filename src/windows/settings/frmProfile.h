@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QMessageBox>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,13 +32,17 @@ namespace quillmark {
 /// Without a start path there is nothing to check: Start is off, and the note below the path says
 /// what is missing.
 ///
+/// Start keeps the dialog open, too, and says why, when no check can begin with the start file.
+///
 /// What was entered before there was a profile to it stays while its name is typed: a name without
 /// a file then shows those fields, else the current profile.
 class frmProfile : public QDialog {
     Q_OBJECT
 public:
     /// Shows the profile of that name. Start puts the name of the profile to be checked there.
-    frmProfile(const WindowContext& context, std::string& currentProfileName, QWidget* parent);
+    /// `requireStartFile` throws a Failure when no check can begin with the current profile.
+    frmProfile(const WindowContext& context, std::string& currentProfileName,
+               std::function<void()> requireStartFile, QWidget* parent);
     ~frmProfile() override;
 
     /// Whether the dialog was closed by Start.
@@ -66,7 +71,8 @@ private:
     void display(const ProfileFields& fields);
     void fieldsChanged();
     void nameChanged();
-    QString notes(const ProfileFields& fields) const;
+    /// What a save would make of the fields, where that is not what they show: one thing at a time.
+    QString note(const ProfileFields& fields) const;
     void rememberDraft();
 
     QMessageBox::StandardButton CheckForChanges();
@@ -79,6 +85,7 @@ private:
     void startNew();
     void deleteProfile();
     void start();
+    bool canBegin();
     void browse();
     void setStartPath(const std::string& startPath);
     void tellFailure(const std::string& description);
@@ -86,6 +93,7 @@ private:
     std::unique_ptr<Ui::frmProfile> ui_;
     const WindowContext& context_;
     std::string& currentProfileName_;
+    std::function<void()> requireStartFile_;
     std::vector<Text> texts_;
     std::vector<Flag> flags_;
     std::optional<ProfileFields> draft_; ///< Fields that belong to no file yet.

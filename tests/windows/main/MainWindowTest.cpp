@@ -261,6 +261,29 @@ private slots:
         QCOMPARE(nameless.join(" "), "");
     }
 
+    void refusesStartFilesThatTheInventoryLeavesOut() {
+        TestProgram program;
+        std::filesystem::create_symlink(program.folder.write(".hidden.html", ""),
+                                        program.folder.path() / "link.html");
+        for (const auto& [file, reason] :
+             {std::pair("link.html", " is a symbolic link, and links are no files of the site."),
+              std::pair(".hidden.html", " is hidden, since its name begins with \".\"")}) {
+            const std::string path = (program.folder.path() / file).string();
+            const WhenModal tried(named("frmProfile"), [&, reason = reason](QWidget& dialog) {
+                child<QLineEdit>(dialog, "StartPath")
+                    .setText(QString::fromStdString(ToBackSlashes(path)));
+                const Answer told(QMessageBox::Ok);
+                press(dialog, "cmdStart");
+                QVERIFY2(told.text().contains(reason), qPrintable(told.text()));
+                QVERIFY(dialog.isVisible());
+                press(dialog, "cmdCancel");
+            });
+            press(program.window(), "cmdStart");
+            QVERIFY(tried.acted());
+            QCOMPARE(program.control<QAbstractItemView>("Message").model()->rowCount(), 0);
+        }
+    }
+
     void announcesSelectorsWithTheirLabels() {
         TestProgram program;
         program.folder.write("site.pro", "");

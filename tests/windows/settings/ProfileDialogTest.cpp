@@ -1,3 +1,4 @@
+#include "base/Failure.h"
 #include "settings/ProfileFile.h"
 #include "windows/settings/ProfileList.h"
 #include "windows/settings/frmProfile.h"
@@ -25,7 +26,8 @@ struct Open {
         SaveProfile(settings, all.files, "my");
         settings.profile.HOST_NAME = "host.of.site";
         SaveProfile(settings, all.files, "MySite");
-        dialog = std::make_unique<frmProfile>(all.context, currentName, nullptr);
+        dialog = std::make_unique<frmProfile>(
+            all.context, currentName, [this] { requireStartFile(); }, nullptr);
         dialog->show();
         static_cast<void>(QTest::qWaitForWindowActive(dialog.get()));
         names = dialog->findChild<ProfileList*>("cmboProfiles");
@@ -48,10 +50,16 @@ struct Open {
         names->lineEdit()->selectAll();
         QTest::keyClicks(names, text);
     }
+    void requireStartFile() const {
+        if (!refusal.empty()) {
+            throw Failure(1032, refusal);
+        }
+    }
     const Profile& profile() const { return all.workspace.settings.profile; }
 
     TestContext all;
     std::string currentName = "MySite";
+    std::string refusal; ///< Why no check can begin.
     std::unique_ptr<frmProfile> dialog;
     ProfileList* names = nullptr;
 };
@@ -173,11 +181,11 @@ private slots:
             QVERIFY(!mark.isVisible());
             open.type(box, "abc");
             QVERIFY(mark.isVisible());
-            QCOMPARE(open.text("lblNotes"),
+            QCOMPARE(open.text("lblNote"),
                      QString(caption) + ": \"abc\" is no whole number and is saved as 0.");
             open.type(box, "7");
             QVERIFY(!mark.isVisible());
-            QCOMPARE(open.text("lblNotes"), "");
+            QCOMPARE(open.text("lblNote"), "");
         }
     }
 
@@ -194,8 +202,7 @@ private slots:
         };
         const QString onHost = "A site on a web host";
         const QString unnamed = onHost + ": enter its name under Host IP.";
-        const QString missing =
-            "Enter the page that the check starts from, or choose it with Browse.";
+        const QString missing = "Enter the page to start from, or press Browse.";
         for (const Row& row : {Row{"\\www\\index.html", "", "A site on this computer", false, true},
                                Row{"/www/no-such-page.html", "", unnamed, false, true},
                                Row{"/www/no-such-page.html", "host", onHost, false, true},
@@ -218,6 +225,19 @@ private slots:
         }
     }
 
+    void staysOpenWhenNoCheckCanBegin() {
+        Open open;
+        open.refusal = "<b>.a.html</b> is hidden";
+        const Answer told(QMessageBox::Ok);
+        open.press("cmdStart");
+        QCOMPARE(told.text(), "<b>.a.html</b> is hidden");
+        QVERIFY(open.dialog->isVisible() && !open.dialog->started());
+        QCOMPARE(open.dialog->focusWidget(), static_cast<QWidget*>(&open.field("StartPath")));
+        open.refusal.clear();
+        open.press("cmdStart");
+        QVERIFY(open.dialog->started());
+    }
+
     void startsByEnterAndAsksForHelp() {
         const Open open;
         open.typeName("my");
@@ -235,11 +255,11 @@ private slots:
         QCOMPARE(open.names->currentText(), "");
         QVERIFY(!open.dialog->findChild<QPushButton*>("cmdSave")->isEnabled());
         open.type("StartPath", "/x,y");
+        QVERIFY(open.text("lblNote").contains("A text holds a comma"));
         open.names->setFocus();
         open.typeName("a.b");
         open.type("txtDepth", "2 levels");
         open.dialog->findChild<QCheckBox*>("chkCheck_URL")->setChecked(true);
-        QVERIFY(open.text("lblNotes").contains("A text holds a comma"));
         open.press("cmdSave");
         QCOMPARE(open.all.folder.read("a.b.pro"),
                  "#HOST_NAME=\r\n#USER_NAME=\r\n#START_PATH=/x,y\r\n#ACCOUNT_NAME=\r\n"
