@@ -90,17 +90,20 @@ bool closesAround(const Tag& tag) {
     }
 }
 
-/// Elements of SVG and MathML whose content is HTML.
-bool holdsHtml(const Tag& tag) {
+/// Elements of SVG whose content is HTML.
+bool svgHoldsHtml(Element element) {
+    return element == Element::Desc || element == Element::ForeignObject ||
+           element == Element::Title;
+}
+
+/// Elements of MathML whose content is HTML.
+bool mathHoldsHtml(const Tag& tag) {
     switch (tag.element) {
-    case Element::Desc:
-    case Element::ForeignObject:
     case Element::Mi:
     case Element::Mn:
     case Element::Mo:
     case Element::Ms:
     case Element::Mtext:
-    case Element::Title:
         return true;
     case Element::AnnotationXml: {
         const std::string_view encoding = tag.raw(Attribute::Encoding);
@@ -132,7 +135,9 @@ bool ForeignContent::start(const Tag& tag) {
 
 bool ForeignContent::startForeign(const Tag& tag) {
     const bool root = tag.element == Element::Svg || tag.element == Element::Math;
-    if (!tag.selfClosing && (root || holdsHtml(tag))) {
+    const bool inMath = foreign() && open_.back().element == Element::Math;
+    const bool holdsHtml = inMath ? mathHoldsHtml(tag) : svgHoldsHtml(tag.element);
+    if (!tag.selfClosing && (root || holdsHtml)) {
         push(tag.element, root);
     }
     return true;

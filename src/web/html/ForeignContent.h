@@ -17,6 +17,8 @@ public:
 
     /// Whether the next start tag would be one of SVG or MathML, unless it cannot be.
     bool foreign() const { return !open_.empty() && open_.back().foreign; }
+    /// Whether an end tag could change anything.
+    bool anyOpen() const { return !open_.empty(); }
     bool inTemplate() const { return templates_ > 0; }
 
 private:

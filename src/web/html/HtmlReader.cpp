@@ -25,6 +25,7 @@ public:
 
 private:
     void readStart();
+    void followForeign();
     void readAttribute(const TagAttribute& attribute, Meaning meaning);
     void readSrcset(const TagAttribute& attribute);
     void readContent(const TagAttribute& attribute);
@@ -57,9 +58,9 @@ void HtmlReader::read() {
         }
         if (!tag.isEnd) {
             readStart();
-        } else if (markup_ != Markup::Svg) {
+        } else {
             foreign_.end(tag);
-            tokenizer_.allowCdata(foreign_.foreign());
+            followForeign();
         }
     }
 }
@@ -70,15 +71,21 @@ void HtmlReader::readStart() {
     for (const TagAttribute& attribute : tag.attributes()) {
         readAttribute(attribute, meaningOf(attribute.name));
     }
+    followForeign();
     if (svg_) {
         foreignStyle_ = tag.element == Element::Style ? tag.behind : nullptr;
-        tokenizer_.allowCdata(foreign_.foreign());
     } else if (markup_ == Markup::Html || !tag.selfClosing) {
         const std::string_view raw = tokenizer_.skipRawText(tag.element);
         if (tag.element == Element::Style) {
             readStyle(raw);
         }
     }
+}
+
+/// Lets the tokenizer know what the elements that are open now make of the next markup.
+void HtmlReader::followForeign() {
+    tokenizer_.allowCdata(foreign_.foreign());
+    tokenizer_.reportEndTags(foreign_.anyOpen() || markup_ == Markup::Svg);
 }
 
 Meaning HtmlReader::meaningOf(Attribute attribute) const {

@@ -94,11 +94,14 @@ bool Tokenizer::next() {
             tag_.isEnd = false;
             return readTag(name);
         }
-        if (*name == '/' && name + 1 != end_ && isLetter(name[1])) {
+        if (*name != '/' || name + 1 == end_ || !isLetter(name[1])) {
+            at_ = afterMarkup(name);
+        } else if (endTags_) {
             tag_.isEnd = true;
             return readTag(name + 1);
+        } else {
+            skipEndTag(name + 1);
         }
-        at_ = afterMarkup(name);
     }
     return false;
 }
@@ -116,6 +119,12 @@ bool Tokenizer::readTag(const char* name) {
     tag_.clearAttributes();
     tag_.selfClosing = false;
     return readAttributes(p);
+}
+
+void Tokenizer::skipEndTag(const char* name) {
+    NameKey key;
+    tag_.clearAttributes();
+    readAttributes(readName(name, end_, TagNameBytes, key));
 }
 
 bool Tokenizer::readAttributes(const char* p) {

@@ -23,6 +23,8 @@ public:
 
     /// Tells whether "<![CDATA[" begins a section, as it does in SVG and MathML.
     void allowCdata(bool allowed) { cdata_ = allowed || syntax_ == Syntax::Xml; }
+    /// Tells whether next() stops at end tags, too. At first it does.
+    void reportEndTags(bool reported) { endTags_ = reported; }
     /// Passes over the raw text that follows the start tag of an element up to its end tag, and
     /// returns it. The end tag is the next tag. "" for an element whose content is markup.
     std::string_view skipRawText(Element element);
@@ -30,6 +32,7 @@ public:
 private:
     bool readTag(const char* name);
     bool readAttributes(const char* p);
+    void skipEndTag(const char* name);
     const char* readAttribute(const char* p);
     const char* afterMarkup(const char* p);
     const char* afterDeclaration(const char* p) const;
@@ -39,6 +42,7 @@ private:
     const char* end_;
     Syntax syntax_;
     bool cdata_;
+    bool endTags_ = true;
     bool phpEnds_ = true; ///< There may be another "?>" ahead.
     Tag tag_;
 };

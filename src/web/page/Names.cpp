@@ -24,47 +24,50 @@ constexpr NameKey keyOf(std::string_view name) {
     return key;
 }
 
-/// A hash table of the known names, made by the compiler.
+/// A hash table of the known names, made by the compiler. Keys lie close together, since each tag
+/// and attribute of a page is looked up.
 class NameTable {
 public:
     template <std::size_t Count>
     explicit constexpr NameTable(const std::array<std::string_view, Count>& names) {
         static_assert(Count < Slots / 2 && Count < 256);
         for (std::size_t i = 1; i < Count; ++i) { // Name 0 stands for all others.
+            names_[i] = names[i];
             std::size_t slot = firstSlot(keyOf(names[i]));
-            while (rows_[slot].index != 0) {
+            while (indices_[slot] != 0) {
                 slot = (slot + 1) % Slots;
             }
-            rows_[slot] = {keyOf(names[i]).characters, names[i], static_cast<std::uint8_t>(i)};
+            keys_[slot] = keyOf(names[i]).characters;
+            indices_[slot] = static_cast<std::uint8_t>(i);
         }
     }
 
     /// The index of a name, 0 for an unknown one.
     std::uint8_t find(std::string_view name, NameKey key) const {
-        for (std::size_t slot = firstSlot(key); rows_[slot].index != 0; slot = (slot + 1) % Slots) {
-            const Row& row = rows_[slot];
-            if (row.key == key.characters && row.name.size() == name.size() &&
-                (name.size() <= 8 || equalIgnoringCase(row.name, name))) {
-                return row.index;
+        for (std::size_t slot = firstSlot(key); indices_[slot] != 0; slot = (slot + 1) % Slots) {
+            if (keys_[slot] == key.characters && isNamed(name, names_[indices_[slot]])) {
+                return indices_[slot];
             }
         }
         return 0;
     }
 
 private:
-    struct Row {
-        std::uint64_t key = 0;
-        std::string_view name;
-        std::uint8_t index = 0;
-    };
-
     static constexpr std::size_t Slots = 512;
 
     static constexpr std::size_t firstSlot(NameKey key) {
         return static_cast<std::size_t>((key.characters * 0x9E3779B97F4A7C15U) >> 55U);
     }
 
-    std::array<Row, Slots> rows_{};
+    /// Whether a name is the known one of the same key.
+    static bool isNamed(std::string_view name, std::string_view known) {
+        return name.size() == known.size() &&
+               (name.size() <= sizeof(NameKey) || equalIgnoringCase(name, known));
+    }
+
+    std::array<std::uint64_t, Slots> keys_{};
+    std::array<std::uint8_t, Slots> indices_{};
+    std::array<std::string_view, 256> names_{};
 };
 
 constexpr NameTable ElementTable(ElementNames);
@@ -82,6 +85,10 @@ Element findElement(std::string_view name) {
 
 Attribute findAttribute(std::string_view name, NameKey key) {
     return static_cast<Attribute>(AttributeTable.find(name, key));
+}
+
+Attribute findAttribute(std::string_view name) {
+    return findAttribute(name, keyOf(name));
 }
 
 PlaceName placeName(std::uint16_t place) {

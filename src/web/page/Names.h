@@ -89,6 +89,7 @@ Element findElement(std::string_view name, NameKey key);
 Element findElement(std::string_view name);
 /// The attribute of a name, whatever its letter case; `key` is that of the same name.
 Attribute findAttribute(std::string_view name, NameKey key);
+Attribute findAttribute(std::string_view name);
 
 /// The number of a place; placeName() gives the names back.
 constexpr std::uint16_t placeOf(Element element, Attribute attribute) {

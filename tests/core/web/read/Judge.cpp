@@ -1,0 +1,244 @@
+#include "core/web/read/Judge.h"
+
+#include "web/css/CssScanner.h"
+#include "web/html/LinkRole.h"
+#include "web/html/MetaRefresh.h"
+#include "web/html/Places.h"
+#include "web/html/Srcset.h"
+#include "web/text/Ascii.h"
+
+#include <algorithm>
+#include <gumbo.h>
+#include <map>
+
+namespace quillmark::web::test {
+
+namespace {
+
+std::string line(Position at, std::uint16_t place, std::string_view text) {
+    const PlaceName name = placeName(place);
+    return std::to_string(at.line) + ":" + std::to_string(at.column) + " " +
+           std::string(name.element) + " " + std::string(name.attribute) + " " + std::string(text);
+}
+
+std::string_view view(const GumboStringPiece& piece) {
+    return {piece.data, piece.length};
+}
+
+/// Walks the tree and files each line under its place in the source, so that neither what the tree
+/// moves nor what it clones matters.
+class Judge {
+public:
+    explicit Judge(std::string_view page) : lineStarts_{page.data()} {
+        for (std::size_t i = 0; i < page.size(); ++i) {
+            if (page[i] == '\n' || (page[i] == '\r' && !page.substr(i + 1).starts_with('\n'))) {
+                lineStarts_.push_back(page.data() + i + 1);
+            }
+        }
+        GumboOptions options = kGumboDefaultOptions;
+        options.tab_stop = 1;
+        options.max_errors = 0;
+        GumboOutput* output = gumbo_parse_with_options(&options, page.data(), page.size());
+        walk(output->document, false);
+        gumbo_destroy_output(&options, output);
+    }
+
+    Lines lines() const {
+        Lines all;
+        for (const auto& entry : references_) {
+            all.push_back(entry.second);
+        }
+        for (const auto& entry : ids_) {
+            all.push_back(entry.second);
+        }
+        for (const auto& entry : mapNames_) {
+            all.push_back(entry.second);
+        }
+        return all;
+    }
+
+private:
+    void walk(const GumboNode* node, bool inTemplate) {
+        if (node->type == GUMBO_NODE_DOCUMENT) {
+            walkChildren(node->v.document.children, false);
+        } else if (node->type == GUMBO_NODE_ELEMENT || node->type == GUMBO_NODE_TEMPLATE) {
+            const GumboElement& element = node->v.element;
+            take(element, inTemplate);
+            walkChildren(element.children, inTemplate || node->type == GUMBO_NODE_TEMPLATE);
+        }
+    }
+
+    void walkChildren(const GumboVector& children, bool inTemplate) {
+        for (unsigned i = 0; i < children.length; ++i) {
+            walk(static_cast<const GumboNode*>(children.data[i]), inTemplate);
+        }
+    }
+
+    void take(const GumboElement& element, bool inTemplate) {
+        GumboStringPiece name = element.original_tag;
+        gumbo_tag_from_original_text(&name);
+        const bool html = element.tag_namespace == GUMBO_NAMESPACE_HTML;
+        const Element known = findElement(view(name));
+        for (unsigned i = 0; i < element.attributes.length; ++i) {
+            const auto& attribute = *static_cast<const GumboAttribute*>(element.attributes.data[i]);
+            const std::string written = std::string(view(attribute.original_name));
+            const Attribute attributeName = findAttribute(written);
+            if (!html && attributeName == Attribute::XlinkHref &&
+                value(element, "href", GUMBO_ATTR_NAMESPACE_NONE) != nullptr) {
+                continue;
+            }
+            const Meaning meaning =
+                html ? htmlMeaning(known, attributeName) : svgMeaning(known, attributeName);
+            takeAttribute(element, attribute, placeOf(known, attributeName), meaning, inTemplate);
+        }
+        if (known == Element::Style) {
+            takeStyle(element, html);
+        }
+    }
+
+    static const char* value(const GumboElement& element, const char* name,
+                             GumboAttributeNamespaceEnum space = GUMBO_ATTR_NAMESPACE_NONE) {
+        for (unsigned i = 0; i < element.attributes.length; ++i) {
+            const auto& attribute = *static_cast<const GumboAttribute*>(element.attributes.data[i]);
+            if (attribute.attr_namespace == space && std::string_view(attribute.name) == name) {
+                return attribute.value;
+            }
+        }
+        return nullptr;
+    }
+
+    static std::string_view text(const GumboElement& element, const char* name) {
+        const char* found = value(element, name);
+        return found == nullptr ? "" : found;
+    }
+
+    void takeAttribute(const GumboElement& element, const GumboAttribute& attribute,
+                       std::uint16_t place, Meaning meaning, bool inTemplate) {
+        const std::string_view decoded = attribute.value;
+        switch (meaning) {
+        case Meaning::None:
+        case Meaning::Base:
+            break;
+        case Meaning::Id:
+        case Meaning::MapName:
+            if (!decoded.empty() && !inTemplate) {
+                auto& names = meaning == Meaning::Id ? ids_ : mapNames_;
+                names[attribute.original_name.data] = "#" + std::string(decoded);
+            }
+            break;
+        case Meaning::Srcset:
+            for (Srcset srcset(decoded); srcset.next();) {
+                addPart(attribute, srcset.address(), srcset.offset(), place);
+            }
+            break;
+        case Meaning::Css:
+            takeCss(attribute, decoded, place);
+            break;
+        case Meaning::Content:
+            takeContent(element, attribute, place);
+            break;
+        case Meaning::Rel:
+            if (!linkRole(text(element, "rel"), text(element, "type"))) {
+                break;
+            }
+            [[fallthrough]];
+        default:
+            add(attribute, place);
+            break;
+        }
+    }
+
+    void takeContent(const GumboElement& element, const GumboAttribute& attribute,
+                     std::uint16_t place) {
+        const std::string_view decoded = attribute.value;
+        if (equalIgnoringCase(text(element, "http-equiv"), "refresh")) {
+            const std::string_view address = refreshAddress(decoded);
+            if (!address.empty()) {
+                addPart(attribute, address,
+                        static_cast<std::size_t>(address.data() - decoded.data()), place);
+            }
+        } else if (namesFile(text(element, "property")) || namesFile(text(element, "name")) ||
+                   namesFile(text(element, "itemprop"))) {
+            add(attribute, place);
+        }
+    }
+
+    void takeCss(const GumboAttribute& attribute, std::string_view css, std::uint16_t place) {
+        TextArena texts;
+        for (CssScanner scanner(css, texts); scanner.next();) {
+            addPart(attribute, scanner.address(), scanner.offset(), place);
+        }
+    }
+
+    void takeStyle(const GumboElement& element, bool html) {
+        const std::string_view type = text(element, "type");
+        if (html && !type.empty() && !equalIgnoringCase(type, "text/css")) {
+            return;
+        }
+        TextArena texts;
+        for (unsigned i = 0; i < element.children.length; ++i) {
+            const auto* child = static_cast<const GumboNode*>(element.children.data[i]);
+            if (child->type != GUMBO_NODE_TEXT && child->type != GUMBO_NODE_CDATA) {
+                continue;
+            }
+            const char* written = view(child->v.text.original_text).data();
+            written += child->type == GUMBO_NODE_CDATA ? 9 : 0;
+            for (CssScanner scanner(child->v.text.text, texts); scanner.next();) {
+                file(written + scanner.offset(), placeOf(Element::Style, scanner.kind()),
+                     scanner.address());
+            }
+        }
+    }
+
+    void add(const GumboAttribute& attribute, std::uint16_t place) {
+        const std::string_view written = view(attribute.original_value);
+        const bool quoted = written.starts_with("\"") || written.starts_with("'");
+        const Position at = {attribute.value_start.line,
+                             attribute.value_start.column + (quoted ? 1 : 0)};
+        references_[written.data()] = line(at, place, attribute.value);
+    }
+
+    /// A part of a value. Where it is written is known only if nothing before it is decoded.
+    void addPart(const GumboAttribute& attribute, std::string_view part, std::size_t offset,
+                 std::uint16_t place) {
+        const std::string_view written = view(attribute.original_value);
+        const bool quoted = written.starts_with("\"") || written.starts_with("'");
+        file(written.data() + (quoted ? 1 : 0) + offset, place, part);
+    }
+
+    void file(const char* at, std::uint16_t place, std::string_view text) {
+        const auto nextLine = std::upper_bound(lineStarts_.begin(), lineStarts_.end(), at);
+        Position position{static_cast<std::uint32_t>(nextLine - lineStarts_.begin()), 1};
+        for (const char* p = *(nextLine - 1); p != at; ++p) {
+            position.column += (static_cast<unsigned char>(*p) & 0xC0U) != 0x80 ? 1 : 0;
+        }
+        references_[at] = line(position, place, text);
+    }
+
+    std::vector<const char*> lineStarts_;
+    std::map<const char*, std::string> references_;
+    std::map<const char*, std::string> ids_;
+    std::map<const char*, std::string> mapNames_;
+};
+
+} // namespace
+
+Lines linesOf(const PageContent& content) {
+    Lines all;
+    for (const PageReference& reference : content.references) {
+        all.push_back(line(reference.at, reference.place, reference.text));
+    }
+    for (const std::string_view id : content.ids) {
+        all.push_back("#" + std::string(id));
+    }
+    for (const std::string_view name : content.mapNames) {
+        all.push_back("#" + std::string(name));
+    }
+    return all;
+}
+
+Lines judge(std::string_view page) {
+    return Judge(page).lines();
+}
+
+} // namespace quillmark::web::test
