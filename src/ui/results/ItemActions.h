@@ -33,8 +33,8 @@ std::string itemCaption(std::string_view verb, std::string_view target);
 /// 53, with the path of the file that the user asked for.
 Failure fileNotFound(const std::string& path);
 
-/// Deletes a file of the local disk ("\" form) if it is there. Throws 53 with its name for a folder,
-/// which is left alone, and another Failure if the file cannot be deleted.
+/// Deletes a file of the local disk ("\" form) if it is there. Throws 53 with its name for a
+/// folder, which is left alone, and another Failure if the file cannot be deleted.
 void deleteLocalFile(LocalDisk& disk, std::string_view target);
 
 } // namespace quillmark
