@@ -16,13 +16,13 @@ std::size_t nameStartOf(std::string_view spec) {
 } // namespace
 
 void PathParser::FileSpec(std::string_view spec) {
-    spec_.assign(spec);
-    nameStart_ = nameStartOf(spec_);
+    spec_ = spec;
+    nameStart_ = nameStartOf(spec);
 }
 
 std::string_view PathParser::Extension() const {
     const std::size_t dot = spec_.rfind('.');
-    return dot == std::string::npos ? std::string_view() : std::string_view(spec_).substr(dot + 1);
+    return dot == std::string_view::npos ? std::string_view() : spec_.substr(dot + 1);
 }
 
 std::string_view PathParser::BaseName() const {
@@ -32,12 +32,11 @@ std::string_view PathParser::BaseName() const {
 
 std::string_view PathParser::HostPath() const {
     const std::size_t server = spec_.find("//");
-    if (server == std::string::npos) {
+    if (server == std::string_view::npos) {
         return {};
     }
     const std::size_t path = spec_.find('/', server + 2);
-    return path == std::string::npos ? std::string_view()
-                                     : std::string_view(spec_).substr(path + 1);
+    return path == std::string_view::npos ? std::string_view() : spec_.substr(path + 1);
 }
 
 } // namespace quillmark

@@ -7,23 +7,26 @@
 namespace quillmark {
 
 /// Splits a path in "/" form, "\" form or a mix of both into its parts. It only searches the text;
-/// nothing consults the file system. The parts are views that hold until the next FileSpec().
+/// nothing consults the file system. The parts are views of the text that was given, and hold as
+/// long as it does.
 class PathParser {
 public:
     PathParser() = default;
     explicit PathParser(std::string_view spec) { FileSpec(spec); }
+    explicit PathParser(std::string&& spec) = delete; ///< Its parts would outlive it.
 
     /// Sets the path that all functions below split.
     void FileSpec(std::string_view spec);
+    void FileSpec(std::string&& spec) = delete;
     std::string_view FileSpec() const { return spec_; }
 
     /// 1-based position of the first character of the file name: behind the last separator of
     /// either kind, or, without any separator, behind the first ":" ("C:page.htm" gives 3), or 1.
     std::size_t NameStart() const { return nameStart_; }
     /// Everything before the name, with the final separator.
-    std::string_view Path() const { return std::string_view(spec_).substr(0, nameStart_ - 1); }
+    std::string_view Path() const { return spec_.substr(0, nameStart_ - 1); }
     /// Everything from the name start on; empty when the path ends in a separator.
-    std::string_view FileName() const { return std::string_view(spec_).substr(nameStart_ - 1); }
+    std::string_view FileName() const { return spec_.substr(nameStart_ - 1); }
     /// What follows the last "." of the whole path ("site.dir/readme" gives "dir/readme":
     /// callers compare with known extensions, so that a stray match is harmless).
     std::string_view Extension() const;
@@ -34,7 +37,7 @@ public:
     std::string_view HostPath() const;
 
 private:
-    std::string spec_;
+    std::string_view spec_;
     std::size_t nameStart_ = 1;
 };
 

@@ -5,7 +5,7 @@
 #include "settings/DefaultSettings.h"
 #include "settings/FieldReader.h"
 #include "settings/SettingKeys.h"
-#include "store/FileMasks.h"
+#include "store/FileCategory.h"
 
 #include <string>
 

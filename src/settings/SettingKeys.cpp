@@ -2,7 +2,7 @@
 
 #include "base/Failure.h"
 #include "settings/Cipher.h"
-#include "store/FileMasks.h"
+#include "store/FileCategory.h"
 
 #include <algorithm>
 

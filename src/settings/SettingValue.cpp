@@ -1,6 +1,6 @@
 #include "settings/SettingValue.h"
 
-#include "store/FileMasks.h"
+#include "store/FileCategory.h"
 
 #include <charconv>
 #include <span>

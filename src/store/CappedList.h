@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <deque>
 #include <string>
 #include <string_view>
@@ -10,15 +11,32 @@ namespace quillmark {
 /// its oldest lines back, so that it can run for as long as the program does.
 class CappedList {
 public:
-    void Append(std::string_view line) { lines_.emplace_back(line); }
-    void RemoveFirst() { lines_.pop_front(); }
-    void Clear() { lines_.clear(); }
+    /// What the lines may take together; beyond it the oldest go. A message about a reference of
+    /// megabytes holds all of it.
+    static constexpr std::size_t LargestSize = std::size_t{16} * 1024 * 1024;
+
+    void Append(std::string_view line) {
+        size_ += line.size();
+        lines_.emplace_back(line);
+        while (size_ > LargestSize && lines_.size() > 1) {
+            RemoveFirst();
+        }
+    }
+    void RemoveFirst() {
+        size_ -= lines_.front().size();
+        lines_.pop_front();
+    }
+    void Clear() {
+        size_ = 0;
+        lines_.clear();
+    }
     int Count() const { return static_cast<int>(lines_.size()); }
     /// Line i, with 0 <= i < Count().
     std::string_view Line(int i) const { return lines_[static_cast<std::size_t>(i)]; }
 
 private:
     std::deque<std::string> lines_;
+    std::size_t size_ = 0;
 };
 
 } // namespace quillmark

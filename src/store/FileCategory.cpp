@@ -1,7 +1,9 @@
 #include "store/FileCategory.h"
 
 #include "base/PathParser.h"
+#include "base/UpperCase.h"
 
+#include <algorithm>
 #include <string>
 
 namespace quillmark {
@@ -40,6 +42,26 @@ bool subCheckMask(std::string_view name, std::optional<FileCategory> selected,
                ListContains(masks.lstFileMasks, extension);
     }
     return false;
+}
+
+void SplitFileMasks(std::string_view text, ResultList& masks) {
+    masks.Clear();
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(','), text.size());
+        if (end > 0) {
+            masks.Append(upperCase(text.substr(0, end)));
+        }
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+}
+
+std::string JoinFileMasks(const ResultList& masks) {
+    std::string text;
+    for (int i = 0; i < masks.Count(); ++i) {
+        text += i == 0 ? "" : ",";
+        text += masks.Line(i);
+    }
+    return text;
 }
 
 } // namespace quillmark

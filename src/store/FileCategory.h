@@ -4,6 +4,7 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace quillmark {
@@ -34,5 +35,12 @@ bool ListContains(const ResultList& list, std::string_view text);
 /// no files.
 bool subCheckMask(std::string_view name, std::optional<FileCategory> selected,
                   const CategoryMasks& masks);
+
+/// Rebuilds a list from a text of items separated by ",": each item in upper case, empty items left
+/// out, blanks kept as they are.
+void SplitFileMasks(std::string_view text, ResultList& masks);
+
+/// The lines of the list joined by ",", without blanks.
+std::string JoinFileMasks(const ResultList& masks);
 
 } // namespace quillmark

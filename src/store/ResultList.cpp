@@ -5,7 +5,7 @@
 
 namespace quillmark {
 
-ResultList::ResultList() : bytes_(std::make_unique<std::pmr::monotonic_buffer_resource>()) {}
+ResultList::ResultList() : bytes_(std::make_shared<std::pmr::monotonic_buffer_resource>()) {}
 
 ResultList::ResultList(const ResultList& other) : ResultList() {
     for (int i = 0; i < other.Count(); ++i) {
@@ -24,7 +24,22 @@ ResultList& ResultList::operator=(const ResultList& other) {
 }
 
 void ResultList::Append(std::string_view line) {
-    lines_.push_back(stored(line));
+    const bool repeated = !lines_.empty() && lines_.back() == line;
+    lines_.push_back(repeated ? lines_.back() : stored(line));
+}
+
+void ResultList::AppendFrom(const ResultList& other, int i) {
+    borrow(other.bytes_);
+    for (const Bytes& bytes : other.borrowed_) {
+        borrow(bytes);
+    }
+    lines_.push_back(other.Line(i));
+}
+
+void ResultList::borrow(const Bytes& bytes) {
+    if (std::find(borrowed_.begin(), borrowed_.end(), bytes) == borrowed_.end()) {
+        borrowed_.push_back(bytes);
+    }
 }
 
 std::string_view ResultList::Line(int i) const {
@@ -39,7 +54,8 @@ void ResultList::Clear() {
     lines_.clear();
     gapStart_ = 0;
     gapLength_ = 0;
-    bytes_->release();
+    borrowed_.clear();
+    bytes_ = std::make_shared<std::pmr::monotonic_buffer_resource>();
 }
 
 void ResultList::Remove(int i) {

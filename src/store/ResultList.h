@@ -27,10 +27,13 @@ public:
     ResultList& operator=(const ResultList& other);
     ~ResultList() = default;
 
-    /// Adds a copy of the line at the end.
+    /// Adds a copy of the line at the end. A line that equals the last one takes no further memory.
     void Append(std::string_view line);
     /// Adds the line itself at the end: its bytes must outlive the list's contents.
     void AppendView(std::string_view line) { lines_.push_back(line); }
+    /// Adds line i of another list. Both lists keep its bytes from then on: references may be
+    /// megabytes long, and those that are filed as invalid stand in two lists.
+    void AppendFrom(const ResultList& other, int i);
     /// Line i, with 0 <= i < Count().
     std::string_view Line(int i) const;
     int Count() const;
@@ -39,11 +42,15 @@ public:
     void Remove(int i);
 
 private:
+    using Bytes = std::shared_ptr<std::pmr::monotonic_buffer_resource>;
+
     std::size_t place(int i) const;
     std::string_view stored(std::string_view line);
+    void borrow(const Bytes& bytes);
     void moveGapTo(std::size_t index);
 
-    std::unique_ptr<std::pmr::monotonic_buffer_resource> bytes_;
+    Bytes bytes_;
+    std::vector<Bytes> borrowed_; ///< Of lists whose lines are in this one, too.
     std::vector<std::string_view> lines_;
     std::size_t gapStart_ = 0;
     std::size_t gapLength_ = 0;

@@ -29,7 +29,14 @@ struct ResultLists {
     CappedList Message;       ///< The newest progress messages, 51 at most.
 
     /// Clears what a run fills, for the next run. Message is left: Start clears it.
-    void ClearForRun();
+    void ClearForRun() {
+        for (ResultList* list :
+             {&UnusedList, &IgnoredReferences, &IgnoredReferencesFrom, &InvalidReferences,
+              &InvalidReferencesFrom, &DirectoryList, &FileList, &ReferenceList, &ReferenceListFrom,
+              &GetFileList, &TempList, &DuplicateList, &FileSizes}) {
+            list->Clear();
+        }
+    }
 };
 
 /// Two parallel lists handled as one, so that neither can lose step.
@@ -40,6 +47,11 @@ public:
     void Append(std::string_view line, std::string_view from) {
         lines_.Append(line);
         from_.Append(from);
+    }
+    /// Adds line i of another pair, whose bytes both share then.
+    void AppendFrom(const ListPair& other, int i) {
+        lines_.AppendFrom(other.lines_, i);
+        from_.AppendFrom(other.from_, i);
     }
     void Remove(int i) {
         lines_.Remove(i);

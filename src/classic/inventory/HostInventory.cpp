@@ -20,7 +20,7 @@ void HostInventory::GetDirectory() {
         }
     } catch (const Failure& failure) {
         sounds_.failure();
-        // A host's own words were posted as they came; the disk has none of its own.
+        // A host tells in its own words, which are posted already; the disk says nothing.
         if (state.localMode) {
             context_.outside.messages.post("Unable to list ", state.currentDirectory, " (",
                                            failure.description(), ")");
@@ -29,10 +29,36 @@ void HostInventory::GetDirectory() {
 }
 
 void HostInventory::listLocalFolder() {
-    const FolderListing listing =
+    FolderListing listing =
         context_.outside.disk.list(ToBackSlashes(context_.state.currentDirectory));
+    leaveOutPathsForNames(listing.folders);
+    leaveOutPathsForNames(listing.files);
     addFolders(listing);
     addFiles(listing);
+}
+
+void HostInventory::leaveOutPathsForNames(std::vector<std::string>& names) {
+    std::erase_if(names, [this](const std::string& name) {
+        const bool isPath = name.find('\\') != std::string::npos;
+        if (isPath) {
+            context_.outside.messages.post("Left out ", context_.state.currentDirectory, name,
+                                           " because of the \\ in its name");
+        }
+        return isPath;
+    });
+}
+
+/// Returns whether the path is too long for the inventory, and tells of the first one.
+bool HostInventory::leavesOut(std::string_view path) {
+    if (path.size() <= LongestPath) {
+        return false;
+    }
+    if (!toldOfLongPaths_) {
+        toldOfLongPaths_ = true;
+        context_.outside.messages.post("Left out what has a path longer than 4,096 bytes, in ",
+                                       context_.state.currentDirectory);
+    }
+    return true;
 }
 
 void HostInventory::addFolders(const FolderListing& listing) {
@@ -42,8 +68,7 @@ void HostInventory::addFolders(const FolderListing& listing) {
             return;
         }
         const std::string path = WithTrailingBackslash(folder) + name;
-        limit_.AddWithLimit(context_.lists.DirectoryList, "Directory List",
-                            ToForwardSlashes(WithTrailingBackslash(path)));
+        addDirectoryPath(ToForwardSlashes(WithTrailingBackslash(path)));
         context_.outside.events.DoEvents();
     }
 }
@@ -79,7 +104,7 @@ void HostInventory::FtpXCtl1_DirItem(std::string_view line) {
     case 'd':
         addDirectory(name);
         return;
-    case 'l': // A link is neither a directory nor a file of the inventory.
+    case 'l': // Links are no part of the inventory.
         return;
     default:
         addFile(name, sizeInLine(line));
@@ -92,7 +117,13 @@ void HostInventory::addDirectory(std::string_view name) {
     if (!name.ends_with('/')) {
         path += '/';
     }
-    limit_.AddWithLimit(context_.lists.DirectoryList, "Directory List", path);
+    addDirectoryPath(path);
+}
+
+void HostInventory::addDirectoryPath(std::string_view path) {
+    if (!leavesOut(path)) {
+        limit_.AddWithLimit(context_.lists.DirectoryList, "Directory List", path);
+    }
 }
 
 void HostInventory::addFile(std::string_view name, std::int32_t size) {
@@ -100,6 +131,9 @@ void HostInventory::addFile(std::string_view name, std::int32_t size) {
     path += name;
     if (context_.state.localMode) {
         path = ToForwardSlashes(path);
+    }
+    if (leavesOut(path)) {
+        return;
     }
     context_.lists.FileList.Append(path);
     context_.lists.FileSizes.Append(path + zeroPadded(size, SizeDigits));

@@ -4,8 +4,11 @@
 #include "run/RunContext.h"
 #include "run/RunSounds.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillmark {
 
@@ -15,25 +18,35 @@ public:
     HostInventory(RunContext& context, ListLimit& limit, RunSounds& sounds)
         : context_(context), limit_(limit), sounds_(sounds) {}
 
+    /// A longer path is left out, with one message a run: no file system takes it, and a folder of
+    /// a host that holds itself leads to ever longer ones.
+    static constexpr std::size_t LongestPath = 4096;
+
     /// Lists the run's current directory; nothing once the run is being aborted. A directory that
-    /// cannot be listed keeps what was found of it, and the run goes on.
+    /// cannot be listed keeps what was found of it, and the run goes on. A local name with a "\" in
+    /// it is left out, with a message: in a list it would read as a path, and "x\..\.." as one
+    /// that leads out of the site.
     void GetDirectory();
 
     /// Takes one line of a host's long listing, as the host sent it, for the current directory.
     void FtpXCtl1_DirItem(std::string_view line);
 
 private:
+    void leaveOutPathsForNames(std::vector<std::string>& names);
+    bool leavesOut(std::string_view path);
     void listLocalFolder();
     void listHostDirectory();
     void addFolders(const FolderListing& listing);
     void addFiles(const FolderListing& listing);
     void addDirectory(std::string_view name);
+    void addDirectoryPath(std::string_view path);
     void addFile(std::string_view name, std::int32_t size);
     std::int32_t sizeInLine(std::string_view line) const;
 
     RunContext& context_;
     ListLimit& limit_;
     RunSounds& sounds_;
+    bool toldOfLongPaths_ = false;
 };
 
 } // namespace quillmark

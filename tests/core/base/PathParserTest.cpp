@@ -27,7 +27,8 @@ const std::vector<SpecRow> SpecRows = {{"", "", "", "", ""},
 
 TEST(PathParser, TakesSpecificationsApart) {
     for (const SpecRow& row : SpecRows) {
-        PathParser parser(std::string(row.path).append(row.fileName));
+        const std::string spec = std::string(row.path).append(row.fileName);
+        PathParser parser(spec);
         SCOPED_TRACE(parser.FileSpec());
         EXPECT_EQ(parser.NameStart(), row.path.size() + 1);
         EXPECT_EQ(parser.Path(), row.path);

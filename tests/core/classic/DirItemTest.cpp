@@ -52,6 +52,36 @@ TEST(DirItem, TakesListingLines) {
     }
 }
 
+TEST(DirItem, LeavesOutPathsThatNoFileSystemTakes) {
+    ListingBench bench;
+    bench.state.currentDirectory = "/www/";
+    for (const std::size_t length : {4091U, 4092U, 60'000U}) {
+        const std::string name(length, 'n');
+        bench.inventory.FtpXCtl1_DirItem("-rw " + name);
+        bench.inventory.FtpXCtl1_DirItem("drw " + name.substr(1));
+    }
+    EXPECT_EQ(bench.lists.FileList.Count(), 1);
+    EXPECT_EQ(bench.lists.FileSizes.Count(), 1);
+    EXPECT_EQ(bench.lists.DirectoryList.Count(), 1);
+    EXPECT_EQ(bench.lists.FileList.Line(0).size(), HostInventory::LongestPath);
+    EXPECT_EQ(bench.messages.normals,
+              Lines{"Left out what has a path longer than 4,096 bytes, in /www/"});
+}
+
+TEST(LocalFolder, LeavesOutNamesThatWouldReadAsPaths) {
+    RunBench bench;
+    bench.site.write("site/index.html", "");
+    bench.site.write("site/x\\..\\../page.html", "");
+    bench.site.write("site/y\\z", "");
+    bench.site.write("outside.html", "");
+    EXPECT_EQ(bench.runLocal("site/index.html"), RunOutcome::Finished);
+    EXPECT_EQ(bench.below(bench.lists.FileList), "/site/index.html");
+    EXPECT_EQ(bench.below(bench.lists.DirectoryList), "");
+    const std::string left = "Left out " + ToBackSlashes(bench.path("site/"));
+    EXPECT_TRUE(bench.messages.has(left + "x\\..\\.. because of the \\ in its name"));
+    EXPECT_TRUE(bench.messages.has(left + "y\\z because of the \\ in its name"));
+}
+
 struct FullCase {
     Lines names; ///< The list, and the other one of a pair that is told of.
     ResultList ResultLists::*list;

@@ -4,7 +4,7 @@
 #include "platform/ProgramFolder.h"
 #include "settings/DefaultSettings.h"
 #include "settings/ProfileFile.h"
-#include "store/FileMasks.h"
+#include "store/FileCategory.h"
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,3 @@
-#include "store/FileMasks.h"
 
 #include "store/FileCategory.h"
 #include "support/Lists.h"

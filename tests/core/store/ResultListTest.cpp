@@ -1,4 +1,5 @@
 #include "store/ResultList.h"
+#include "store/CappedList.h"
 
 #include "support/Lists.h"
 
@@ -51,6 +52,36 @@ TEST(ResultList, ActsAsAVectorOfLinesThatStayInPlace) {
         EXPECT_EQ(linesOf(assigned), model.lines);
         EXPECT_EQ(linesOf(model.list), Lines{"first of the next run"});
     }
+}
+
+TEST(ResultList, SharesTheBytesOfALineForAsLongAsEitherListNeedsThem) {
+    ResultList references = listOf({"a", "b"});
+    ResultList invalid;
+    {
+        ResultList between;
+        between.AppendFrom(references, 1);
+        invalid.AppendFrom(between, 0);
+    }
+    EXPECT_EQ(invalid.Line(0).data(), references.Line(1).data());
+    references.Clear();
+    references.Append("another, of the next run");
+    EXPECT_EQ(linesOf(invalid), Lines{"b"});
+    invalid.Append("c");
+    invalid.Append("c");
+    EXPECT_EQ(invalid.Line(1).data(), invalid.Line(2).data()) << "a page makes many references";
+}
+
+TEST(CappedList, LetsOlderLinesGoBeforeTheyFillTheMemory) {
+    CappedList list;
+    const std::string half(CappedList::LargestSize / 2, 'x');
+    list.Append("first");
+    list.Append(half);
+    list.Append(half);
+    EXPECT_EQ(list.Count(), 2);
+    list.Append(half + half + half);
+    EXPECT_EQ(list.Count(), 1) << "the newest line stays, whatever its length";
+    list.Append("last");
+    EXPECT_EQ(linesOf(list), Lines{"last"});
 }
 
 } // namespace
