@@ -57,17 +57,24 @@ void redirectStreams(const std::filesystem::path& folder) {
     _exit(127);
 }
 
-/// Whether a port of 127.0.0.1 can be bound or be connected to.
-bool works(int (*call)(int, const sockaddr*, socklen_t), int port) {
-    const int socketHandle = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+using Call = int (*)(int, const sockaddr*, socklen_t);
+
+/// Whether a port of this machine can be bound or be connected to.
+template <typename Address> bool works(Call call, const Address& address) {
+    const int socketHandle =
+        socket(reinterpret_cast<const sockaddr*>(&address)->sa_family, SOCK_STREAM, 0);
     const bool result =
-        call(socketHandle, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+        call(socketHandle, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     close(socketHandle);
     return result;
+}
+
+bool works(Call call, int port, bool ip6 = false) {
+    const in_port_t number = htons(static_cast<std::uint16_t>(port));
+    if (ip6) {
+        return works(call, sockaddr_in6{AF_INET6, number, 0, IN6ADDR_LOOPBACK_INIT, 0});
+    }
+    return works(call, sockaddr_in{AF_INET, number, {htonl(INADDR_LOOPBACK)}, {}});
 }
 
 } // namespace
@@ -185,10 +192,10 @@ int freePort() {
     throw std::runtime_error("no free port");
 }
 
-bool waitForPort(int port) {
+bool waitForPort(int port, const std::string& address) {
     using namespace std::chrono_literals;
-    const auto end = std::chrono::steady_clock::now() + 10s;
-    while (!works(connect, port)) {
+    const auto end = std::chrono::steady_clock::now() + 120s;
+    while (!works(connect, port, address == "::1")) {
         if (std::chrono::steady_clock::now() > end) {
             return false;
         }

@@ -85,7 +85,7 @@ Finished run(const Command& command);
 /// can keep in its 16 bits with a sign.
 int freePort();
 
-/// Waits until somebody listens on the port of 127.0.0.1; false after ten seconds.
-bool waitForPort(int port);
+/// Waits until somebody listens on the port of 127.0.0.1, or of ::1; false after two minutes.
+bool waitForPort(int port, const std::string& address = "127.0.0.1");
 
 } // namespace quillmark::test

@@ -58,7 +58,13 @@ def hop(path, _writer):
 
 
 async def slow(path, _writer):
-    await asyncio.sleep(0.05)
+    """/slow/ALL/HOST waits until so many requests came at once, in all and to one host."""
+    most_in_all, most_to_one = (int(number) for number in path.split("/")[2:4])
+    for _ in range(1000):
+        if MOST["in all"] >= most_in_all and MOST["to one host"] >= most_to_one:
+            break
+        await asyncio.sleep(0.02)
+    await asyncio.sleep(0.02)
     return page(path, _writer)
 
 

@@ -109,10 +109,15 @@ TEST(CheckCommand, RefusesWhatCannotStart) {
     bench.writeBrokenSite();
     const std::string start = bench.start();
     const std::string site = bench.site.path().string();
+    std::filesystem::create_symlink("index.html", site + "/linked.html");
+    bench.site.write(".hidden.html", "");
     const std::vector<std::pair<Words, std::string>> cases = {
         {{}, "a start file, --profile NAME or --host NAME"},
         {{"nowhere.html"}, "there is no start file \"nowhere.html\""},
         {{site}, "is a folder; name the start file in it, such as " + start},
+        {{site + "/linked.html"}, "is a symbolic link"},
+        {{site + "/.hidden.html"}, "is hidden"},
+        {{"--set", "START_PATH=" + ToBackSlashes(site + "/linked.html"), start}, ": " + start},
         {{"--profile", "x"}, "there is no profile \"x\""},
         {{"--profile", "x", start}, "--profile"},
         {{"--frob", start}, "--frob"},

@@ -23,7 +23,7 @@ Lines namesIn(const Lines& lines) {
 
 class RealServers : public testing::TestWithParam<RealSetting> {
 protected:
-    RealServers() : server(GetParam().server, GetParam().passiveDisabled) {
+    RealServers() : server(GetParam().server, GetParam().passiveDisabled, GetParam().address) {
         tree.write("index.html", "<a href=\"x\">\r\n\r\n\n");
         tree.write("sub/deep.html", std::string(300'000, 'd'));
         tree.write("empty.html", "");

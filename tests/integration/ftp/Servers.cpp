@@ -30,12 +30,13 @@ std::size_t countOf(const std::string& text, std::string_view part) {
 
 void Server::start(const Command& command) {
     process_.emplace(command);
-    if (!waitForPort(login_.port)) {
+    if (!waitForPort(login_.port, login_.host)) {
         throw std::runtime_error("no server: " + process_->errSoFar() + process_->outSoFar());
     }
 }
 
-RealServer::RealServer(const std::string& name, bool passiveDisabled) {
+RealServer::RealServer(const std::string& name, bool passiveDisabled, const std::string& address) {
+    login_.host = address;
     login_.port = static_cast<std::int16_t>(freePort());
     login_.passiveDisabled = passiveDisabled;
     name == "vsftpd" ? startVsftpd() : startProftpd();
@@ -66,7 +67,7 @@ void RealServer::startProftpd() {
     std::filesystem::permissions(users, std::filesystem::perms::owner_read);
     const auto file = settings_.write(
         "proftpd.conf",
-        "DefaultAddress 127.0.0.1\nServerType standalone\nUseIPv6 off\nPort " +
+        "DefaultAddress " + login_.host + "\nServerType standalone\nUseIPv6 on\nPort " +
             std::to_string(login_.port) + "\nUser " + me->pw_name + "\nGroup " +
             getgrgid(getgid())->gr_name + "\nAuthUserFile " + users.string() + "\nPidFile " +
             folder + "/pid\nSystemLog " + folder +

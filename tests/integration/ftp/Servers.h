@@ -30,7 +30,8 @@ protected:
 /// A server of the real world, "vsftpd" or "ProFTPD"; paths are those of the machine.
 class RealServer : public Server {
 public:
-    explicit RealServer(const std::string& name, bool passiveDisabled = false);
+    explicit RealServer(const std::string& name, bool passiveDisabled = false,
+                        const std::string& address = "127.0.0.1");
 
 private:
     void startVsftpd();
@@ -42,12 +43,15 @@ struct RealSetting {
     std::string name;
     std::string server;
     bool passiveDisabled;
+    std::string address = "127.0.0.1";
 };
 inline std::vector<RealSetting> realSettings() {
     return {{"VsftpdPassive", "vsftpd", false},
             {"VsftpdActive", "vsftpd", true},
             {"ProftpdPassive", "ProFTPD", false},
-            {"ProftpdActive", "ProFTPD", true}};
+            {"ProftpdActive", "ProFTPD", true},
+            {"ProftpdPassiveIp6", "ProFTPD", false, "::1"},
+            {"ProftpdActiveIp6", "ProFTPD", true, "::1"}};
 }
 
 /// The server of tests/support/ftp_faults.py in one of its scenarios.

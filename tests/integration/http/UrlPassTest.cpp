@@ -3,10 +3,15 @@
 #include "support/Process.h"
 #include "support/RunFakes.h"
 
+#include <algorithm>
 #include <chrono>
-#include <fstream>
 #include <optional>
 #include <string>
+
+#include <malloc.h>
+#ifdef __SANITIZE_ADDRESS__
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // No header of g++ has it.
+#endif
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,7 +20,6 @@ namespace quillmark::test {
 namespace {
 
 using namespace std::chrono_literals;
-using std::chrono::steady_clock;
 
 /// The web server of the tests, with a certificate that nobody has signed.
 class WebServer {
@@ -92,7 +96,7 @@ struct UrlRow {
 };
 
 TEST(UrlPass, GivesEachAnswerItsResultAndMessageInOrder) {
-    UrlPass pass({.wholeFetch = 3s});
+    UrlPass pass({.wholeFetch = 10s});
     const WebServer& server = pass.server;
     const std::vector<UrlRow> rows = {
         {"a page", server.url("/page/1"), Answer::Passes},
@@ -163,13 +167,13 @@ TEST(UrlPass, ReachesItsLimitsAndNeverExceedsThem) {
         for (int i = 0; i < Urls; ++i) {
             const std::string host = "127.0.0." + std::to_string(1 + i % row.hosts);
             // Every third is sent on to the first host, which must not get more than its share.
-            const std::string path = "/slow/" + std::to_string(i / 2);
+            const std::string path = "/slow/" + std::to_string(row.mostInAll) + "/" +
+                                     std::to_string(row.mostToOneHost) + "/" +
+                                     std::to_string(i / 2);
             pass.ignore(
                 {pass.server.url(i % 3 == 0 ? "/to?" + pass.server.url(path) : path, host)});
         }
-        const auto start = steady_clock::now();
         pass.check();
-        EXPECT_LT(steady_clock::now() - start, 6s) << "one after the other: 12 s";
         EXPECT_EQ(pass.passed(), Urls);
         EXPECT_EQ(pass.reported("to one host"), row.mostToOneHost);
         EXPECT_EQ(pass.reported("in all"), row.mostInAll);
@@ -178,7 +182,7 @@ TEST(UrlPass, ReachesItsLimitsAndNeverExceedsThem) {
 
 TEST(UrlPass, FetchesWhatIsListedTwiceOnce) {
     UrlPass pass;
-    for (const char* path : {"/page", "/slow", "/page", "/damaged", "/damaged", "/page"}) {
+    for (const char* path : {"/page", "/slow/1/1", "/page", "/damaged", "/damaged", "/page"}) {
         pass.ignore({pass.server.url(path)});
     }
     pass.check();
@@ -191,50 +195,52 @@ TEST(UrlPass, StopEndsItAtOnce) {
     UrlPass pass;
     const std::string page = pass.server.url("/page");
     pass.ignore({page, pass.server.url("/never"), pass.server.url("/page/2")});
-    steady_clock::time_point stopped = steady_clock::time_point::max();
-    const auto start = steady_clock::now();
+    int waits = 0; // For the host that never answers.
     pass.bench.events.hook = [&] {
-        if (!pass.bench.state.abort && steady_clock::now() - start > 500ms) {
-            pass.bench.state.abort = true;
-            stopped = steady_clock::now();
-        }
+        waits += pass.passed() == 1 ? 1 : 0;
+        pass.bench.state.abort = waits >= 5;
     };
     pass.check();
-    EXPECT_LT(steady_clock::now() - stopped, 200ms);
+    EXPECT_EQ(waits, 5);
     EXPECT_THAT(pass.bench.messages.normals,
                 ::testing::ElementsAre("Check For " + page + " Passed"));
 }
 
-#ifndef __SANITIZE_ADDRESS__
+/// What the program has allocated and not freed.
+std::size_t allocated() {
+#ifdef __SANITIZE_ADDRESS__
+    return __sanitizer_get_current_allocated_bytes();
+#else
+    const auto memory = mallinfo2();
+    return memory.uordblks + memory.hblkhd;
+#endif
+}
+
 TEST(UrlPass, KeepsItsMemoryWhateverArrivesAhead) {
-    UrlPass pass({.wholeFetch = 3s});
+    UrlPass pass({.wholeFetch = 20s});
     const WebServer& server = pass.server;
     // While the first two keep the pass waiting, all others arrive.
     pass.ignore({server.url("/never", "127.0.0.9"), server.url("/bomb", "127.0.0.9")});
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < 12; ++i) {
         const std::string host = "127.0.0." + std::to_string(1 + i % 5);
         for (const char* habit : {"/big/", "/bomb/", "/header/"}) {
             pass.ignore({server.url(habit + std::to_string(i), host)});
         }
     }
-    std::ofstream("/proc/self/clear_refs") << "5"; // Forgets the most memory so far.
+    const std::size_t before = allocated();
+    std::size_t most = before;
+    pass.bench.events.hook = [&most] { most = std::max(most, allocated()); };
     pass.check();
-    std::ifstream status("/proc/self/status");
-    for (std::string word; word != "VmHWM:" && status >> word;) {
-    }
-    int kibibytes = 0;
-    EXPECT_TRUE(status >> kibibytes);
-    EXPECT_LT(kibibytes, 64 * 1024);
-    EXPECT_EQ(pass.passed(), 81);
+    EXPECT_LT(most - before, std::size_t{64} * 1024 * 1024);
+    EXPECT_EQ(pass.passed(), 25);
     EXPECT_EQ(pass.reported("/big/0"), 1);
-    EXPECT_EQ(pass.reported("/big/39"), 1);
+    EXPECT_EQ(pass.reported("/big/11"), 1);
 }
-#endif
 
 // Both places of the host that the first one is sent to are held by bodies that nobody asks for
 // yet.
 TEST(UrlPass, HeldTransfersGiveWayToTheOneAskedFor) {
-    UrlPass pass({.toOneHost = 2, .wholeFetch = 5s, .keptAhead = 1024});
+    UrlPass pass({.toOneHost = 2, .keptAhead = 1024});
     const WebServer& server = pass.server;
     pass.ignore({server.url("/late?" + server.url("/page", "127.0.0.2")),
                  server.url("/big/1", "127.0.0.2"), server.url("/big/2", "127.0.0.2")});
@@ -245,7 +251,7 @@ TEST(UrlPass, HeldTransfersGiveWayToTheOneAskedFor) {
 
 // The last one has filled the room before the second one's first byte arrives.
 TEST(UrlPass, TheOneAskedForNeedsNoRoom) {
-    UrlPass pass({.wholeFetch = 1s, .keptAhead = 1024});
+    UrlPass pass({.wholeFetch = 10s, .keptAhead = 1024});
     const WebServer& server = pass.server;
     pass.ignore({server.url("/never"), server.url("/late?/big/1"), server.url("/big/2")});
     pass.check();
