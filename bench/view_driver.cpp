@@ -88,12 +88,11 @@ int main(int argc, char* argv[]) {
     ThinkingWindow progress;
     ProgramFolder files("\\nowhere");
     DiskAdapter disk;
-    DiskMover mover;
     HostTrace trace(workspace.trace);
     FtpXCtl ftp(messages, events, workspace.run, trace, {});
-    DisplayFrame frame({workspace, files, messages, progress, disk, ftp, mover, desktop, desktop,
-                        desktop, "/nowhere"},
-                       [](const std::function<void()>& work) { work(); });
+    DisplayFrame frame(
+        {workspace, files, messages, progress, disk, ftp, desktop, desktop, desktop, "/nowhere"},
+        [](const std::function<void()>& work) { work(); });
     progress.setOwner(&frame);
     frame.resize(900, 500);
     frame.show();

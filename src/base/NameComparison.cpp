@@ -18,7 +18,8 @@ unsigned char upperByte(char c) {
     return static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
 }
 
-/// FNV-1a, 64 bits (Fowler, Noll, Vo), of the upper-cased bytes; nothing is copied for plain names.
+/// FNV-1a, 64 bits (Fowler, Noll, Vo), of the upper-cased bytes. Plain ASCII names, nearly all of
+/// them, are hashed without a copy.
 std::size_t hashAsciiUpper(std::string_view name) {
     std::uint64_t hash = 14695981039346656037U;
     for (const char c : name) {

@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::string_view Digits = "0123456789";
 
-/// Digits, and one "." with further digits: never the "inf", "nan" or exponents that from_chars
-/// knows.
+/// The leading digits, with one "." and further digits. from_chars would also read "inf", "nan" and
+/// exponents, which no listing or settings file means as a number.
 std::string_view plainDecimalPrefix(std::string_view text) {
     std::size_t end = std::min(text.find_first_not_of(Digits), text.size());
     if (end < text.size() && text[end] == '.') {

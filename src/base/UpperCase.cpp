@@ -19,7 +19,7 @@ bool isAscii(std::string_view text) {
                        [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-/// Empty when the text is not valid UTF-8.
+/// Nothing if the text is not valid UTF-8: the caller then folds ASCII letters only.
 std::optional<std::string> upperUtf8(std::string_view text) {
     std::string result;
     result.reserve(text.size());

@@ -24,8 +24,9 @@ RunOutcome CheckRun::start() {
 }
 
 void CheckRun::stop() {
-    // First, should the message fail on a log file that cannot be written.
+    // Set first: posting the message fails if the log file cannot be written.
     state_.abort = true;
+    state_.stopped = true;
     outside_.messages.post("Stopping Quillmark...Please Wait");
 }
 
@@ -75,6 +76,7 @@ void CheckRun::prepare() {
     site_ = {};
     outside_.listener.enterRunState();
     state_.abort = false;
+    state_.stopped = false;
     sounds_.start();
     const PathParser start(settings_.profile.START_PATH);
     state_.currentDirectory = start.Path();
@@ -139,7 +141,7 @@ RunOutcome CheckRun::failedEnd(const Failure& failure) {
     try {
         outside_.messages.post(errorMessage(failure));
     } catch (const Failure&) {
-        // The log file that failed the run fails here again; the message is on the screen by now.
+        // If the log file ended the run, it fails here again. The message is on the screen by now.
     }
     outside_.listener.RemoveThinking();
     leaveRunState();
@@ -147,8 +149,10 @@ RunOutcome CheckRun::failedEnd(const Failure& failure) {
 }
 
 void CheckRun::leaveRunState() {
+    outside_.disk.endRun();
     outside_.listener.leaveRunState();
     state_.abort = false;
+    state_.stopped = false;
 }
 
 } // namespace quillmark

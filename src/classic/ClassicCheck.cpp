@@ -40,10 +40,10 @@ void ClassicCheck::verify() {
     state.unusedPass =
         runPass("Checking Unused Files", [&] { parts_.filePasses.checkUnusedFiles(); });
     if (profile.IGNORE_TOPICS == 1 && !aborted()) {
-        runPass("Checking Topic References", [&] { parts_.ignoredPasses.removeTopicReferences(); });
+        runPass("Checking Topic References", [&] { references.removeTopicReferences(); });
     }
     if (profile.IGNORE_CGI == 1) {
-        runPass("Checking for CGI Files", [&] { parts_.ignoredPasses.removeCGIReferences(); });
+        runPass("Checking for CGI Files", [&] { references.removeCGIReferences(); });
     }
     if (!aborted()) {
         runPass("Checking For Duplicate Invalid References",

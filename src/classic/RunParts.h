@@ -8,7 +8,6 @@
 #include "classic/scan/PageRetrieval.h"
 #include "classic/scan/Scanner.h"
 #include "classic/verify/FilePasses.h"
-#include "classic/verify/IgnoredPasses.h"
 #include "classic/verify/ReferencePasses.h"
 #include "run/ListLimit.h"
 #include "run/RunContext.h"
@@ -32,7 +31,6 @@ struct RunParts {
     SiteWalk walk;
     ReferencePasses referencePasses;
     FilePasses filePasses;
-    IgnoredPasses ignoredPasses;
 };
 
 } // namespace quillmark

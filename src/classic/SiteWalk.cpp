@@ -2,7 +2,7 @@
 
 #include "base/PathParser.h"
 #include "base/Paths.h"
-#include "classic/verify/HtmlFile.h"
+#include "classic/verify/ReferencePasses.h"
 
 namespace quillmark {
 
@@ -37,8 +37,7 @@ void SiteWalk::listDirectories() {
     }
 }
 
-// The sum of both levels is what users set their depth by: a deep start directory leaves fewer
-// levels.
+// Users set their depth by the sum of both levels, so a deep start directory leaves fewer levels.
 bool SiteWalk::withinDepth() const {
     const int maximum = context_.settings.profile.MAX_LEVELS;
     const RunState& state = context_.state;
@@ -77,7 +76,8 @@ bool SiteWalk::isOtherPage(std::string_view reference) const {
            !sameName(reference, context_.settings.profile.START_PATH);
 }
 
-/// False when the page is not in the inventory: line i is an invalid reference then, and gone.
+/// Returns false if the page is not in the inventory. Line i has then moved to the invalid
+/// references.
 bool SiteWalk::scanReferencedPage(int i) {
     RunState& state = context_.state;
     state.currentFile = references_.lines().Line(i);
@@ -96,7 +96,7 @@ bool SiteWalk::scanReferencedPage(int i) {
 void SiteWalk::moveToInvalid(int i) {
     const std::string& page = context_.state.currentFile;
     ListPair invalid(context_.lists.InvalidReferences, context_.lists.InvalidReferencesFrom);
-    invalid.Append(page, references_.from().Line(i));
+    invalid.AppendFrom(references_.pair(), i);
     context_.outside.messages.postDebug("Added Invalid Reference(1) ", page);
     limit_.apply(invalid.lines(), "Invalid Reference List");
     limit_.apply(invalid.from(), "Invalid References From List");

@@ -1,7 +1,6 @@
 #include "command/Commands.h"
 
 #include "base/Printable.h"
-#include "command/options/StartFile.h"
 #include "command/start/Password.h"
 #include "command/start/ProgramPlace.h"
 #include "command/start/RunSettings.h"

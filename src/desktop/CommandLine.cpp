@@ -1,10 +1,11 @@
 #include "desktop/CommandLine.h"
 
-#include "base/Paths.h"
+#include "base/Failure.h"
+#include "platform/disk/StartFile.h"
+#include "windows/shared/Text.h"
 
 #include <QCommandLineParser>
 #include <QFile>
-#include <QFileInfo>
 #include <QMap>
 
 #include <cstdio>
@@ -31,12 +32,12 @@ ThemeChoice themeOf(const QString& name) {
     return choices.value(name);
 }
 
-std::string startPathOf(const QString& page) {
-    const QFileInfo file(page);
-    if (!file.isFile()) {
-        refuse("there is no page \"" + page + "\"");
+std::string startPathOfPage(const QString& page) {
+    try {
+        return startPathOf(QFile::encodeName(page).toStdString());
+    } catch (const Failure& failure) {
+        refuse(shown(failure.description()));
     }
-    return ToBackSlashes(QFile::encodeName(file.absoluteFilePath()).toStdString());
 }
 
 } // namespace
@@ -56,7 +57,7 @@ CommandLine readCommandLine(const QCoreApplication& application) {
     }
     CommandLine line;
     line.theme = themeOf(parser.value(theme));
-    line.startPath = pages.isEmpty() ? std::string() : startPathOf(pages.first());
+    line.startPath = pages.isEmpty() ? std::string() : startPathOfPage(pages.first());
     return line;
 }
 

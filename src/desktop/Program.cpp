@@ -4,7 +4,7 @@
 #include "base/Paths.h"
 #include "findings/ListProjection.h"
 #include "platform/FolderLock.h"
-#include "platform/NativePath.h"
+#include "platform/disk/StartFile.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
 #include "windows/shared/SelectorAccess.h"
@@ -21,28 +21,6 @@ Failure folderInUse(const std::filesystem::path& folder) {
                       ". Wait for its end, or give this one a folder of its own."};
 }
 
-/// 1032: a file that no check can begin with.
-Failure cannotStart(const std::string& reason) {
-    return {1032, reason};
-}
-
-/// The inventory leaves out links and hidden files, so that a check would end at once, with nothing
-/// found.
-void requireListed(const std::filesystem::path& file) {
-    const std::string name = "\"" + file.string() + "\"";
-    std::error_code error;
-    if (std::filesystem::is_symlink(file, error)) {
-        throw cannotStart(name +
-                          " is a symbolic link, and links are no files of the site. Start "
-                          "from the file that it leads to: " +
-                          std::filesystem::weakly_canonical(file, error).string());
-    }
-    if (file.filename().string().starts_with('.') && std::filesystem::exists(file, error)) {
-        throw cannotStart(name + " is hidden, since its name begins with \".\", and hidden files "
-                                 "are no files of the site. Rename it or start from another page.");
-    }
-}
-
 } // namespace
 
 Program::Program(std::filesystem::path folder, std::filesystem::path help,
@@ -53,8 +31,8 @@ Program::Program(std::filesystem::path folder, std::filesystem::path help,
       trace_(workspace_.trace),
       ftp_(messages_, events_, workspace_.run, trace_, timeoutsFromEnvironment()),
       inet_(events_, workspace_.run), playSound_(parts.playSound),
-      window_({workspace_, files_, messages_, progress_, disk_, ftp_, mover_, parts.shell,
-               parts.dialogs, parts.printer, folder_},
+      window_({workspace_, files_, messages_, progress_, disk_, ftp_, parts.shell, parts.dialogs,
+               parts.printer, folder_},
               *this, std::move(help)),
       outside_{messages_, disk_, ftp_, inet_, *this, events_, site_},
       run_(workspace_.lists, workspace_.site, workspace_.run, workspace_.settings, outside_,
@@ -91,7 +69,7 @@ void Program::fillLists() {
 void Program::requireStartFile() {
     const std::string& startPath = workspace_.settings.profile.START_PATH;
     if (startPath.find('\\') != std::string::npos) {
-        requireListed(nativePath(startPath));
+        requireListedStartFile(startPath);
     }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "check/CheckRun.h"
-#include "desktop/DiskMover.h"
 #include "desktop/WindowEvents.h"
 #include "desktop/WindowFeeds.h"
 #include "platform/ProgramFolder.h"
@@ -67,7 +66,6 @@ private:
     ThinkingWindow progress_;
     DiskAdapter disk_;
     SiteDisk site_;
-    DiskMover mover_;
     HostTrace trace_;
     FtpXCtl ftp_;
     Inet inet_;

@@ -5,10 +5,14 @@
 namespace quillmark {
 
 std::filesystem::path nativePath(std::string_view backslashForm) {
+    return nativeName(backslashForm);
+}
+
+std::string nativeName(std::string_view backslashForm) {
     if constexpr (std::filesystem::path::preferred_separator == '/') {
         return ToForwardSlashes(backslashForm);
     } else {
-        return backslashForm;
+        return std::string(backslashForm);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace quillmark {
@@ -8,5 +9,7 @@ namespace quillmark {
 /// A path in "\" form as this machine's file system takes it. Where the separator is "/", every "\"
 /// becomes one, so that a name with a "\" in it cannot be reached.
 std::filesystem::path nativePath(std::string_view backslashForm);
+/// The same as a plain text, for calls that take no path apart.
+std::string nativeName(std::string_view backslashForm);
 
 } // namespace quillmark

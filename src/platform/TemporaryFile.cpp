@@ -107,4 +107,11 @@ void replaceFile(const std::filesystem::path& file, std::string_view bytes, mode
     temporary.rename(file);
 }
 
+void deleteIfThere(const std::filesystem::path& file) {
+    if (::unlink(file.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR || errno == EISDIR) {
+        return;
+    }
+    throw failureFromError(lastSystemError(), fileNotFound());
+}
+
 } // namespace quillmark

@@ -47,4 +47,8 @@ private:
 /// no such folder, or another Failure.
 void replaceFile(const std::filesystem::path& file, std::string_view bytes, mode_t mode);
 
+/// Deletes the file if there is one; a folder stays. A symbolic link is deleted, not what it leads
+/// to. Throws a Failure when the disk refuses.
+void deleteIfThere(const std::filesystem::path& file);
+
 } // namespace quillmark

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -24,17 +25,29 @@ public:
 
     /// Copies a file in whole blocks of 1,025 bytes, the last one filled up with zero bytes. When
     /// the source has no such spelling on the disk, a name that differs in the case of ASCII
-    /// letters is taken for it, component by component. Returns 0, or 1 when opening, reading or
-    /// writing failed.
-    virtual int CopyFileBinary(std::string_view source, std::string_view target) = 0;
+    /// letters is taken for it, component by component. The target is whole at any moment: the
+    /// earlier file or the copy. `goOn` is asked between one part of a long file and the next;
+    /// false gives the copy up. Returns 0, or 1 when opening, reading or writing failed or the copy
+    /// was given up. Throws a Failure when an earlier file cannot be deleted.
+    virtual int CopyFileBinary(std::string_view source, std::string_view target,
+                               const std::function<bool()>& goOn) = 0;
 
-    /// Hands the bytes of a file over, block by block; does nothing when there is no such file.
-    /// Throws a Failure when there is one that cannot be read.
+    /// Hands the bytes of a file over, block by block, for as long as `take` returns true; does
+    /// nothing when there is no such file. Throws a Failure when there is one that cannot be read.
     virtual void read(std::string_view file,
-                      const std::function<void(std::string_view block)>& take) = 0;
+                      const std::function<bool(std::string_view block)>& take) = 0;
 
     /// Deletes the file if there is one. Throws a Failure when it cannot be deleted.
     virtual void deleteIfThere(std::string_view file) = 0;
+
+    /// Moves a file to a path in the machine's own form, over an existing file too. The original is
+    /// deleted only when the copy is complete and was read back, so that nothing is lost whatever
+    /// fails. Throws a Failure, the original untouched, when that is not possible, and when both
+    /// names are the same file.
+    virtual void moveFile(std::string_view source, const std::filesystem::path& target) = 0;
+
+    /// Gives up what was kept from one copy of a run for the next one.
+    virtual void endRun() = 0;
 };
 
 } // namespace quillmark

@@ -26,6 +26,16 @@ struct RunContext {
                                                       : NameComparison::Exact;
     }
 
+    /// Whether the user wants the run to end in the middle of a page. A full list does not: the
+    /// page that fills it is read to its end. Lets waiting events run on a local site, where
+    /// nothing else does so during a page.
+    bool stopRequested() const {
+        if (state.localMode) {
+            outside.events.DoEvents();
+        }
+        return state.stopped;
+    }
+
     /// One step of a pass: shows it and lets waiting events run, so that Stop stays live.
     void step(int i, int count) const {
         outside.listener.UpdateThinking(i, count);

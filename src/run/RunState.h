@@ -24,6 +24,7 @@ struct ReadingFigures {
 /// What the parts of a run share while it lasts, and the window reads afterwards.
 struct RunState {
     bool abort = false;     ///< Set by Stop, by a full list and by failures; ends every loop.
+    bool stopped = false;   ///< Set by Stop: ends the page that is being read, too.
     bool localMode = false; ///< The start path holds a "\": a folder stands for the host.
     std::string
         currentDirectory;    ///< Being listed, or that of the current file; ends in a separator.

@@ -61,7 +61,7 @@ public:
     void listWorkingDirectory(const DirItem& item) override { list("/", item); }
     bool retrieve(std::string_view remoteFile, std::string_view localFile) override {
         loseConnectionAt(remoteFile);
-        return disk_.CopyFileBinary(local(remoteFile), localFile) == 0;
+        return disk_.CopyFileBinary(local(remoteFile), localFile, [] { return true; }) == 0;
     }
     void deleteFile(std::string_view /*remoteFile*/) override {}
     void removeDirectory(std::string_view /*directory*/) override {}

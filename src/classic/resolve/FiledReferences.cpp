@@ -4,14 +4,23 @@
 
 namespace quillmark {
 
-bool FiledReferences::contains(std::string_view reference, std::string_view from) const {
-    return filed_.contains({reference, from});
+bool FiledReferences::append(std::string_view reference, std::string_view from) {
+    if (filed_.contains({reference, from})) {
+        return false;
+    }
+    pair_.Append(reference, from);
+    remember();
+    return true;
 }
 
-void FiledReferences::append(std::string_view reference, std::string_view from) {
-    pair_.Append(reference, from);
+void FiledReferences::appendFrom(const ListPair& other, int i) {
+    pair_.AppendFrom(other, i);
+    remember();
+}
+
+void FiledReferences::remember() {
     const int last = lines().Count() - 1;
-    filed_.emplace(lines().Line(last), this->from().Line(last));
+    filed_.emplace(lines().Line(last), from().Line(last));
 }
 
 void FiledReferences::remove(int i) {

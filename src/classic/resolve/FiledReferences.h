@@ -2,6 +2,7 @@
 
 #include "store/ResultLists.h"
 
+#include <memory_resource>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -15,11 +16,14 @@ public:
     explicit FiledReferences(ResultLists& lists)
         : pair_(lists.ReferenceList, lists.ReferenceListFrom) {}
 
-    bool contains(std::string_view reference, std::string_view from) const;
-    void append(std::string_view reference, std::string_view from);
+    /// False, with nothing done, when the page filed the reference before.
+    bool append(std::string_view reference, std::string_view from);
+    /// Appends line i of another pair.
+    void appendFrom(const ListPair& other, int i);
     /// Removes line i of both lists.
     void remove(int i);
 
+    const ListPair& pair() const { return pair_; }
     const ResultList& lines() const { return pair_.lines(); }
     const ResultList& from() const { return pair_.from(); }
 
@@ -29,8 +33,11 @@ private:
         std::size_t operator()(const Entry& entry) const;
     };
 
+    void remember();
+
     ListPair pair_;
-    std::unordered_set<Entry, EntryHash> filed_;
+    std::pmr::monotonic_buffer_resource memory_;
+    std::pmr::unordered_set<Entry, EntryHash> filed_{&memory_};
 };
 
 } // namespace quillmark

@@ -8,7 +8,7 @@ namespace quillmark {
 
 namespace {
 
-// The two display names of the one list are both in users' logs and are kept apart.
+// One list with two display names: both stand in users' logs, so neither may change.
 constexpr std::string_view AbsoluteListName = "Ignored References";
 constexpr std::string_view IgnoredListName = "Ignored References List";
 
@@ -51,7 +51,7 @@ void ReferenceResolver::MakeAddition(std::string_view targetDirectory, std::stri
     testForMap(targetDirectory, target);
 }
 
-/// The first prefix that the directory part holds.
+/// Returns the first prefix that the directory part contains.
 std::optional<std::string_view>
 ReferenceResolver::absolutePrefix(std::string_view targetDirectory) {
     if (targetDirectory.empty()) {
@@ -67,7 +67,8 @@ ReferenceResolver::absolutePrefix(std::string_view targetDirectory) {
     return std::nullopt;
 }
 
-/// What follows the site's own web address in the directory part of an absolute reference.
+/// Returns what follows the site's own web address in the directory part of an absolute reference,
+/// or nothing if the reference leads to another site.
 std::optional<std::string_view> ReferenceResolver::behindAlias(std::string_view prefix,
                                                                std::string_view targetDirectory) {
     const std::string& alias = context_.settings.profile.HOST_ALIAS;
@@ -118,13 +119,11 @@ void ReferenceResolver::fileUpperLevels(std::string_view reference) {
     }
 }
 
-/// False when the page made the reference before.
+/// Returns false if the page made the reference before.
 bool ReferenceResolver::file(std::string_view path) {
-    const std::string& from = context_.state.currentFile;
-    if (references_.contains(path, from)) {
+    if (!references_.append(path, context_.state.currentFile)) {
         return false;
     }
-    references_.append(path, from);
     limit_.apply(references_.lines(), "Reference List");
     return true;
 }

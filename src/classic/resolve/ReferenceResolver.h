@@ -1,7 +1,6 @@
 #pragma once
 
 #include "classic/resolve/FiledReferences.h"
-#include "classic/resolve/MapFileReader.h"
 #include "classic/resolve/ReferenceSink.h"
 #include "run/ListLimit.h"
 #include "run/RunContext.h"

@@ -9,15 +9,14 @@ namespace {
 
 constexpr std::string_view LevelUp = "../";
 
-/// The groups counted, and the 1-based position at which what is left of the reference begins.
+/// How many "../" groups lead the reference, and the 1-based position of what follows them.
 struct LeadingGroups {
     int ups = 0;
     int remainderStart = 0;
 };
 
-// A group is looked at only when two characters or more follow it. A reference that is too short
-// for a last look keeps the group in its remainder: "../x.js" leads to a path that holds "../" and
-// that no inventory has.
+// A group counts only if at least two characters follow it. A shorter reference keeps its last
+// group: "../x.js" becomes a path with "../" in it, which no inventory holds.
 LeadingGroups countGroups(std::string_view reference) {
     const int length = static_cast<int>(reference.size());
     int i = 1;
@@ -41,8 +40,8 @@ std::string_view remainderOf(std::string_view reference, int start) {
     return reference.substr(static_cast<std::size_t>(start - 1));
 }
 
-/// The directory up to the slash that is the `slashes`-th from its end; empty when that is its
-/// first character or when there are fewer.
+/// Returns the directory up to its `slashes`-th slash from the end; nothing if that slash is the
+/// first character, or if there are fewer.
 std::string_view parentPrefix(std::string_view directory, int slashes) {
     std::size_t end = directory.size();
     for (; slashes > 0; --slashes) {
@@ -56,13 +55,10 @@ std::string_view parentPrefix(std::string_view directory, int slashes) {
 }
 
 std::string climb(std::string_view directory, int levels) {
-    PathParser parser;
-    std::string result(directory);
-    for (int i = 0; i < levels && result.size() > 1; ++i) {
-        parser.FileSpec(std::string_view(result).substr(0, result.size() - 1));
-        result = parser.Path();
+    for (int i = 0; i < levels && directory.size() > 1; ++i) {
+        directory = PathParser(directory.substr(0, directory.size() - 1)).Path();
     }
-    return result;
+    return std::string(directory);
 }
 
 } // namespace

@@ -7,7 +7,7 @@ namespace quillmark {
 
 namespace {
 
-/// Line breaks are CR LF, CR or LF; the last line needs none.
+/// Calls `take` for each line. A line ends at CR LF, CR, LF or the end of the text.
 template <typename Take> void forEachLine(std::string_view text, const Take& take) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
@@ -26,8 +26,10 @@ int MapFiles::ProcessMapFile(std::string_view directory, std::string_view fileNa
         return 0;
     }
     std::string text;
-    context_.outside.disk.read(context_.workingCopy,
-                               [&text](std::string_view block) { text.append(block); });
+    context_.outside.disk.read(context_.workingCopy, [&text](std::string_view block) {
+        text.append(block);
+        return true;
+    });
     forEachLine(text, [&](std::string_view line) { parseLine(directory, fileName, line); });
     return 0;
 }

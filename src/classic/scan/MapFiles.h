@@ -1,6 +1,5 @@
 #pragma once
 
-#include "classic/resolve/MapFileReader.h"
 #include "classic/resolve/ReferenceSink.h"
 #include "classic/scan/PageRetrieval.h"
 #include "run/RunContext.h"

@@ -23,11 +23,11 @@ std::int16_t PageRetrieval::RetrieveFile(bool skipCheck) {
         messages.post("Added ", file, " To Invalid Reference List");
         return NotInInventory;
     }
-    context_.outside.disk.deleteIfThere(context_.workingCopy);
     return context_.state.localMode ? copyFromDisk() : retrieveFromHost(skipCheck);
 }
 
 std::int16_t PageRetrieval::retrieveFromHost(bool skipCheck) {
+    context_.outside.disk.deleteIfThere(context_.workingCopy);
     const bool retrieved =
         context_.outside.ftp.retrieve(context_.state.currentFile, context_.workingCopy);
     if (skipCheck) {
@@ -38,12 +38,19 @@ std::int16_t PageRetrieval::retrieveFromHost(bool skipCheck) {
 }
 
 std::int16_t PageRetrieval::copyFromDisk() {
+    LocalDisk& disk = context_.outside.disk;
     const std::string source = ToBackSlashes(context_.state.currentFile);
-    if (context_.outside.disk.CopyFileBinary(source, context_.workingCopy) != 0) {
-        return NotInInventory;
+    const auto goOn = [this] { return !context_.stopRequested(); };
+    if (disk.CopyFileBinary(source, context_.workingCopy, goOn) == 0) {
+        recordRetrieved();
+        return CopyReady;
     }
-    recordRetrieved();
-    return CopyReady;
+    // A page that Stop has cut short is not an invalid reference.
+    if (context_.state.stopped) {
+        return CopyReady;
+    }
+    disk.deleteIfThere(context_.workingCopy);
+    return NotInInventory;
 }
 
 void PageRetrieval::recordRetrieved() {

@@ -8,12 +8,46 @@ namespace quillmark {
 
 namespace {
 
-/// Position of the first of either character, or the length of the text. Pages are walked byte by
-/// byte here; std::string_view::find_first_of took three times as long.
-std::size_t findEither(std::string_view text, char a, char b) {
-    const auto* found =
-        std::find_if(text.begin(), text.end(), [a, b](char c) { return c == a || c == b; });
-    return static_cast<std::size_t>(found - text.begin());
+/// The places of two characters in a text, one after the other. Each is looked for by itself and
+/// once: looking at every byte for both took a third of the time of a check.
+class EitherOf {
+public:
+    EitherOf(std::string_view text, char a, char b)
+        : text_(text), a_{a, find(a, 0)}, b_{b, find(b, 0)} {}
+
+    /// Position of the first of either from `start` on, or the length of the text. `start` only
+    /// grows.
+    std::size_t next(std::size_t start) {
+        for (Place* place : {&a_, &b_}) {
+            if (place->position < start) {
+                place->position = find(place->character, start);
+            }
+        }
+        return std::min(a_.position, b_.position);
+    }
+
+private:
+    struct Place {
+        char character;
+        std::size_t position;
+    };
+
+    std::size_t find(char c, std::size_t start) const {
+        return std::min(text_.find(c, start), text_.size());
+    }
+
+    std::string_view text_;
+    Place a_;
+    Place b_;
+};
+
+/// Empties a text, and gives its memory back when it is that of an unusual page.
+void empty(std::string& text) {
+    constexpr std::size_t Usual = std::size_t{1} << 20U;
+    text.clear();
+    if (text.capacity() > Usual) {
+        text.shrink_to_fit();
+    }
 }
 
 } // namespace
@@ -22,18 +56,21 @@ void Scanner::ParseFile() {
     if (context_.state.abort) {
         return;
     }
-    pendingLine_.clear();
+    endLine();
     pieceEmpty_ = true;
     unreadBytes_ = 0;
     context_.outside.disk.read(context_.workingCopy, [this](std::string_view block) {
-        if (context_.state.localMode) {
-            context_.outside.events.DoEvents();
+        if (context_.stopRequested()) {
+            return false;
         }
         context_.state.reading.bytes += block.size();
         unreadBytes_ += block.size();
         scanBlock(block);
+        return true;
     });
-    countUnread();
+    if (!context_.state.stopped) {
+        countUnread();
+    }
 }
 
 // The zero bytes that fill up the working copy are not the page's. A reference needs its double
@@ -42,7 +79,7 @@ void Scanner::countUnread() {
     const std::size_t fill = pendingLine_.size() - (pendingLine_.find_last_not_of('\0') + 1);
     ReadingFigures& figures = context_.state.reading;
     figures.bytes -= fill;
-    if (pendingLine_.find('"') != std::string::npos) {
+    if (givenUp_ || pendingLine_.find('"') != std::string::npos) {
         ++figures.pagesCutShort;
         figures.bytesUnread += unreadBytes_ - fill;
     }
@@ -52,39 +89,55 @@ void Scanner::countUnread() {
 // feed are scanned line by line, pages with bare line feeds paragraph by paragraph, and what
 // follows the last such pair is not scanned at all.
 void Scanner::scanBlock(std::string_view block) {
-    while (!block.empty()) {
-        const std::size_t length = findEither(block, '\r', '\n');
-        pendingLine_.append(block.substr(0, length));
-        pieceEmpty_ = pieceEmpty_ && length == 0;
-        if (length == block.size()) {
-            return;
+    EitherOf breaks(block, '\r', '\n');
+    std::size_t start = 0;
+    for (std::size_t end = breaks.next(0); end < block.size(); end = breaks.next(start)) {
+        addPiece(block.substr(start, end - start));
+        if (pieceEmpty_) {
+            scanLine(pendingLine_);
+            endLine();
+            unreadBytes_ = block.size() - end - 1;
         }
-        block.remove_prefix(length + 1);
-        endPiece(block.size());
+        pieceEmpty_ = true;
+        start = end + 1;
     }
+    addPiece(block.substr(start));
 }
 
-/// `left` is what the block still holds.
-void Scanner::endPiece(std::size_t left) {
-    if (pieceEmpty_) {
-        scanLine(pendingLine_);
-        pendingLine_.clear();
-        unreadBytes_ = left;
+// Nobody writes such a line: it is a file that is no page, and its line would fill the memory.
+void Scanner::addPiece(std::string_view piece) {
+    pieceEmpty_ = pieceEmpty_ && piece.empty();
+    if (givenUp_) {
+        return;
     }
-    pieceEmpty_ = true;
+    if (pendingLine_.size() + piece.size() > LongestLine) {
+        context_.outside.messages.post("Gave up a line longer than 64 MB in ",
+                                       context_.state.currentFile);
+        endLine();
+        givenUp_ = true;
+        return;
+    }
+    pendingLine_.append(piece);
+}
+
+void Scanner::endLine() {
+    givenUp_ = false;
+    empty(pendingLine_);
+    empty(upperTag_);
 }
 
 // Once a "<" was seen on the line, every stretch that ends in ">" counts as a tag, and a further
 // "<" drops what was collected: "<a <b c> d>" holds the tags "b c" and " d".
 void Scanner::scanLine(std::string_view line) {
     line.remove_prefix(std::min(line.find('<'), line.size()));
-    while (!line.empty()) {
-        line.remove_prefix(1);
-        const std::size_t end = findEither(line, '<', '>');
-        if (end < line.size() && line[end] == '>') {
-            CheckCommand(line.substr(0, end));
+    EitherOf brackets(line, '<', '>');
+    std::size_t start = 1;
+    for (std::size_t end = brackets.next(start); end < line.size() && !context_.stopRequested();
+         end = brackets.next(start)) {
+        if (line[end] == '>') {
+            CheckCommand(line.substr(start, end - start));
         }
-        line.remove_prefix(end);
+        start = end + 1;
     }
 }
 

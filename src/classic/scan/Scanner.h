@@ -15,9 +15,13 @@ namespace quillmark {
 /// values.
 class Scanner {
 public:
+    /// A longer line is given up with a message; the page's other lines are scanned.
+    static constexpr std::size_t LongestLine = std::size_t{64} * 1024 * 1024;
+
     Scanner(RunContext& context, ReferenceSink& sink) : context_(context), sink_(sink) {}
 
-    /// Scans the working copy, if there is one; nothing once the run is being aborted.
+    /// Scans the working copy, if there is one; nothing once the run is being aborted. Stop ends it
+    /// at the next block or tag.
     void ParseFile();
     /// Takes the reference of one tag, given without its angle brackets; one a tag at most.
     void CheckCommand(std::string_view tag);
@@ -26,7 +30,8 @@ public:
 
 private:
     void scanBlock(std::string_view block);
-    void endPiece(std::size_t left);
+    void addPiece(std::string_view piece);
+    void endLine();
     void scanLine(std::string_view line);
     void countUnread();
 
@@ -36,6 +41,7 @@ private:
     std::string pendingLine_;
     bool pieceEmpty_ = true;
     std::size_t unreadBytes_ = 0; ///< Of the page so far, behind the last line that was scanned.
+    bool givenUp_ = false;        ///< The pending line is too long.
     std::string upperTag_;
 };
 

@@ -3,7 +3,6 @@
 #include "base/Numbers.h"
 #include "base/PathParser.h"
 #include "base/UpperCase.h"
-#include "store/LineIndex.h"
 
 #include <string>
 #include <unordered_map>
@@ -27,7 +26,7 @@ double sumOfSizes(const ResultList& fileSizes, int count) {
     return sum;
 }
 
-/// What duplicates share. No name holds "/", so that name and size cannot run into each other.
+/// What duplicates have in common: name and size, with a "/" between them that no name contains.
 std::string duplicateKey(std::string_view file, std::string_view fileSizesLine) {
     const PathParser parser(file);
     return upperCase(parser.FileName()).append("/").append(sizeOf(fileSizesLine));
@@ -37,13 +36,28 @@ std::string duplicateKey(std::string_view file, std::string_view fileSizesLine) 
 
 void FilePasses::checkUnusedFiles() {
     const ResultList& files = context_.lists.FileList;
-    LineIndex references(context_.lists.ReferenceList, context_.comparison());
+    const std::vector<bool> used = referredTo();
     for (int i = 0; i < files.Count() && !context_.state.abort; ++i) {
         context_.step(i, files.Count());
-        if (!context_.state.abort && !references.contains(files.Line(i))) {
-            limit_.AddWithLimit(context_.lists.UnusedList, "Unused File List", files.Line(i));
+        if (!context_.state.abort && !used[static_cast<std::size_t>(files_.find(files.Line(i)))]) {
+            context_.lists.UnusedList.AppendFrom(files, i);
+            limit_.apply(context_.lists.UnusedList, "Unused File List");
         }
     }
+}
+
+/// Marks each line of FileList that a reference is equal to. Of several equal lines only the first
+/// is marked.
+std::vector<bool> FilePasses::referredTo() {
+    const ResultList& references = context_.lists.ReferenceList;
+    std::vector<bool> used(static_cast<std::size_t>(context_.lists.FileList.Count()));
+    for (int i = 0; i < references.Count(); ++i) {
+        const int file = files_.find(references.Line(i));
+        if (file != LineIndex::NotThere) {
+            used[static_cast<std::size_t>(file)] = true;
+        }
+    }
+    return used;
 }
 
 void FilePasses::checkDuplicateFiles() {
@@ -61,7 +75,7 @@ void FilePasses::checkDuplicateFiles() {
         int& others = *left[static_cast<std::size_t>(i)];
         --others;
         if (others > 0) {
-            context_.lists.DuplicateList.Append(files.Line(i));
+            context_.lists.DuplicateList.AppendFrom(files, i);
         }
     }
 }

@@ -2,13 +2,18 @@
 
 #include "run/ListLimit.h"
 #include "run/RunContext.h"
+#include "store/LineIndex.h"
+
+#include <vector>
 
 namespace quillmark {
 
 /// The passes over the files of the inventory.
 class FilePasses {
 public:
-    FilePasses(RunContext& context, ListLimit& limit) : context_(context), limit_(limit) {}
+    /// `files` answers for FileList.
+    FilePasses(RunContext& context, ListLimit& limit, LineIndex& files)
+        : context_(context), limit_(limit), files_(files) {}
 
     /// Lists the files that no reference names. Ends early when the run is aborted.
     void checkUnusedFiles();
@@ -20,8 +25,11 @@ public:
     void computeStatistics();
 
 private:
+    std::vector<bool> referredTo();
+
     RunContext& context_;
     ListLimit& limit_;
+    LineIndex& files_;
 };
 
 } // namespace quillmark

@@ -18,6 +18,20 @@ bool isWebReference(std::string_view reference) {
 
 } // namespace
 
+bool IsHTMLFile(std::string_view name, const ResultList& extensions) {
+    const std::string upper = upperCase(name);
+    for (std::size_t dot = upper.find('.'); dot != std::string::npos;
+         dot = upper.find('.', dot + 1)) {
+        const std::string_view behind = std::string_view(upper).substr(dot + 1);
+        for (int i = 0; i < extensions.Count(); ++i) {
+            if (behind.starts_with(extensions.Line(i))) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 void ReferencePasses::checkReferences() {
     const ResultList& references = references_.lines();
     for (int i = 0; i < references.Count() && !context_.state.abort; ++i) {
@@ -31,7 +45,7 @@ void ReferencePasses::checkReferences() {
 void ReferencePasses::addInvalidReference(int i) {
     const std::string_view reference = references_.lines().Line(i);
     ListPair invalid(context_.lists.InvalidReferences, context_.lists.InvalidReferencesFrom);
-    invalid.Append(reference, references_.from().Line(i));
+    invalid.AppendFrom(references_.pair(), i);
     context_.outside.messages.post("Added Invalid Reference(2) ", reference);
     limit_.apply(invalid.lines(), "Invalid References List");
     limit_.apply(invalid.from(), "Invalid References From List");
@@ -66,6 +80,34 @@ void ReferencePasses::removeEarlierDuplicates(ListPair list) {
     }
 }
 
+void ReferencePasses::removeTopicReferences() {
+    ListPair ignored(context_.lists.IgnoredReferences, context_.lists.IgnoredReferencesFrom);
+    for (int i = 0; i < ignored.lines().Count();) {
+        context_.step(i, ignored.lines().Count());
+        const std::string_view line = ignored.lines().Line(i);
+        if (!line.starts_with('#')) {
+            ++i;
+            continue;
+        }
+        context_.outside.messages.postDebug("Removed Topic Reference :", line);
+        ignored.Remove(i);
+    }
+}
+
+void ReferencePasses::removeCGIReferences() {
+    ListPair ignored(context_.lists.IgnoredReferences, context_.lists.IgnoredReferencesFrom);
+    for (int i = 0; i < ignored.lines().Count();) {
+        context_.step(i, ignored.lines().Count());
+        const std::string_view line = ignored.lines().Line(i);
+        if (line.find(".CGI") == std::string_view::npos &&
+            line.find(".cgi") == std::string_view::npos) {
+            ++i;
+            continue;
+        }
+        ignored.Remove(i);
+    }
+}
+
 void ReferencePasses::recheckInvalidReferences() {
     ListPair invalid(context_.lists.InvalidReferences, context_.lists.InvalidReferencesFrom);
     for (int i = 0; i < invalid.lines().Count() && !context_.state.abort;) {
@@ -80,7 +122,7 @@ void ReferencePasses::recheckInvalidReferences() {
     }
 }
 
-// The place for a real second test of an invalid reference; none is known that is worth its time.
+// A real second test of invalid references would go here. None is known that is worth its time.
 bool ReferencePasses::CheckInvalidReference(std::string_view reference) {
     context_.outside.messages.post("Checking Invalid Reference ", reference);
     return false;
@@ -107,13 +149,14 @@ void ReferencePasses::checkURLs() {
 
 void ReferencePasses::acceptURL(int i) {
     ListPair ignored(context_.lists.IgnoredReferences, context_.lists.IgnoredReferencesFrom);
-    references_.append(ignored.lines().Line(i), ignored.from().Line(i));
+    references_.appendFrom(ignored, i);
     limit_.apply(references_.lines(), "Reference List");
     limit_.apply(references_.from(), "Reference From List");
     ignored.Remove(i);
 }
 
-// A missing page is told by the text that web servers put into its body, whatever the status says.
+// Servers put this text into the body of a missing page. The status is not looked at: many sites
+// answer their visitors with a page of their own and any status.
 bool ReferencePasses::CheckURL(std::string_view url) {
     try {
         const std::string body = context_.outside.inet.OpenURL(url);

@@ -9,6 +9,10 @@
 
 namespace quillmark {
 
+/// Whether a reached file is a page to be scanned: its upper-cased name holds "." and one of the
+/// extensions anywhere, so that archive.htmx and page.htm.bak are pages too.
+bool IsHTMLFile(std::string_view name, const ResultList& extensions);
+
 /// The passes over the references that a run has filed. Each ends early when the run is aborted.
 class ReferencePasses {
 public:
@@ -23,6 +27,11 @@ public:
     void checkDuplicateInvalidReferences();
     /// Leaves the last of each group of equal ignored references.
     void checkDuplicateIgnoredReferences();
+    /// Takes references to a topic of the page itself ("#top") off the ignored ones. Once started
+    /// it runs to its end.
+    void removeTopicReferences();
+    /// The same for references that hold ".CGI" or ".cgi"; a mixed-case form stays.
+    void removeCGIReferences();
     /// Fetches each ignored web reference; what answers becomes a reference.
     void checkURLs();
 

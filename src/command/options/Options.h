@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,12 @@ enum ExitStatus : int {
     InvalidFound = 1,
     NotStarted = 2, ///< A usage error, or nothing to check.
     NotFinished = 3 ///< The check was aborted or failed, or its results could not be written.
+};
+
+/// Why a check cannot begin, in words that tell the user what to do about it. Ends with NotStarted.
+class CannotStart : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
 };
 
 /// What quillmark-check is asked to do.

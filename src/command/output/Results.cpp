@@ -3,7 +3,6 @@
 #include "base/Failure.h"
 #include "base/Printable.h"
 #include "command/options/NamedLists.h"
-#include "command/options/StartFile.h"
 #include "command/terminal/Terminal.h"
 #include "platform/Console.h"
 #include "platform/FolderChoice.h"

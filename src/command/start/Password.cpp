@@ -1,7 +1,6 @@
 #include "command/start/Password.h"
 
 #include "base/Printable.h"
-#include "command/options/StartFile.h"
 #include "platform/PasswordPrompt.h"
 
 #include <cstdlib>

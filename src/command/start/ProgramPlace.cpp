@@ -2,7 +2,6 @@
 
 #include "base/Failure.h"
 #include "base/Paths.h"
-#include "command/options/StartFile.h"
 #include "platform/FolderChoice.h"
 
 namespace quillmark {

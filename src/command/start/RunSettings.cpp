@@ -1,9 +1,9 @@
 #include "command/start/RunSettings.h"
 
 #include "base/Failure.h"
-#include "command/options/StartFile.h"
 #include "command/start/Password.h"
 #include "command/terminal/Terminal.h"
+#include "platform/disk/StartFile.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
 #include "settings/ProfileFile.h"

@@ -3,11 +3,12 @@
 #include "base/Failure.h"
 #include "platform/FileDescriptor.h"
 #include "platform/NativePath.h"
-#include "platform/disk/Spelling.h"
+#include "platform/TemporaryFile.h"
+#include "platform/disk/FileMove.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
+#include <cstring>
 #include <optional>
 
 #include <fcntl.h>
@@ -21,19 +22,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t CopyBlock = 1025;
-using Buffer = std::array<char, std::size_t{64} * 1024>;
 
 /// O_NONBLOCK: a named pipe in a page's place must not hold the run.
-FileDescriptor openForReading(const fs::path& file) {
+FileDescriptor openForReading(const std::string& file) {
     return FileDescriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-}
-
-FileDescriptor openInAnySpelling(const fs::path& file) {
-    FileDescriptor exact = openForReading(file);
-    if (exact.isOpen() || errno != ENOENT) {
-        return exact;
-    }
-    return openForReading(onDiskSpelling(file));
 }
 
 bool isPlainFile(const FileDescriptor& file) {
@@ -41,45 +33,16 @@ bool isPlainFile(const FileDescriptor& file) {
     return fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// The bytes read; empty when reading failed, no bytes at the end of the file.
-std::optional<std::string_view> readBlock(const FileDescriptor& file, Buffer& buffer) {
-    const ssize_t length = ::read(file.number(), buffer.data(), buffer.size());
-    if (length < 0) {
-        return std::nullopt;
-    }
-    return std::string_view(buffer.data(), static_cast<std::size_t>(length));
-}
-
-bool writeAll(const FileDescriptor& file, std::string_view bytes) {
+bool writeAt(const FileDescriptor& file, std::string_view bytes, off_t offset) {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(file.number(), bytes.data(), bytes.size());
+        const ssize_t written = ::pwrite(file.number(), bytes.data(), bytes.size(), offset);
         if (written < 0) {
             return false;
         }
         bytes.remove_prefix(static_cast<std::size_t>(written));
+        offset += static_cast<off_t>(written);
     }
     return true;
-}
-
-bool copyPadded(const FileDescriptor& source, const FileDescriptor& target) {
-    Buffer buffer;
-    std::size_t total = 0;
-    for (;;) {
-        const auto block = readBlock(source, buffer);
-        if (!block) {
-            return false;
-        }
-        if (block->empty()) {
-            break;
-        }
-        if (!writeAll(target, *block)) {
-            return false;
-        }
-        total += block->size();
-    }
-    static constexpr std::array<char, CopyBlock> Zeros{};
-    const std::size_t padding = (CopyBlock - total % CopyBlock) % CopyBlock;
-    return writeAll(target, std::string_view(Zeros.data(), padding));
 }
 
 void sortEntry(const fs::directory_entry& entry, FolderListing& listing) {
@@ -98,7 +61,7 @@ void sortEntry(const fs::directory_entry& entry, FolderListing& listing) {
 } // namespace
 
 FolderListing DiskAdapter::list(std::string_view folder) {
-    const fs::path path = onDiskSpelling(nativePath(folder));
+    const fs::path path = spelling_.onDisk(nativePath(folder));
     std::error_code error;
     FolderListing listing;
     fs::directory_iterator entry(path, error);
@@ -114,19 +77,85 @@ FolderListing DiskAdapter::list(std::string_view folder) {
     return listing;
 }
 
-int DiskAdapter::CopyFileBinary(std::string_view source, std::string_view target) {
-    const FileDescriptor from = openInAnySpelling(nativePath(source));
+int DiskAdapter::CopyFileBinary(std::string_view source, std::string_view target,
+                                const std::function<bool()>& goOn) {
+    if (!copy_ || target != target_) {
+        target_ = target;
+        copy_.emplace(nativeName(target));
+    }
+    kept_ = 0;
+    const FileDescriptor from = openInAnySpelling(nativeName(source));
     if (!from.isOpen() || !isPlainFile(from)) {
         return 1;
     }
-    const FileDescriptor to(
-        open(nativePath(target).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-    return to.isOpen() && copyPadded(from, to) ? 0 : 1;
+    const bool copied =
+        copy_->replace([&](const FileDescriptor& to) { return copyPadded(from, to, goOn); });
+    return copied ? 0 : 1;
+}
+
+FileDescriptor DiskAdapter::openInAnySpelling(const std::string& file) {
+    FileDescriptor exact = openForReading(file);
+    if (exact.isOpen() || errno != ENOENT) {
+        return exact;
+    }
+    return openForReading(spelling_.onDisk(file).native());
+}
+
+/// Returns the length of the copy, or nothing when it failed or was given up.
+std::optional<off_t> DiskAdapter::copyPadded(const FileDescriptor& source, const FileDescriptor& to,
+                                             const std::function<bool()>& goOn) {
+    off_t total = 0;
+    for (;;) {
+        const auto length = readBlock(source, buffer_);
+        if (!length) {
+            return std::nullopt;
+        }
+        const std::size_t padded = (*length + CopyBlock - 1) / CopyBlock * CopyBlock;
+        std::memset(buffer_.data() + *length, 0, padded - *length);
+        if (!writeAt(to, std::string_view(buffer_.data(), padded), total)) {
+            return std::nullopt;
+        }
+        total += static_cast<off_t>(padded);
+        if (*length < buffer_.size()) {
+            kept_ = total == static_cast<off_t>(padded) ? padded : 0;
+            return total;
+        }
+        if (!goOn()) {
+            return std::nullopt;
+        }
+    }
+}
+
+/// The next bytes of the file, as many as fit, fewer only at its end; nothing when reading failed.
+std::optional<std::size_t> DiskAdapter::readBlock(const FileDescriptor& file, Buffer& buffer) {
+    std::size_t length = 0;
+    while (length < buffer.size()) {
+        const ssize_t count = ::read(file.number(), buffer.data() + length, buffer.size() - length);
+        if (count < 0) {
+            return std::nullopt;
+        }
+        if (count == 0) {
+            break;
+        }
+        length += static_cast<std::size_t>(count);
+    }
+    return length;
+}
+
+void DiskAdapter::endRun() {
+    target_.clear();
+    copy_.reset();
+    kept_ = 0;
+    spelling_ = Spelling();
 }
 
 void DiskAdapter::read(std::string_view file,
-                       const std::function<void(std::string_view block)>& take) {
-    const FileDescriptor source = openForReading(nativePath(file));
+                       const std::function<bool(std::string_view block)>& take) {
+    if (kept_ > 0 && file == target_) {
+        take({buffer_.data(), kept_});
+        return;
+    }
+    const FileDescriptor source = openForReading(nativeName(file));
     if (!source.isOpen() && errno == ENOENT) {
         return;
     }
@@ -135,27 +164,25 @@ void DiskAdapter::read(std::string_view file,
     }
     Buffer buffer;
     for (;;) {
-        const auto block = readBlock(source, buffer);
-        if (!block) {
+        const auto length = readBlock(source, buffer);
+        if (!length) {
             throw failureFromError(lastSystemError(), fileNotFound());
         }
-        if (block->empty()) {
+        if (*length == 0 || !take({buffer.data(), *length})) {
             return;
         }
-        take(*block);
     }
 }
 
 void DiskAdapter::deleteIfThere(std::string_view file) {
-    const fs::path path = nativePath(file);
-    std::error_code error;
-    const fs::file_type type = fs::symlink_status(path, error).type();
-    if (type == fs::file_type::not_found || type == fs::file_type::directory) {
-        return;
+    if (file == target_) {
+        kept_ = 0;
     }
-    if (!fs::remove(path, error) && error) {
-        throw failureFromError(error, fileNotFound());
-    }
+    quillmark::deleteIfThere(nativePath(file));
+}
+
+void DiskAdapter::moveFile(std::string_view source, const fs::path& target) {
+    quillmark::moveFile(nativePath(source), target);
 }
 
 } // namespace quillmark

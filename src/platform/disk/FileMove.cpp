@@ -28,8 +28,8 @@ bool unchanged(const struct stat& before, const struct stat& now) {
            before.st_size == now.st_size && sameTime(before.st_mtim, now.st_mtim);
 }
 
-/// The file that is to be moved, as it was when the move began. A link is not followed: deleting it
-/// would leave its file where it is.
+/// The file to be moved, as it was when the move began. Links are not followed: deleting one would
+/// leave its file where it is.
 class Original {
 public:
     explicit Original(const fs::path& path)
@@ -69,7 +69,7 @@ private:
     struct stat status_ {};
 };
 
-/// The bytes of the file from `offset` on, as many as there are up to a block.
+/// Returns the bytes of the file from `offset` on, up to a block.
 std::string_view readAt(const FileDescriptor& file, off_t offset, Block& block) {
     std::size_t length = 0;
     while (length < block.size()) {
@@ -124,8 +124,8 @@ bool isMine(const struct stat& status) {
     return ::geteuid() == 0 || status.st_uid == ::geteuid();
 }
 
-/// An original that cannot be deleted would leave two files: its folder may be read-only, or shared
-/// by users who may each delete their own.
+/// Throws a Failure if the original could not be deleted after the copy, which would leave two files:
+/// its folder may be read-only, or shared by users who may each delete their own files only.
 void expectRemovable(const fs::path& file, const struct stat& status) {
     const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
     struct stat shared {};

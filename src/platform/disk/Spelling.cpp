@@ -2,8 +2,7 @@
 
 #include "base/UpperCase.h"
 
-#include <optional>
-#include <string>
+#include <utility>
 
 namespace quillmark {
 
@@ -11,23 +10,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::optional<std::string> sameButForCase(const fs::path& folder, const std::string& name) {
-    const std::string upper = upperAscii(name);
-    std::optional<std::string> match;
+std::unordered_map<std::string, std::string> readNames(const fs::path& folder) {
+    std::unordered_map<std::string, std::string> names;
     std::error_code error;
     for (fs::directory_iterator entry(folder.empty() ? "." : folder, error);
          !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        std::string candidate = entry->path().filename().string();
-        if (upperAscii(candidate) == upper && (!match || candidate < *match)) {
-            match = std::move(candidate);
+        std::string name = entry->path().filename().string();
+        std::string& first = names[upperAscii(name)];
+        if (first.empty() || name < first) {
+            first = std::move(name);
         }
     }
-    return match;
+    return names;
 }
 
 } // namespace
 
-fs::path onDiskSpelling(const fs::path& path) {
+fs::path Spelling::onDisk(const fs::path& path) {
     std::error_code error;
     if (fs::exists(path, error)) {
         return path;
@@ -39,13 +38,21 @@ fs::path onDiskSpelling(const fs::path& path) {
             spelled = exact;
             continue;
         }
-        const auto match = sameButForCase(spelled, component.string());
-        if (!match) {
+        const Names& names = namesIn(spelled);
+        const auto name = names.find(upperAscii(component.string()));
+        if (name == names.end()) {
             return path;
         }
-        spelled /= *match;
+        spelled /= name->second;
     }
     return spelled;
+}
+
+const Spelling::Names& Spelling::namesIn(const fs::path& folder) {
+    const auto known = folders_.find(folder.native());
+    return known != folders_.end()
+               ? known->second
+               : folders_.emplace(folder.native(), readNames(folder)).first->second;
 }
 
 } // namespace quillmark

@@ -1,13 +1,27 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <unordered_map>
 
 namespace quillmark {
 
-/// The path as the disk spells it: each component that is not there, but differs from one that is
-/// only in the case of ASCII letters, is replaced by that one (the first in byte order). Sites are
-/// written for disks that do not tell the two apart. A path without such a match comes back as it
-/// is.
-std::filesystem::path onDiskSpelling(const std::filesystem::path& path);
+/// How the disk spells names. Sites are written for disks that do not tell "Page.html" from
+/// "page.html", and have to be found on disks that do.
+class Spelling {
+public:
+    /// The path with each component that is not there, but differs from one that is only in the
+    /// case of ASCII letters, replaced by that one (the first in byte order). A path without such a
+    /// match comes back as it is. A folder is read once for all names that are looked for in it:
+    /// a site whose pages are all spelled in another way would take a reading for each of them.
+    std::filesystem::path onDisk(const std::filesystem::path& path);
+
+private:
+    using Names = std::unordered_map<std::string, std::string>; ///< Upper-cased to the disk's.
+
+    const Names& namesIn(const std::filesystem::path& folder);
+
+    std::unordered_map<std::string, Names> folders_;
+};
 
 } // namespace quillmark

@@ -1,6 +1,6 @@
 #include "platform/ftp/FtpDialogue.h"
 
-#include "platform/ftp/connection/ConnectionLost.h"
+#include "platform/ftp/connection/FtpFailures.h"
 #include "platform/ftp/connection/HostAddress.h"
 
 #include <utility>
@@ -11,7 +11,7 @@ namespace {
 
 using Kind = FtpOutcome::Kind;
 
-/// A "-" in front would be read as the switches of a listing.
+/// Hosts would read a leading "-" as the switches of a listing.
 std::string listCommand(std::string_view directory) {
     std::string command = "LIST";
     if (!directory.empty()) {
@@ -72,7 +72,7 @@ void FtpDialogue::close() {
     session_.reset();
 }
 
-// The session is put back only after a good end: whatever else ends the operation ends it too.
+// Keeps the session only after a good end: whatever else ends the operation ends the session, too.
 FtpOutcome FtpDialogue::perform(const Operation& operation) {
     FtpOutcome outcome;
     std::unique_ptr<FtpSession> session = std::move(session_);

@@ -14,7 +14,7 @@ bool wasRefused(const FtpOutcome& outcome) {
     return outcome.kind == Kind::Refused || outcome.kind == Kind::Broken;
 }
 
-/// Whether the text can be part of one command: no line break, no zero byte.
+/// Whether the text can be part of one command: a line break would begin another one.
 bool isSendable(std::string_view text) {
     return text.find_first_of(std::string_view("\r\n\0", 3)) == std::string_view::npos;
 }
@@ -131,8 +131,8 @@ void FtpXCtl::command(std::string_view verb, std::string_view path) {
     }
 }
 
-// A connection that cannot be had again is not tried for by every later operation: each of them
-// would wait for the host in vain.
+// Once a connection cannot be restored, later operations do not try again: each of them would wait
+// for the host in vain.
 FtpOutcome FtpXCtl::perform(const std::function<FtpOutcome()>& operation,
                             const std::function<void()>& restart) {
     if (!connected_) {

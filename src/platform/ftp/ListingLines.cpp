@@ -25,7 +25,7 @@ void ListingLines::restart() {
     seen_ = 0;
 }
 
-// One byte more than is kept, so that a carriage return behind the longest line is seen.
+// Keeps one byte more than is handed over, to see a carriage return behind the longest line.
 void ListingLines::append(std::string_view bytes) {
     line_ += bytes.substr(0, LongestLine + 1 - line_.size());
 }

@@ -2,6 +2,7 @@
 
 #include "base/Failure.h"
 #include "platform/NativePath.h"
+#include "platform/TemporaryFile.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -21,9 +22,11 @@ void require(bool done) {
 } // namespace
 
 PageFile::PageFile(std::string_view localFile)
-    : file_(nativePath(localFile)), part_(file_.native() + ".part"),
-      descriptor_(
-          ::open(part_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, PageMode)) {
+    : file_(nativePath(localFile)), part_(file_.native() + ".part") {
+    // A pipe would hang the program and a link lead elsewhere: delete what is there, then create.
+    deleteIfThere(part_);
+    descriptor_ =
+        FileDescriptor(::open(part_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, PageMode));
     require(descriptor_.isOpen());
 }
 

@@ -29,7 +29,7 @@ public:
 private:
     std::filesystem::path file_;
     std::filesystem::path part_;
-    FileDescriptor descriptor_;
+    FileDescriptor descriptor_{-1};
     std::size_t size_ = 0;
 };
 

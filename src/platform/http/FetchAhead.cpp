@@ -80,7 +80,8 @@ void FetchAhead::enqueue(Fetch& fetch) {
     }
 }
 
-// What arrives while nothing more may be kept would only be held: its host is left in peace.
+// While nothing more may be kept, no fetch begins: its bytes would only be held up, at the cost of
+// the host.
 void FetchAhead::startWaiting() {
     while (running_.size() < limits_.inAll) {
         Fetch* const first = waiting_.first();
@@ -104,7 +105,7 @@ void FetchAhead::harvest() {
     }
 }
 
-// A transfer that is cut while it is being resumed leaves no message.
+// libcurl leaves no message of a transfer that is cut while it is being resumed.
 void FetchAhead::endCutAndLate() {
     for (std::size_t i = running_.size(); i > 0; --i) {
         const Transfer& transfer = *running_[i - 1];
@@ -136,7 +137,7 @@ void FetchAhead::settle(const Transfer& transfer, CURLcode code) {
     }
 }
 
-// Each step waits for its turn at the host that it leads to.
+// Each redirection waits for its turn at the host that it leads to.
 void FetchAhead::redirect(Fetch& fetch, const std::string& target) {
     ++fetch.redirects;
     if (fetch.redirects > limits_.redirects) {
@@ -162,8 +163,8 @@ void FetchAhead::resumeHeld() {
     }
 }
 
-// A redirection can lead to a host whose places are all taken by held transfers, and those wait for
-// the redirected one: the last of them gives way.
+// A redirection can lead to a host whose places are all taken by held transfers, which in turn wait
+// for the redirected one. The last of them gives way.
 void FetchAhead::makeRoomForAsked() {
     const Fetch& asked = asked_->second;
     const bool hostFull = waiting_.full(asked.host);

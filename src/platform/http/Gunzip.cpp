@@ -23,7 +23,7 @@ public:
         stream_.next_in = reinterpret_cast<const Bytef*>(bytes.data());
         stream_.avail_in = static_cast<uInt>(bytes.size());
     }
-    /// The next part of the text; an empty one asks for more to be fed.
+    /// Returns the next part of the text; nothing if more input is needed.
     std::string_view next() {
         stream_.next_out = reinterpret_cast<Bytef*>(part_.data());
         stream_.avail_out = static_cast<uInt>(part_.size());
@@ -46,7 +46,7 @@ private:
 std::string gunzip(const Body& body, std::size_t limit) {
     Inflation inflation;
     std::string text;
-    text.reserve(limit); // Address space only, and the text never moves.
+    text.reserve(limit); // Only takes address space, and the text never moves.
     for (const std::string& piece : body.pieces()) {
         inflation.feed(piece);
         for (auto part = inflation.next(); !part.empty(); part = inflation.next()) {

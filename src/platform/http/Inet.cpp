@@ -8,7 +8,7 @@ namespace quillmark {
 
 namespace {
 
-// Short enough for a window that stays alive.
+// Short enough for the window to stay responsive.
 constexpr std::chrono::milliseconds Slice{25};
 
 } // namespace

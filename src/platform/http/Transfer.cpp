@@ -36,8 +36,8 @@ Transfer& Transfer::of(CURL* easy) {
 }
 
 // Compressed bodies are kept as they come: libcurl would unpack a whole piece at once, and a piece
-// of a few bytes can stand for more than the memory. HTTP/1.1, since requests that share a
-// connection would pass by the limit of a host. Without a quick exit, Stop would wait for the name
+// of a few bytes can unpack to more than the memory. HTTP/1.1, since requests that share a
+// connection would evade the limit of a host. Without a quick exit, Stop would wait for the name
 // server.
 void Transfer::setOptions() {
     CURL* const easy = easy_.get();
@@ -88,7 +88,7 @@ std::size_t Transfer::receiveBody(const char* bytes, std::size_t /*one*/, std::s
     return static_cast<Transfer*>(transfer)->body(bytes, count);
 }
 
-// A line costs libcurl more memory than its bytes: it remembers each by itself.
+// libcurl remembers each header line by itself, which takes more memory than the line's bytes.
 std::size_t Transfer::receiveHeader(const char* /*bytes*/, std::size_t /*one*/, std::size_t count,
                                     void* transfer) {
     constexpr std::size_t LineCost = 128;
@@ -97,7 +97,7 @@ std::size_t Transfer::receiveHeader(const char* /*bytes*/, std::size_t /*one*/, 
     return self.headerBytes_ > self.limits_.header ? 0 : count;
 }
 
-// Taking less than was offered is what ends a transfer.
+// libcurl ends a transfer when it is told that fewer bytes were taken than it offered.
 std::size_t Transfer::body(const char* bytes, std::size_t count) {
     const std::size_t wanted = std::min(count, limits_.body - fetch_.body.size());
     if (fetch_.ahead && !kept_.admit(wanted)) {

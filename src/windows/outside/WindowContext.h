@@ -7,7 +7,6 @@
 #include "store/Progress.h"
 #include "ui/Workspace.h"
 #include "windows/outside/Desktop.h"
-#include "windows/outside/FileMover.h"
 
 #include <filesystem>
 
@@ -21,7 +20,6 @@ struct WindowContext {
     Progress& progress;
     LocalDisk& disk;
     FtpComponent& ftp;
-    FileMover& mover;
     Shell& shell;
     FileDialogs& dialogs;
     ReportPrinter& printer;

@@ -80,7 +80,7 @@ void ItemCommands::moveToChosenPlace(std::string_view target) {
     if (!chosen) {
         return;
     }
-    context_.mover.move(target, *chosen);
+    context_.disk.moveFile(target, *chosen);
     context_.messages.post("File ", target, " Moved To ", chosen->string());
 }
 

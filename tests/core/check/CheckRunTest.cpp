@@ -1,5 +1,6 @@
 #include "support/RunFakes.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <map>
@@ -156,6 +157,40 @@ TEST(CheckRun, StopInTheWalkAborts) {
     EXPECT_EQ(bench.runLocal(), RunOutcome::Aborted) << "the flag of one run does not end the next";
     bench.messages.onPost = [](std::string_view) {};
     EXPECT_EQ(bench.runLocal(), RunOutcome::Finished);
+}
+
+TEST(CheckRun, StopInTheMiddleOfAPageAborts) {
+    SiteBench bench;
+    bench.site.write("a/one.html", std::string(1'000'000, 'x'));
+    int yields = 0;
+    bench.messages.onPost = [&](std::string_view text) {
+        if (text.ends_with("one.html") && text.starts_with("Retrieving")) {
+            bench.events.hook = [&] {
+                if (++yields == 2) {
+                    bench.run.stop();
+                }
+            };
+        }
+    };
+    EXPECT_EQ(bench.runLocal(), RunOutcome::Aborted);
+    EXPECT_LT(yields, 10) << "of 15 blocks to copy and 15 to scan";
+    EXPECT_EQ(bench.below(bench.lists.GetFileList), "/index.html");
+    EXPECT_EQ(bench.lists.InvalidReferences.Count(), 0) << "a page cut short is not invalid";
+    EXPECT_THAT(bench.program.read("Quillmark.html"), testing::StartsWith("<a href"))
+        << "the page before is kept whole";
+    bench.events.hook = [] {};
+    bench.messages.onPost = [](std::string_view) {};
+    EXPECT_EQ(bench.runLocal(), RunOutcome::Finished);
+    EXPECT_FALSE(std::filesystem::exists(bench.program.path() / "Quillmark.html.part"));
+}
+
+TEST(CheckRun, KeepsALongReferenceOnce) {
+    RunBench bench;
+    bench.site.write("index.html", page({std::string(100'000, 'x'), "gone.html"}));
+    EXPECT_EQ(bench.runLocal(), RunOutcome::Finished);
+    const ResultLists& lists = bench.lists;
+    ASSERT_EQ(lists.InvalidReferences.Count(), 2);
+    EXPECT_EQ(lists.InvalidReferences.Line(1).data(), lists.ReferenceList.Line(1).data());
 }
 
 TEST(CheckRun, ListsDirectoriesWithinTheDepth) {

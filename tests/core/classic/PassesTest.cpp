@@ -1,7 +1,5 @@
 #include "base/UpperCase.h"
 #include "classic/verify/FilePasses.h"
-#include "classic/verify/HtmlFile.h"
-#include "classic/verify/IgnoredPasses.h"
 #include "classic/verify/ReferencePasses.h"
 #include "store/LineIndex.h"
 #include "support/RunFakes.h"
@@ -58,7 +56,7 @@ struct Generated : RunBench {
     LineIndex fileIndex{lists.FileList,
                         ignoreCase ? NameComparison::IgnoreCase : NameComparison::Exact};
     ReferencePasses referencePasses{context, limit, references, fileIndex};
-    FilePasses filePasses{context, limit};
+    FilePasses filePasses{context, limit, fileIndex};
 
     explicit Generated(unsigned seed) : random(seed), ignoreCase(seed % 2 == 1) {
         settings.configuration.IGNORECASE = ignoreCase ? 1 : 0;
@@ -69,7 +67,8 @@ struct Generated : RunBench {
             lists.FileSizes.Append(file + size);
         }
         for (const std::string& line : referenced) {
-            references.append(line, "from " + line);
+            lists.ReferenceList.Append(line);
+            lists.ReferenceListFrom.Append("from " + line);
         }
         for (const std::string& line : ignored) {
             lists.IgnoredReferences.Append(line);
@@ -119,9 +118,8 @@ TEST(Passes, AgreeWithThePlainWalks) {
 TEST(Passes, TopicAndCgiReferencesAreRemovedToTheEnd) {
     Generated bench(8);
     bench.state.abort = true;
-    IgnoredPasses passes(bench.context);
-    passes.removeTopicReferences();
-    passes.removeCGIReferences();
+    bench.referencePasses.removeTopicReferences();
+    bench.referencePasses.removeCGIReferences();
     Lines left = bench.ignored;
     std::erase_if(left, [](const std::string& line) {
         return line.starts_with("#") || line.find(".cgi") != std::string::npos ||

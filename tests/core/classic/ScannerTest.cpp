@@ -8,6 +8,9 @@
 namespace quillmark::test {
 namespace {
 
+/// What the disk hands over at once.
+constexpr std::size_t Block = std::size_t{64} * 1025;
+
 class RecordingSink : public ReferenceSink {
 public:
     void MakeAddition(std::string_view targetDirectory, std::string_view target,
@@ -115,6 +118,44 @@ TEST(Scanner, KeepsItsPlaceFromOneBlockOfThePageToTheNext) {
     bench.state.abort = true;
     bench.scan(page);
     EXPECT_EQ(bench.sink.references.size(), expected.size()) << "an aborted run reads no copy";
+}
+
+TEST(Scanner, JoinsBareLineFeedsOverTheBorderOfABlock) {
+    const std::string tail = "<a\n href=\"b\">\n\n<a href=\"c\">\r\n";
+    for (std::size_t before = 0; before <= tail.size(); ++before) {
+        SCOPED_TRACE(before);
+        ScannerBench bench;
+        bench.scan("<a href=\"a\">\n\n" + std::string(Block - 14 - before, 'x') + tail);
+        EXPECT_EQ(bench.sink.references, (Lines{"a", "b", "c"}));
+    }
+}
+
+TEST(Scanner, StopEndsAPageAtTheNextBlockOrTag) {
+    ScannerBench bench;
+    bench.state.localMode = true;
+    int yields = 0;
+    bench.events.hook = [&] { bench.state.stopped = ++yields == 3; };
+    bench.scan(std::string(20 * Block, 'x') + "\r\n");
+    EXPECT_EQ(yields, 3);
+    bench.state.stopped = false;
+    yields = 0;
+    bench.scan("<a href=\"a\"><a href=\"b\"><a href=\"c\"><a href=\"d\">\r\n");
+    EXPECT_EQ(bench.sink.references, Lines{"a"}) << "one yield for the block, one a bracket";
+}
+
+TEST(Scanner, GivesUpALineThatWouldFillTheMemory) {
+    ScannerBench bench;
+    bench.state.currentFile = "/page.html";
+    for (const bool longer : {false, true}) {
+        const std::string line = "<a href=\"long\">";
+        const auto page = bench.program.write("Quillmark.html", line);
+        const auto added = longer ? 1U : 0U;
+        std::filesystem::resize_file(page, Scanner::LongestLine + added);
+        std::ofstream(page, std::ios::app) << "\r\n<a href=\"next\">\r\n";
+        bench.scanner.ParseFile();
+    }
+    EXPECT_EQ(bench.sink.references, (Lines{"long", "next", "next"}));
+    EXPECT_EQ(bench.messages.normals, Lines{"Gave up a line longer than 64 MB in /page.html"});
 }
 
 TEST(MapFiles, TakesThePageOfEachRegionLine) {

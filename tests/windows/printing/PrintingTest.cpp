@@ -63,9 +63,9 @@ struct CommandBench {
 
     TestContext parts;
     WatchingPrinter watching;
-    WindowContext watched{parts.workspace, parts.files, parts.messages,     parts.progress,
-                          parts.disk,      parts.ftp,   parts.mover,        parts.shell,
-                          parts.dialogs,   watching,    parts.folder.path()};
+    WindowContext watched{parts.workspace, parts.files,        parts.messages, parts.progress,
+                          parts.disk,      parts.ftp,          parts.shell,    parts.dialogs,
+                          watching,        parts.folder.path()};
 };
 
 } // namespace

@@ -121,9 +121,8 @@ struct Bench {
     TestContext all;
     RefusingHost refusing;
     HookedProgress progress;
-    WindowContext context{all.workspace, all.files,   all.messages,     progress,
-                          all.disk,      refusing,    all.mover,        all.shell,
-                          all.dialogs,   all.printer, all.folder.path()};
+    WindowContext context{all.workspace, all.files, all.messages, progress,    all.disk,
+                          refusing,      all.shell, all.dialogs,  all.printer, all.folder.path()};
     int hostWorks = 0;
     DisplayFrame frame{context, [this](const std::function<void()>& work) {
                            ++hostWorks;

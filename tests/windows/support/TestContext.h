@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/Paths.h"
-#include "desktop/DiskMover.h"
 #include "platform/ProgramFolder.h"
 #include "platform/disk/DiskAdapter.h"
 #include "platform/ftp/FtpXCtl.h"
@@ -106,12 +105,11 @@ struct TestContext {
     QuietTrace trace;
     DiskAdapter disk;
     FtpXCtl ftp{messages, events, workspace.run, trace, FtpTimeouts()};
-    DiskMover mover;
     RecordingShell shell;
     ScriptedFileDialogs dialogs;
     RecordingPrinter printer;
-    WindowContext context{workspace, files, messages, progress, disk,         ftp,
-                          mover,     shell, dialogs,  printer,  folder.path()};
+    WindowContext context{workspace, files, messages, progress, disk,
+                          ftp,       shell, dialogs,  printer,  folder.path()};
 };
 
 } // namespace quillmark::test

@@ -1,6 +1,6 @@
 #include "platform/ftp/connection/ActiveMode.h"
 
-#include "platform/ftp/connection/ConnectionLost.h"
+#include "platform/ftp/connection/FtpFailures.h"
 
 namespace quillmark {
 

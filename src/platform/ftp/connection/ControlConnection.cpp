@@ -1,6 +1,6 @@
 #include "platform/ftp/connection/ControlConnection.h"
 
-#include "platform/ftp/connection/ConnectionLost.h"
+#include "platform/ftp/connection/FtpFailures.h"
 
 #include <algorithm>
 #include <array>
@@ -84,7 +84,7 @@ std::optional<std::string> ControlConnection::takeLine() {
     return line;
 }
 
-/// Whether there was something to read.
+/// Returns whether there was something to read.
 bool ControlConnection::receive() {
     std::array<char, 4096> bytes{};
     const ssize_t count = ::recv(socket_.number(), bytes.data(), bytes.size(), 0);

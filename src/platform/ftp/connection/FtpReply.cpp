@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t CodeDigits = 3;
 
 constexpr std::string_view Mask = "***";
-constexpr std::size_t LongestOfChance = 3; ///< So long a password is found inside other words.
+constexpr std::size_t LongestOfChance = 3; ///< Shorter passwords match by chance.
 
 bool isDigit(char byte) {
     return byte >= '0' && byte <= '9';
@@ -42,7 +42,7 @@ std::optional<std::uint16_t> portOf(std::string_view digits) {
     return isPort ? std::optional(port) : std::nullopt;
 }
 
-/// Behind three times the same separator, whichever it is.
+/// The port of an extended reply, "(|||6446|)": it follows three equal separators of any kind.
 std::optional<std::uint16_t> extendedPort(std::string_view text) {
     const std::size_t at = text.find('(');
     if (at == std::string_view::npos || text.size() < at + 5 || text[at + 1] != text[at + 2] ||
@@ -52,7 +52,8 @@ std::optional<std::uint16_t> extendedPort(std::string_view text) {
     return portOf(text.substr(at + 4));
 }
 
-/// The last two of six numbers with commas between them, wherever in the text they stand.
+/// The port of a plain reply: the last two of six numbers with commas between them, anywhere in the
+/// text.
 std::optional<std::uint16_t> passivePort(std::string_view text) {
     constexpr int Commas = 5;
     constexpr unsigned TooLarge = 256;

@@ -1,6 +1,6 @@
 #include "platform/ftp/connection/FtpSession.h"
 
-#include "platform/ftp/connection/ConnectionLost.h"
+#include "platform/ftp/connection/FtpFailures.h"
 
 #include <cstddef>
 #include <utility>
@@ -58,7 +58,7 @@ void FtpSession::sayGoodbye() {
     control_.reply();
 }
 
-// A listing of nothing is refused by some hosts.
+// Some hosts refuse to list an empty directory: that is an empty listing, not a failure.
 FtpReply FtpSession::transfer(Type type, const std::string& command, const Taker& take) {
     passive_.settle();
     if (const std::optional<FtpReply> refusal = setType(type)) {
@@ -97,8 +97,8 @@ std::optional<FtpReply> FtpSession::setType(Type type) {
     return std::nullopt;
 }
 
-/// Takes the data to its end. Returns the last reply if it came before that; a refusal ends the
-/// transfer.
+/// Receives the data to its end, or until the host refuses the transfer. Returns the last reply if
+/// it came early.
 std::optional<FtpReply> FtpSession::receive(DataConnection& data, const Taker& take) {
     std::optional<FtpReply> last;
     wait_.startForByte();
@@ -123,7 +123,7 @@ void FtpSession::handOver(std::string_view bytes, const Taker& take) {
     wait_.breathe();
 }
 
-// A refusal may be the answer to what was sent ahead; the reply after it tells.
+// A refusal may answer the command that was sent ahead; only the reply after it tells.
 FtpReply FtpSession::lastReply(bool prepareNext) {
     if (prepareNext && !isActive_) {
         passive_.askAhead();

@@ -1,7 +1,6 @@
 #include "platform/ftp/connection/HostAddress.h"
 
 #include "platform/curl/CurlHandle.h"
-#include "platform/ftp/connection/ConnectionLost.h"
 #include "platform/ftp/connection/FtpFailures.h"
 
 #include <fcntl.h>
@@ -10,7 +9,7 @@ namespace quillmark {
 
 namespace {
 
-/// A handle at work; taken out again at the end of the scope.
+/// Adds a handle to a multi handle, and removes it at the end of the scope.
 class Membership {
 public:
     Membership(CURLM* multi, CURL* easy) : multi_(multi), easy_(easy) {
@@ -30,7 +29,7 @@ std::string bracketed(const std::string& host) {
     return bareIp6 ? "[" + host + "]" : host;
 }
 
-// A quick exit, since Stop would wait for the name server otherwise.
+// Without a quick exit, Stop would wait for the name server.
 void setOptions(CURL* easy, const std::string& url, std::chrono::milliseconds limit) {
     curl_easy_setopt(easy, CURLOPT_URL, url.c_str());
     curl_easy_setopt(easy, CURLOPT_CONNECT_ONLY, 1L);
@@ -50,7 +49,7 @@ bool isConnected(CURLM* multi) {
     return message != nullptr;
 }
 
-/// libcurl closes its own descriptor of the connection together with its handle.
+/// Returns a copy of the connection's descriptor: libcurl closes its own together with its handle.
 FileDescriptor ownSocket(CURL* easy) {
     curl_socket_t socket = CURL_SOCKET_BAD;
     curl_easy_getinfo(easy, CURLINFO_ACTIVESOCKET, &socket);

@@ -1,6 +1,6 @@
 #include "platform/ftp/connection/HostWait.h"
 
-#include "platform/ftp/connection/ConnectionLost.h"
+#include "platform/ftp/connection/FtpFailures.h"
 
 #include <array>
 #include <cerrno>
@@ -34,7 +34,7 @@ void HostWait::untilWritable(int socket) {
     until(POLLOUT, socket, NoSocket);
 }
 
-// The clock is asked after the socket: events may take longer than a host may be silent.
+// Asks the socket before the clock: the events may have taken longer than a host may be silent.
 void HostWait::until(short event, int socket, int other) {
     std::array<pollfd, 2> entries{{{socket, event, 0}, {other, event, 0}}};
     breathe();

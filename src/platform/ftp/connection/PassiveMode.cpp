@@ -1,6 +1,6 @@
 #include "platform/ftp/connection/PassiveMode.h"
 
-#include "platform/ftp/connection/ConnectionLost.h"
+#include "platform/ftp/connection/FtpFailures.h"
 
 #include <utility>
 

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/FileDescriptor.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include <sys/types.h>
+
+namespace quillmark {
+
+/// A file that is written anew for every page and is whole at any moment, also after the program
+/// was killed. Two files take turns: one has the name, the next content goes to the spare one
+/// beside it (the name followed by ".part"), and then they are swapped. That spares the disk the
+/// deleting and creating of a file a page. What else is found in their places, a link or a pipe, is
+/// deleted and never followed.
+class AlternatingFile {
+public:
+    /// `file` is in the machine's own form; nothing is created yet.
+    explicit AlternatingFile(std::string file);
+    /// Deletes the spare file; the other one stays.
+    ~AlternatingFile();
+    AlternatingFile(const AlternatingFile&) = delete;
+    AlternatingFile& operator=(const AlternatingFile&) = delete;
+
+    /// Gives the file new content: `write` fills the spare file from offset 0 on and returns how
+    /// many bytes it has now, or nothing when it failed. False when it did, the file is as it was
+    /// then, and when the disk refuses a step. Throws a Failure when it refuses to delete what else
+    /// has the name.
+    bool replace(const std::function<std::optional<off_t>(const FileDescriptor& to)>& write);
+    /// Deletes the file if there is one. Throws a Failure when the disk refuses that.
+    void remove();
+
+private:
+    /// A file that we made, and what to know it by.
+    struct Made {
+        FileDescriptor descriptor{-1};
+        dev_t device = 0;
+        ino_t inode = 0;
+        off_t length = 0;
+    };
+
+    static bool isAt(const std::string& path, const Made& made);
+    bool openSpare();
+    bool swap();
+
+    std::string file_;
+    std::string spareFile_;
+    Made current_; ///< What has the name.
+    Made spare_;
+};
+
+} // namespace quillmark

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace quillmark {
+
+/// The START_PATH ("\" form, absolute) of a start file that the user names in the machine's own
+/// form. Throws a Failure that says what to name instead when no check can begin there.
+std::string startPathOf(const std::filesystem::path& file);
+
+/// The SITE_ROOT of a folder that the user names in the machine's own form. Throws a Failure if
+/// there is no such folder.
+std::string siteRootOf(const std::filesystem::path& folder);
+
+/// Throws a Failure that says what to name instead when no check can begin at a local start path
+/// ("\" form, in any spelling): there is no such file, or requireListedStartFile() refuses it.
+void requireStartFile(std::string_view startPath);
+
+/// Throws a Failure when a local start path leads to a file that the inventory leaves out, a
+/// symbolic link or a hidden file: the check would end as aborted with nothing found. What is not
+/// there passes, since the run itself tells so.
+void requireListedStartFile(std::string_view startPath);
+
+} // namespace quillmark
