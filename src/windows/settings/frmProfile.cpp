@@ -34,6 +34,8 @@ void frmProfile::bindFields() {
               {BytesEdit(ui_->Account), &ProfileFields::account},
               {BytesEdit(ui_->Password), &ProfileFields::password},
               {BytesEdit(ui_->HostAlias), &ProfileFields::hostAlias},
+              {BytesEdit(ui_->SiteUrl), &ProfileFields::siteUrl},
+              {BytesEdit(ui_->SiteRoot), &ProfileFields::siteRoot},
               {BytesEdit(ui_->txtDepth), &ProfileFields::depth},
               {BytesEdit(ui_->txtStartColumn), &ProfileFields::startColumn},
               {BytesEdit(ui_->txtEndColumn), &ProfileFields::endColumn},
@@ -47,6 +49,10 @@ void frmProfile::bindFields() {
               {ui_->chkDisablePASV, &ProfileFields::disablePasv},
               {ui_->chkUpperLevels, &ProfileFields::upperLevels},
               {ui_->chkRootLevel, &ProfileFields::rootLevel}};
+    for (QCheckBox* const box :
+         {ui_->chkUpperLevels, ui_->chkRootLevel, ui_->chkIgnoreTopics, ui_->chkIgnoreValue}) {
+        classicFlags_.push_back({box, box->toolTip()});
+    }
 }
 
 void frmProfile::connectControls() {
@@ -60,6 +66,7 @@ void frmProfile::connectControls() {
     for (const Flag& flag : flags_) {
         connect(flag.control, &QCheckBox::toggled, this, &frmProfile::fieldsChanged);
     }
+    connect(ui_->cmbRules, &QComboBox::currentIndexChanged, this, &frmProfile::fieldsChanged);
     connect(ui_->startPathNote, &StartPathNote::localPageTaken, this, &frmProfile::setStartPath);
     connect(ui_->cmdStart, &QPushButton::clicked, this, &frmProfile::start);
     connect(ui_->cmdNew, &QPushButton::clicked, this, &frmProfile::startNew);
@@ -90,6 +97,8 @@ ProfileFields frmProfile::fields() const {
     for (const Flag& flag : flags_) {
         fields.*flag.field = flag.control->isChecked();
     }
+    // The selector lists the rules in the order of their type.
+    fields.rules = static_cast<Rules>(ui_->cmbRules->currentIndex());
     return fields;
 }
 
@@ -102,6 +111,7 @@ void frmProfile::display(const ProfileFields& fields) {
     for (const Flag& flag : flags_) {
         flag.control->setChecked(fields.*flag.field);
     }
+    ui_->cmbRules->setCurrentIndex(static_cast<int>(fields.rules));
     displaying_ = false;
     fieldsChanged();
 }
@@ -115,8 +125,21 @@ void frmProfile::fieldsChanged() {
         hasUnsavedChanges(ui_->cmboProfiles->name(), shownFields, context_.workspace.settings);
     ui_->lblEdited->setVisible(edited);
     ui_->startPathNote->tellOf(shownFields);
+    showRules(shownFields.rules);
     ui_->lblNote->setText(note(shownFields));
     ui_->cmdStart->setEnabled(!shownFields.startPath.empty());
+}
+
+void frmProfile::showRules(Rules rules) {
+    const bool web = rules == Rules::Web;
+    ui_->lblRules->setText(
+        web ? "Sees what a browser sees. Settings that are off belong to Classic."
+            : "Takes every line of a page literally.");
+    ui_->siteForm->setRowVisible(ui_->siteRow, web);
+    for (const ClassicFlag& flag : classicFlags_) {
+        flag.control->setEnabled(!web);
+        flag.control->setToolTip(web ? "Only the classic rules know this setting" : flag.toolTip);
+    }
 }
 
 void frmProfile::nameChanged() {

@@ -58,6 +58,11 @@ private:
         BytesEdit control;
         std::string ProfileFields::*field;
     };
+    /// A check box that only the classic rules know.
+    struct ClassicFlag {
+        QCheckBox* control;
+        QString toolTip; ///< While it is on.
+    };
     struct Flag {
         QCheckBox* control;
         bool ProfileFields::*field;
@@ -70,6 +75,7 @@ private:
     ProfileFields fields() const;
     void display(const ProfileFields& fields);
     void fieldsChanged();
+    void showRules(Rules rules);
     void nameChanged();
     /// What a save would make of the fields, where that is not what they show: one thing at a time.
     QString note(const ProfileFields& fields) const;
@@ -96,6 +102,7 @@ private:
     std::function<void()> requireStartFile_;
     std::vector<Text> texts_;
     std::vector<Flag> flags_;
+    std::vector<ClassicFlag> classicFlags_;
     std::optional<ProfileFields> draft_; ///< Fields that belong to no file yet.
     ProfileFields displayed_;            ///< As they were shown last, with those without a control.
     bool displaying_ = false;            ///< The fields change, and not by the user.

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -236,6 +237,42 @@ private slots:
         open.refusal.clear();
         open.press("cmdStart");
         QVERIFY(open.dialog->started());
+    }
+
+    void choosesTheRulesAndSaysWhatTheyLeaveOut() {
+        const Open open;
+        const std::string classic = open.all.folder.read("MySite.pro");
+        auto& rules = *open.dialog->findChild<QComboBox*>("cmbRules");
+        const auto boxes = {"chkUpperLevels", "chkRootLevel", "chkIgnoreTopics", "chkIgnoreValue"};
+        for (const bool web : {false, true, false}) {
+            rules.setFocus();
+            QTest::keyClick(&rules, web ? Qt::Key_Down : Qt::Key_Home);
+            QCOMPARE(open.shows("lblEdited"), web);
+            QCOMPARE(open.shows("SiteUrl"), web);
+            QCOMPARE(open.shows("SiteRoot"), web);
+            QCOMPARE(open.text("lblRules").startsWith("Sees what a browser sees."), web);
+            for (const char* name : boxes) {
+                const auto& box = *open.dialog->findChild<QCheckBox*>(name);
+                QCOMPARE(box.isEnabled(), !web);
+                QCOMPARE(box.toolTip() == "Only the classic rules know this setting", web);
+            }
+            if (web) {
+                open.type("SiteUrl", "https://a.example/b,c/");
+                QCOMPARE(open.text("lblNote"), ""); // Its comma does no harm.
+                open.press("cmdSave");
+                QCOMPARE(open.all.folder.read("MySite.pro"),
+                         classic + "#RULES=web\r\n#SITE_URL=https://a.example/b,c/\r\n");
+                open.press("cmdNew");
+                QCOMPARE(rules.currentText(), "Classic");
+                open.typeName("MySite");
+                QCOMPARE(rules.currentText(), "Web");
+                QCOMPARE(open.field("SiteUrl").text(), "https://a.example/b,c/");
+                open.type("SiteUrl", "\b");
+                QTest::keyClick(&rules, Qt::Key_Home);
+                open.press("cmdSave");
+                QCOMPARE(open.all.folder.read("MySite.pro"), classic);
+            }
+        }
     }
 
     void startsByEnterAndAsksForHelp() {
