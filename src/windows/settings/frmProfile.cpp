@@ -132,9 +132,8 @@ void frmProfile::fieldsChanged() {
 
 void frmProfile::showRules(Rules rules) {
     const bool web = rules == Rules::Web;
-    ui_->lblRules->setText(
-        web ? "Sees what a browser sees. Settings that are off belong to Classic."
-            : "Takes every line of a page literally.");
+    ui_->lblRules->setText(web ? "Sees what a browser sees."
+                               : "Takes every line of a page literally.");
     ui_->siteForm->setRowVisible(ui_->siteRow, web);
     for (const ClassicFlag& flag : classicFlags_) {
         flag.control->setEnabled(!web);
