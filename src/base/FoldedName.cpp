@@ -1,5 +1,7 @@
 #include "base/FoldedName.h"
 
+#include "base/UpperCase.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
@@ -25,11 +27,6 @@ std::optional<std::string> mapped(std::string_view name, int options) {
         return std::nullopt;
     }
     return std::string(text, text + length);
-}
-
-bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 std::string lowerAscii(std::string_view text) {

@@ -14,11 +14,6 @@ char upperAsciiCharacter(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 /// Nothing if the text is not valid UTF-8: the caller then folds ASCII letters only.
 std::optional<std::string> upperUtf8(std::string_view text) {
     std::string result;
@@ -40,6 +35,11 @@ std::optional<std::string> upperUtf8(std::string_view text) {
 }
 
 } // namespace
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 void upperAscii(std::string_view text, std::string& result) {
     result.resize(text.size());

@@ -5,6 +5,9 @@
 
 namespace quillmark {
 
+/// Whether every byte is below 0x80.
+bool isAscii(std::string_view text);
+
 /// The text with a to z in upper case and every other byte as it is. The length never changes, so
 /// that a position found in the result is a position in the text.
 std::string upperAscii(std::string_view text);

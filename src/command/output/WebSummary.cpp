@@ -12,7 +12,7 @@ namespace quillmark {
 
 namespace {
 
-constexpr int NewestMessages = 5;
+constexpr int MessagesShown = 5;
 constexpr std::size_t HintColumn = 30;
 constexpr std::size_t WidestPosition = 7;
 constexpr std::size_t WidestReference = 40;
@@ -65,7 +65,7 @@ private:
                                : "The run failed: these are the results so far.")
              << " Its last messages:\n";
         const CappedList& messages = workspace_.lists.Message;
-        for (int i = std::max(0, messages.Count() - NewestMessages); i < messages.Count(); ++i) {
+        for (int i = std::max(0, messages.Count() - MessagesShown); i < messages.Count(); ++i) {
             out_ << "  " << printable(messages.Line(i)) << "\n";
         }
         out_ << "\n";
