@@ -27,6 +27,11 @@ Sign firstSign(std::string_view text) {
             static_cast<std::size_t>(utf8proc_charwidth(codePoint)), !isControl};
 }
 
+/// Most names have no other characters, and need no look at the tables of Unicode.
+bool isPlain(char c) {
+    return c >= 0x20 && c < 0x7F;
+}
+
 std::string escaped(std::string_view bytes) {
     static constexpr std::string_view HexDigits = "0123456789ABCDEF";
     std::string text;
@@ -40,6 +45,9 @@ std::string escaped(std::string_view bytes) {
 } // namespace
 
 std::string printable(std::string_view text, std::size_t columns) {
+    if (text.size() <= columns && std::all_of(text.begin(), text.end(), isPlain)) {
+        return std::string(text);
+    }
     std::string result;
     result.reserve(std::min(text.size(), columns));
     while (!text.empty()) {

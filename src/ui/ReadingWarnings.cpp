@@ -16,7 +16,8 @@ std::string unreadText(const ReadingFigures& figures, int pages) {
            " not read to the end: " + grouped(figures.bytesUnread) + " of " +
            grouped(figures.bytes) +
            " bytes were left out. A page whose lines end in bare line feeds is read up to its last "
-           "empty line; append an empty line to each page.";
+           "empty line. Check this site with the web rules (--rules web), which read as browsers "
+           "do.";
 }
 
 std::string secureAddressesText(const ReadingFigures& figures) {
@@ -24,7 +25,9 @@ std::string secureAddressesText(const ReadingFigures& figures) {
     return std::to_string(figures.secureAddresses) +
            (one ? " reference that begins with \"https:\" was taken for a file."
                 : " references that begin with \"https:\" were taken for files.") +
-           " Add HTTPS: to MAKE_ADDITION to have such references ignored.";
+           " The web rules (--rules web) know such addresses; or add HTTPS: to MAKE_ADDITION to "
+           "have "
+           "them ignored.";
 }
 
 } // namespace

@@ -64,10 +64,13 @@ AppendedPath appendPath(std::string& folder, std::string_view path) {
     AppendedPath result;
     bool emptySegment = false;
     for (bool last = false; !last;) {
-        const std::size_t end = path.find_first_of("/\\");
-        last = end == std::string_view::npos;
+        std::size_t end = 0;
+        while (end < path.size() && path[end] != '/' && path[end] != '\\') {
+            ++end;
+        }
+        last = end == path.size();
         const std::string_view segment = path.substr(0, end);
-        path.remove_prefix(last ? path.size() : end + 1);
+        path.remove_prefix(last ? end : end + 1);
         const int dotCount = segment.size() <= 6 ? dots(segment) : 0;
         if (dotCount == 2) {
             result.climbedOut |= !leaveFolder(folder);

@@ -99,7 +99,8 @@ void Discovery::file(std::uint32_t page, const JudgedPage& judged,
 
 void Discovery::fileTarget(std::uint32_t page, const JudgedReference& reference,
                            std::uint32_t target) {
-    if (reference.target != Target::OwnPage) {
+    // A page that names itself is not used for that.
+    if (target != results_.pages[page].target) {
         markUsed(reference.file);
         reach(target, reference.file, reference.role);
     }

@@ -6,6 +6,7 @@
 #include "web/judge/Fragment.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace quillmark::web {
 
@@ -55,6 +56,13 @@ Target targetFor(const Found& found) {
     default:
         return Target::Missing;
     }
+}
+
+/// "#part", without anything that browsers would take out.
+bool isPlainFragment(std::string_view text) {
+    return text.starts_with('#') && std::none_of(text.begin(), text.end(), [](char c) {
+               return static_cast<unsigned char>(c) <= 0x20;
+           });
 }
 
 bool contains(const std::vector<std::uint64_t>& sorted, std::uint64_t hash) {
@@ -127,6 +135,10 @@ void PageJudge::judgeUseMap(const PageReference& reference, JudgedReference judg
 
 void PageJudge::judgeAddress(const PageTask& task, const PageReference& reference,
                              JudgedReference judged, JudgedPage& page) {
+    if (isPlainFragment(reference.text) && !content_.base && context_.exclude.empty()) {
+        judgeOwnFragment(task, reference.text.substr(1), judged, page);
+        return;
+    }
     context_.addresses.resolve(reference.text, base_, address_);
     if (judged.role == Role::UseOnly && address_.leads == Leads::AnotherSite) {
         context_.anyServer.resolve(reference.text, base_, address_);
@@ -146,6 +158,18 @@ void PageJudge::judgeAddress(const PageTask& task, const PageReference& referenc
         return;
     default:
         addIgnored(reasonFor(address_.leads), reference, judged, page);
+    }
+}
+
+/// A third of the references of documentation: nothing has to be resolved or looked up.
+void PageJudge::judgeOwnFragment(const PageTask& task, std::string_view fragment,
+                                 JudgedReference judged, JudgedPage& page) {
+    judged.target = Target::OwnPage;
+    address_.fragment = fragment.substr(0, fragment.find(":~:"));
+    path_ = task.path;
+    if (judged.role != Role::UseOnly) {
+        judgeFragment(task, judged, page);
+        page.references.push_back(judged);
     }
 }
 

@@ -33,6 +33,8 @@ private:
     void judgeReference(const PageTask& task, std::uint32_t ordinal, JudgedPage& page);
     void judgeAddress(const PageTask& task, const PageReference& reference, JudgedReference judged,
                       JudgedPage& page);
+    void judgeOwnFragment(const PageTask& task, std::string_view fragment, JudgedReference judged,
+                          JudgedPage& page);
     void judgeTarget(const PageTask& task, const PageReference& reference, JudgedReference judged,
                      JudgedPage& page);
     void judgeUseMap(const PageReference& reference, JudgedReference judged, JudgedPage& page);

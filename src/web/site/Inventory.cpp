@@ -9,24 +9,23 @@ Found Inventory::find(std::string& path) const {
     if (found.what != Found::What::Nothing || folderLinks_.empty()) {
         return found;
     }
+    const auto number = linkOn(path);
+    if (!number) {
+        return {};
+    }
+    const FolderLink& link = folderLinks_[*number];
+    if (!link.target) {
+        return {Found::What::Outside, 0, true};
+    }
     std::string real = path;
-    std::vector<std::uint32_t> taken;
-    while (const auto number = linkOn(real)) {
-        const FolderLink& link = folderLinks_[*number];
-        if (!link.target) {
-            return {Found::What::Outside, 0, true};
-        }
-        real.replace(0, link.length, *link.target);
-        for (const std::uint32_t earlier : taken) {
-            if (earlier == *number) {
-                path = real;
-                return find(path);
-            }
-        }
-        taken.push_back(*number);
+    real.replace(0, link.length, *link.target);
+    const bool leadsUp = path.starts_with(*link.target);
+    if (leadsUp || linkOn(real)) {
+        path = real;
+        return find(path);
     }
     found = findExact(real);
-    found.throughLink = !taken.empty();
+    found.throughLink = true;
     return found;
 }
 

@@ -35,8 +35,9 @@ class Inventory {
 public:
     explicit Inventory(const SiteResults& results) : results_(results) {}
 
-    /// What the exact path leads to, through links that stay inside the site. `path` changes to the
-    /// path to keep when it goes through the same link twice: such paths would never end.
+    /// What the exact path leads to, through links that stay inside the site. A path keeps one
+    /// folder that is a link. Before a second one, and for a link to a folder that it lies in,
+    /// `path` changes to where the link leads: such folders have paths without end.
     Found find(std::string& path) const;
     /// The file under this exact path, as the folders were listed.
     std::optional<std::uint32_t> file(std::string_view path) const { return files_.find(path); }

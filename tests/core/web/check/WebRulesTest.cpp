@@ -195,6 +195,26 @@ TEST(WebRules, FollowLinksThatStayInside) {
     EXPECT_EQ(bench.unused(), "");
 }
 
+TEST(WebRules, EndWhereFoldersLinkToEachOther) {
+    WebBench bench;
+    std::string links;
+    for (char folder = 'a'; folder <= 'h'; ++folder) {
+        links += std::string("<a href=") + folder + "/p.html>";
+    }
+    bench.write({{"index.html", "<a href=a/p.html>"}});
+    for (char from = 'a'; from <= 'h'; ++from) {
+        bench.write({{std::string(1, from) + "/p.html", links}});
+        for (char to = 'a'; to <= 'h'; ++to) {
+            std::filesystem::create_symlink(std::string("../") + to, bench.site.path() /
+                                                                         std::string(1, from) /
+                                                                         std::string(1, to));
+        }
+    }
+    EXPECT_EQ(bench.check(), RunOutcome::Finished);
+    EXPECT_EQ(bench.findings(), "");
+    EXPECT_LE(bench.results.pages.size(), 1U + 8U + 8U * 8U);
+}
+
 TEST(WebRules, CallFilesUnusedThatNothingNames) {
     WebBench bench;
     bench.write({{"index.html", "<link rel=manifest href=m.json><meta property=og:image "
