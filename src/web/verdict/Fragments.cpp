@@ -11,7 +11,7 @@ namespace quillmark::web {
 
 namespace {
 
-bool contains(const std::vector<std::uint64_t>& sorted, std::uint64_t hash) {
+bool holds(const std::vector<std::uint64_t>& sorted, std::uint64_t hash) {
     return std::binary_search(sorted.begin(), sorted.end(), hash);
 }
 
@@ -61,7 +61,7 @@ bool Fragments::isMissing(const OpenFragment& open) const {
     const PageNotes& notes = found_.notes[page];
     const bool judged =
         notes.kind == PageKind::Html || (notes.kind == PageKind::Svg && open.svgUse);
-    return judged && !contains(notes.ids, open.rawHash) && !contains(notes.ids, open.decodedHash);
+    return judged && !holds(notes.ids, open.rawHash) && !holds(notes.ids, open.decodedHash);
 }
 
 bool Fragments::read(std::uint32_t page) {

@@ -68,6 +68,24 @@ TEST_P(HostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
     EXPECT_THAT(trace + result.err, Not(HasSubstr("secret")));
 }
 
+TEST_P(HostRun, FindsByTheWebRulesWhatTheLocalRunFinds) {
+    const auto site = bench.site.path() / "today";
+    std::filesystem::copy(QUILLMARK_EXAMPLE_TODAY, site,
+                          std::filesystem::copy_options::recursive |
+                              std::filesystem::copy_options::copy_symlinks);
+    const std::string start = (site / "index.html").string();
+    const auto local = bench.json({"--rules", "web", start});
+    ASSERT_EQ(run(saveProfile()).status, 0);
+    const auto host = bench.json({"--profile", "Host", "--rules", "web", "--start", start});
+    EXPECT_EQ(host["mode"], "remote");
+    EXPECT_GT(host["findings"].size(), 10U);
+    EXPECT_EQ(host["findings"], local["findings"]);
+    EXPECT_EQ(host["ignored"], local["ignored"]);
+    for (const char* list : {"GetFileList", "ReferenceList", "UnusedList"}) {
+        EXPECT_EQ(host["lists"][list], local["lists"][list]) << list;
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Host, HostRun, testing::ValuesIn(realSettings()),
                          [](const auto& row) { return row.param.name; });
 
