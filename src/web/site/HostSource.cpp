@@ -102,7 +102,10 @@ std::string_view HostSource::read(const std::string& file, std::string& buffer) 
         throw fileNotFound();
     }
     buffer.clear();
-    disk_.read(workingCopy_, [&buffer](std::string_view block) { buffer += block; });
+    disk_.read(workingCopy_, [&buffer](std::string_view block) {
+        buffer += block;
+        return true;
+    });
     return buffer;
 }
 
