@@ -124,7 +124,7 @@ TEST(FtpFaults, ListingsComeAsTheHostSentThem) {
     };
     for (const TransferRow& row : rows) {
         SCOPED_TRACE(row.scenario);
-        Visit visit(row.scenario, row.messages == Lines{TimedOut} ? Short : FtpTimeouts());
+        Visit visit(row.scenario, Short); // Some of these hosts fall silent once, too.
         bool failed = false;
         try {
             visit.list("/www/");
