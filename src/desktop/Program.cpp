@@ -67,9 +67,9 @@ void Program::fillLists() {
 }
 
 void Program::requireStartFile() {
-    const std::string& startPath = workspace_.settings.profile.START_PATH;
-    if (startPath.find('\\') != std::string::npos) {
-        requireListedStartFile(startPath);
+    const Profile& profile = workspace_.settings.profile;
+    if (profile.START_PATH.find('\\') != std::string::npos) {
+        requireListedStartFile(profile.START_PATH, profile.RULES);
     }
 }
 

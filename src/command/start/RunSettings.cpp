@@ -153,7 +153,7 @@ void takeRunSettings(const Options& options, Settings& settings, SettingsFiles& 
         throw CannotStart("there is no start path; give one with --start PATH");
     }
     if (profile.START_PATH.find('\\') != std::string::npos) {
-        requireStartFile(profile.START_PATH);
+        requireStartFile(profile.START_PATH, profile.RULES);
     } else {
         requireHost(profile);
         takePassword(options, profile);

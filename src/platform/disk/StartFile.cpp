@@ -60,7 +60,6 @@ void requireListed(const fs::path& file) {
 
 std::string startPathOf(const fs::path& file) {
     requireFile(file);
-    requireListed(file);
     const fs::path path = fs::absolute(file).lexically_normal();
     if (path.string().find('\\') != std::string::npos) {
         throw cannotStart(quoted(path) +
@@ -76,15 +75,15 @@ std::string siteRootOf(const fs::path& folder) {
     return ToBackSlashes(fs::absolute(folder).lexically_normal().string());
 }
 
-void requireStartFile(std::string_view startPath) {
+void requireStartFile(std::string_view startPath, Rules rules) {
     requireFile(Spelling().onDisk(nativePath(startPath)));
-    requireListedStartFile(startPath);
+    requireListedStartFile(startPath, rules);
 }
 
-void requireListedStartFile(std::string_view startPath) {
+void requireListedStartFile(std::string_view startPath, Rules rules) {
     const fs::path file = Spelling().onDisk(nativePath(startPath));
     std::error_code error;
-    if (fs::exists(file, error)) {
+    if (rules == Rules::Classic && fs::exists(file, error)) {
         requireListed(file);
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/Rules.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -16,11 +18,11 @@ std::string siteRootOf(const std::filesystem::path& folder);
 
 /// Throws a Failure that says what to name instead when no check can begin at a local start path
 /// ("\" form, in any spelling): there is no such file, or requireListedStartFile() refuses it.
-void requireStartFile(std::string_view startPath);
+void requireStartFile(std::string_view startPath, Rules rules);
 
-/// Throws a Failure when a local start path leads to a file that the inventory leaves out, a
-/// symbolic link or a hidden file: the check would end as aborted with nothing found. What is not
-/// there passes, since the run itself tells so.
-void requireListedStartFile(std::string_view startPath);
+/// Throws a Failure when a local start path leads to a file that the inventory of the classic rules
+/// leaves out, a symbolic link or a hidden file: the check would end as aborted with nothing found.
+/// The web rules know both. What is not there passes, since the run itself tells so.
+void requireListedStartFile(std::string_view startPath, Rules rules);
 
 } // namespace quillmark

@@ -220,12 +220,13 @@ TEST(StartFile, IsRefusedWhenTheInventoryLeavesItOut) {
     std::filesystem::create_symlink("index.html", folder.path() / "link.html");
     const std::string site = ToBackSlashes((folder.path() / "").string());
     for (const char* name : {"link.html", "LINK.html", ".hidden.html"}) {
-        EXPECT_THROW(requireListedStartFile(site + name), Failure) << name;
-        EXPECT_THROW(requireStartFile(site + name), Failure) << name;
+        EXPECT_THROW(requireListedStartFile(site + name, Rules::Classic), Failure) << name;
+        EXPECT_THROW(requireStartFile(site + name, Rules::Classic), Failure) << name;
+        requireStartFile(site + name, Rules::Web);
     }
-    requireStartFile(site + "INDEX.html");
-    EXPECT_THROW(requireStartFile(site + "none.html"), Failure);
-    requireListedStartFile(site + "none.html");
+    requireStartFile(site + "INDEX.html", Rules::Classic);
+    EXPECT_THROW(requireStartFile(site + "none.html", Rules::Web), Failure);
+    requireListedStartFile(site + "none.html", Rules::Classic);
 }
 
 } // namespace
