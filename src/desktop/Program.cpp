@@ -7,6 +7,7 @@
 #include "platform/disk/StartFile.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
+#include "web/check/WebOptions.h"
 #include "windows/shared/SelectorAccess.h"
 
 #include <utility>
@@ -61,13 +62,17 @@ void Program::ShowResults() {
 }
 
 void Program::fillLists() {
-    if (workspace_.site.filled) {
+    const bool filled = workspace_.lists.FileList.Count() > 0;
+    if (workspace_.site.filled && !filled) {
         projectLists(workspace_.site, workspace_.lists);
     }
 }
 
 void Program::requireStartFile() {
     const Profile& profile = workspace_.settings.profile;
+    if (profile.RULES == Rules::Web) {
+        web::requireSoundOptions({}, profile);
+    }
     if (profile.START_PATH.find('\\') != std::string::npos) {
         requireListedStartFile(profile.START_PATH, profile.RULES);
     }

@@ -59,4 +59,25 @@ void VeryQuickSort(ResultLists& lists, Progress& progress) {
     progress.RemoveThinking();
 }
 
+std::vector<int> sortedLines(int count, const LineOf& line, SortOrder order) {
+    struct Keyed {
+        std::string_view key;
+        int index = 0;
+    };
+    std::vector<Keyed> keyed;
+    keyed.reserve(static_cast<std::size_t>(count));
+    for (int i = count - 1; i >= 0; --i) {
+        const PathParser parser(line(i));
+        keyed.push_back({order == SortOrder::Name ? parser.FileName() : parser.Path(), i});
+    }
+    std::stable_sort(keyed.begin(), keyed.end(),
+                     [](const Keyed& a, const Keyed& b) { return a.key < b.key; });
+    std::vector<int> sorted;
+    sorted.reserve(keyed.size());
+    for (const Keyed& one : keyed) {
+        sorted.push_back(one.index);
+    }
+    return sorted;
+}
+
 } // namespace quillmark

@@ -3,6 +3,10 @@
 #include "store/Progress.h"
 #include "store/ResultLists.h"
 
+#include <functional>
+#include <string_view>
+#include <vector>
+
 namespace quillmark {
 
 /// What the sort selector offers, in its order: "None", "Name", "Path".
@@ -16,5 +20,12 @@ void BuildSortKeys(const ResultList& source, SortOrder order, ResultLists& lists
 /// Sorts TempList by character code, moving each TempListCount line with its key. Equal keys come
 /// out in the reverse of their order, as the view has always shown them.
 void VeryQuickSort(ResultLists& lists, Progress& progress);
+
+/// A line by its index; the text outlives the call.
+using LineOf = std::function<std::string_view(int)>;
+
+/// The indices of `count` lines in the order that VeryQuickSort gives them, for lists of millions
+/// of lines. `order` is Name or Path.
+std::vector<int> sortedLines(int count, const LineOf& line, SortOrder order);
 
 } // namespace quillmark

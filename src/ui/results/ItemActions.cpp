@@ -20,6 +20,12 @@ bool isWebAddress(std::string_view text) {
     return upper.find("HTTP:") != std::string::npos || upper.find("FTP:") != std::string::npos;
 }
 
+bool leadsToWeb(std::string_view reference) {
+    const std::string upper = upperAscii(reference.substr(0, 8));
+    return upper.starts_with("HTTP://") || upper.starts_with("HTTPS://") ||
+           upper.starts_with("FTP://");
+}
+
 } // namespace
 
 ItemTargets itemTargets(const RunState& run, std::string_view first,
@@ -30,6 +36,19 @@ ItemTargets itemTargets(const RunState& run, std::string_view first,
         targets[1].view = *second;
     } else if (second) {
         targets[1] = targetOf(run, *second);
+    }
+    return targets;
+}
+
+ItemTargets siteTargets(const RunState& run, const SiteRow& row) {
+    ItemTargets targets;
+    if (!row.path.empty()) {
+        targets[0] = targetOf(run, row.path);
+    } else if (leadsToWeb(row.reference)) {
+        targets[0].view = row.reference;
+    }
+    if (!row.from.empty() && row.from != BaseFile) {
+        targets[1] = targetOf(run, row.from);
     }
     return targets;
 }

@@ -3,6 +3,7 @@
 #include "base/Failure.h"
 #include "run/LocalDisk.h"
 #include "run/RunState.h"
+#include "ui/results/SiteRows.h"
 
 #include <array>
 #include <optional>
@@ -26,6 +27,10 @@ using ItemTargets = std::array<ItemTarget, 2>;
 /// text that is a web address can only be viewed: there is no file to delete.
 ItemTargets itemTargets(const RunState& run, std::string_view first,
                         std::optional<std::string_view> second);
+
+/// The same for a row of a check with the web rules: the file that the reference leads to, or the
+/// web address that it is, and the page that makes it.
+ItemTargets siteTargets(const RunState& run, const SiteRow& row);
 
 /// "View /www/a.html": a command's caption, empty for an empty target.
 std::string itemCaption(std::string_view verb, std::string_view target);

@@ -2,6 +2,7 @@
 
 #include "run/RunState.h"
 #include "store/ResultLists.h"
+#include "ui/results/SiteRows.h"
 
 #include <array>
 #include <string_view>
@@ -19,6 +20,10 @@ struct ResultDisplay {
     double RunState::*total; ///< The bytes of all rows; null where sizes mean nothing.
     bool masked;             ///< Follows the category selector.
     bool sorted;             ///< Follows the sort selector.
+    /// What a check with the web rules shows, with a column for the line; null where the list is
+    /// what it shows, too.
+    const SiteRows* site = nullptr;
+    bool reasons = false; ///< And with a column for the reason.
 };
 
 /// The entries in their order. Both spellings of "Referenced in" are what users know.
@@ -49,7 +54,8 @@ inline constexpr std::array<ResultDisplay, 7> ResultDisplays = {{
      " Files",
      nullptr,
      true,
-     true},
+     true,
+     &ReferenceRows},
     {"Unused Host Files",
      &ResultLists::UnusedList,
      nullptr,
@@ -67,7 +73,9 @@ inline constexpr std::array<ResultDisplay, 7> ResultDisplays = {{
      " Files",
      nullptr,
      true,
-     false},
+     false,
+     &FindingRows,
+     true},
     {"Ignored References",
      &ResultLists::IgnoredReferences,
      &ResultLists::IgnoredReferencesFrom,
@@ -76,7 +84,9 @@ inline constexpr std::array<ResultDisplay, 7> ResultDisplays = {{
      " Files",
      nullptr,
      true,
-     false},
+     false,
+     &IgnoredRows,
+     true},
     {"Duplicate Files",
      &ResultLists::DuplicateList,
      nullptr,

@@ -5,6 +5,7 @@
 #include "store/ListSorting.h"
 #include "store/Progress.h"
 #include "ui/Workspace.h"
+#include "ui/results/ItemActions.h"
 #include "ui/results/ResultDisplays.h"
 
 #include <array>
@@ -24,8 +25,9 @@ struct ResultsSelection {
 };
 
 /// The results of the last run as the window shows them: one list, or a pair as two columns,
-/// filtered and sorted. Rows are indexes into the lists and copy nothing: clear() the view before
-/// the lists are cleared.
+/// filtered and sorted. After a check with the web rules pairs have columns for the line and the
+/// reason, too, notes stand among the invalid references, and no list is too long. Rows are indexes
+/// and copy nothing: clear() the view before the results are cleared.
 class ResultsView {
 public:
     ResultsView(Workspace& workspace, Messages& messages, Progress& progress)
@@ -41,9 +43,13 @@ public:
     int rowCount() const { return static_cast<int>(rows_.size()); }
     int columnCount() const { return columnCount_; }
     std::string_view header(int column) const;
-    /// A cell, with 0 <= row < rowCount() and 0 <= column < columnCount(). Empty if the lists
+    /// A cell, with 0 <= row < rowCount() and 0 <= column < columnCount(). Empty if the results
     /// were cleared in the meantime.
-    std::string_view text(int row, int column) const;
+    std::string text(int row, int column) const;
+    /// "Did you mean team.html?"; empty where nothing is suggested.
+    std::string suggestion(int row) const;
+    /// What can be done with a row.
+    ItemTargets targets(int row) const;
     /// "Unused Host Files (2 Files In 1,234 Bytes)"; empty without a view.
     std::string caption() const;
 
@@ -58,6 +64,10 @@ private:
     void BuildSortedList(const ResultList& source, std::string_view header, bool masked);
     void BuildSortedListPair(const ResultList& source, const ResultList& from,
                              std::string_view header);
+    void showSite(const ResultDisplay& display);
+    void addSiteRows(const ResultDisplay& display, int count, const LineOf& line);
+    SiteRow siteRow(int row) const;
+    std::string findingsCaption() const;
     void build(const ResultDisplay& display);
     void buildSorted(const ResultDisplay& display);
     void addColumn(const ResultList& list, std::string_view header);
@@ -70,7 +80,8 @@ private:
     Progress& progress_;
     ResultsSelection selected_;
     const ResultDisplay* display_ = nullptr;
-    std::array<Column, 2> columns_;
+    const SiteRows* siteRows_ = nullptr; ///< Of the display on show, if it has rows of its own.
+    std::array<Column, 4> columns_;
     int columnCount_ = 0;
     std::vector<int> rows_;
 };

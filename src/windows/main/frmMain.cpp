@@ -20,6 +20,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScopeGuard>
 #include <QStyle>
 #include <QUrl>
 
@@ -92,6 +93,7 @@ void frmMain::connectCommands() {
     connect(ui_->mnuPrint, &QAction::triggered, this, print);
     connect(ui_->cmdOptions, &QPushButton::clicked, this, &frmMain::editOptions);
     connect(ui_->mnuOptions, &QAction::triggered, this, &frmMain::editOptions);
+    connect(ui_->cmdWebRules, &QPushButton::clicked, this, &frmMain::checkAgainWithWebRules);
     connect(ui_->cmdCloseNotice, &QToolButton::clicked, ui_->noticeBar, &QWidget::hide);
     connect(ui_->mnuExit, &QAction::triggered, this, &QWidget::close);
 }
@@ -150,9 +152,23 @@ void frmMain::chooseProfile(std::string_view startPath) {
     }
     dialog.exec();
     if (dialog.started() && !context_.workspace.settings.profile.START_PATH.empty()) {
-        guarded(this, [this] { run_.start(); });
-        closeIfAsked();
+        check();
     }
+}
+
+void frmMain::check() {
+    guarded(this, [this] { run_.start(); });
+    closeIfAsked();
+}
+
+void frmMain::checkAgainWithWebRules() {
+    Rules& rules = context_.workspace.settings.profile.RULES;
+    rules = Rules::Web;
+    const auto unchanged = qScopeGuard([&rules] { rules = Rules::Classic; });
+    guarded(this, [this] {
+        run_.requireStartFile();
+        check();
+    });
 }
 
 void frmMain::stop() {

@@ -28,7 +28,7 @@ public:
     virtual ~RunCommands() = default;
 
     /// Throws a Failure that says what to do instead when no check can begin with the current
-    /// profile, because of its start file.
+    /// profile, because of its start file or the address of its site.
     virtual void requireStartFile() = 0;
     /// Performs one check with the current profile, whose start path is not empty, and returns at
     /// its end. Throws a Failure when it cannot begin.
@@ -82,6 +82,8 @@ private:
 
     void setWorking(bool working);
     void setReportsEnabled(bool enabled);
+    void check();
+    void checkAgainWithWebRules();
     void showNotice();
     QString siteName() const;
     QString endOfRun() const;

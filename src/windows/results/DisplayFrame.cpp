@@ -160,22 +160,17 @@ ResultsSelection DisplayFrame::selection() const {
             static_cast<SortOrder>(ui_->cmbSort->currentIndex())};
 }
 
-ItemTargets DisplayFrame::targetsOf(int row) const {
-    const ResultsView& view = model_.view();
-    const auto second = view.columnCount() > 1 ? std::optional(view.text(row, 1)) : std::nullopt;
-    return itemTargets(context_.workspace.run, view.text(row, 0), second);
-}
-
 void DisplayFrame::openMenu(QPoint position) {
     const QModelIndex current = ui_->ListView1->currentIndex();
-    menu_.open(current.isValid() ? targetsOf(current.row()) : ItemTargets(),
+    menu_.open(current.isValid() ? model_.view().targets(current.row()) : ItemTargets(),
                ui_->ListView1->selectionModel()->selectedRows().size(),
                ui_->ListView1->viewport()->mapToGlobal(position));
 }
 
 void DisplayFrame::view(const QModelIndex& cell) {
-    const std::string target =
-        targetsOf(cell.row()).at(static_cast<std::size_t>(cell.column())).view;
+    // Behind the reference all columns tell of the page.
+    const std::size_t column = cell.column() == 0 ? 0 : 1;
+    const std::string target = model_.view().targets(cell.row()).at(column).view;
     if (!target.empty()) {
         commands_.View(target);
     }

@@ -60,7 +60,6 @@ private:
     ResultsSelection selection() const;
     void build();
 
-    ItemTargets targetsOf(int row) const;
     void openMenu(QPoint position);
     void view(const QModelIndex& cell);
     void find(const QString& text, FindStep step);

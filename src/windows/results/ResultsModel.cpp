@@ -67,6 +67,8 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const {
         return shownBriefly(view_.text(index.row(), index.column()));
     case Qt::EditRole:
         return cell(index.row(), index.column());
+    case Qt::ToolTipRole:
+        return shownBriefly(view_.suggestion(index.row()));
     default:
         return {};
     }

@@ -10,7 +10,8 @@
 namespace quillmark {
 
 /// The results view as a table of texts; a cell's bytes are decoded when it is asked for. The edit
-/// role has the whole of a text that is shown briefly.
+/// role has the whole of a text that is shown briefly, the tool tip role what was probably meant,
+/// as plain text.
 class ResultsModel : public QAbstractTableModel {
     Q_OBJECT
 

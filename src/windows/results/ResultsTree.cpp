@@ -42,32 +42,50 @@ ResultsTree::ResultsTree(QWidget* parent) : QTreeView(parent) {
 
 void ResultsTree::enterDisplay(std::size_t display) {
     display_ = display;
-    applyWidth();
+    applyWidths();
 }
 
 void ResultsTree::setColumnWidths(const std::vector<int>& widths) {
     for (std::size_t i = 0; i < std::min(widths.size(), widths_.size()); ++i) {
         widths_.at(i) = std::max(widths[i], 0);
     }
-    applyWidth();
+    applyWidths();
 }
 
 void ResultsTree::keepWidth(int column, int width) {
-    if (!applying_ && display_ != NoDisplay && column == 0 && header()->count() > 1) {
-        widths_.at(display_) = width;
+    // The last column takes what is left, and the one for the line fits it.
+    if (!applying_ && display_ != NoDisplay && column < std::min(header()->count() - 1, 2)) {
+        widths_.at(display_ + static_cast<std::size_t>(column) * ResultDisplays.size()) = width;
     }
 }
 
-void ResultsTree::applyWidth() {
-    if (display_ == NoDisplay || header()->count() < 2) {
+void ResultsTree::applyWidths() {
+    const int columns = header()->count();
+    if (display_ == NoDisplay || columns < 2) {
         return;
     }
-    const int all = viewport()->width();
-    const int kept = widths_.at(display_);
-    const int most = std::max(all - LeastLastColumn, header()->minimumSectionSize());
     applying_ = true;
-    header()->resizeSection(0, kept == 0 ? all / 2 : std::min(kept, most));
+    const int all = viewport()->width();
+    if (columns == 2) {
+        applyWidth(0, all / 2, all - LeastLastColumn);
+    } else {
+        const int line = fontMetrics().horizontalAdvance("Line 100000");
+        const int least = columns == 3 ? line : line + LeastLastColumn;
+        const int usual = columns == 3 ? (all - line) / 2 : (all - line) / 3;
+        applyWidth(0, usual, all - least - LeastLastColumn);
+        applyWidth(1, usual, all - least - header()->sectionSize(0));
+        if (columns > 3) {
+            header()->resizeSection(2, line);
+        }
+    }
     applying_ = false;
+}
+
+void ResultsTree::applyWidth(int column, int usual, int most) {
+    const int kept =
+        widths_.at(display_ + static_cast<std::size_t>(column) * ResultDisplays.size());
+    header()->resizeSection(
+        column, kept == 0 ? usual : std::min(kept, std::max(most, header()->minimumSectionSize())));
 }
 
 void ResultsTree::selectRow() {
@@ -96,7 +114,7 @@ QModelIndex ResultsTree::moveCursor(CursorAction action, Qt::KeyboardModifiers m
 
 void ResultsTree::resizeEvent(QResizeEvent* event) {
     QTreeView::resizeEvent(event);
-    applyWidth();
+    applyWidths();
 }
 
 void ResultsTree::keyPressEvent(QKeyEvent* event) {
@@ -113,18 +131,21 @@ bool ResultsTree::viewportEvent(QEvent* event) {
         return QTreeView::viewportEvent(event);
     }
     const auto* help = dynamic_cast<QHelpEvent*>(event);
-    showWholeText(help->pos(), help->globalPos());
+    showTip(help->pos(), help->globalPos());
     return true;
 }
 
-void ResultsTree::showWholeText(QPoint position, QPoint screenPosition) {
+void ResultsTree::showTip(QPoint position, QPoint screenPosition) {
     const QModelIndex index = indexAt(position);
-    if (!index.isValid() || sizeHintForIndex(index).width() <= visualRect(index).width()) {
-        QToolTip::hideText();
-        return;
+    QStringList tip;
+    if (index.isValid() && sizeHintForIndex(index).width() > visualRect(index).width()) {
+        tip += index.data().toString();
     }
-    QToolTip::showText(screenPosition, plainToolTip(index.data().toString()), viewport(),
-                       visualRect(index));
+    if (const QString suggestion = index.data(Qt::ToolTipRole).toString(); !suggestion.isEmpty()) {
+        tip += suggestion;
+    }
+    // An empty tip hides the one before.
+    QToolTip::showText(screenPosition, plainToolTip(tip.join('\n')), viewport(), visualRect(index));
 }
 
 void ResultsTree::paintEvent(QPaintEvent* event) {

@@ -11,9 +11,9 @@
 
 namespace quillmark {
 
-/// The list on show. Copies its selected rows, shows the whole text of a cut cell in a tool tip,
-/// and says why it is empty. Remembers the width of the first of two columns for each display; the
-/// last column takes the rest.
+/// The list on show. Copies its selected rows, shows the whole text of a cut cell and what the row
+/// suggests in a tool tip, and says why it is empty. Remembers the widths of the first two columns
+/// for each display; the last column takes the rest.
 class ResultsTree : public QTreeView {
     Q_OBJECT
 
@@ -28,7 +28,8 @@ public:
     void leaveDisplay() { display_ = NoDisplay; }
     /// The model holds the display of that index now.
     void enterDisplay(std::size_t display);
-    /// Widths of first columns in pixels, one for each display; 0 for a half of the view.
+    /// Widths in pixels of the first columns, one for each display, then of the second ones; 0 for
+    /// the usual one.
     std::vector<int> columnWidths() const { return {widths_.begin(), widths_.end()}; }
     void setColumnWidths(const std::vector<int>& widths);
     /// Selects the current row, or the first one, unless rows are selected.
@@ -50,12 +51,13 @@ protected:
 private:
     static constexpr std::size_t NoDisplay = ResultDisplays.size();
 
-    void showWholeText(QPoint position, QPoint screenPosition);
+    void showTip(QPoint position, QPoint screenPosition);
     void keepWidth(int column, int width);
-    void applyWidth();
+    void applyWidths();
+    void applyWidth(int column, int usual, int most);
 
     std::function<QString()> emptyText_ = [] { return QString(); };
-    std::array<int, ResultDisplays.size()> widths_{};
+    std::array<int, 2 * ResultDisplays.size()> widths_{};
     std::size_t display_ = NoDisplay;
     bool applying_ = false;
 };

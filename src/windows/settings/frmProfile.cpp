@@ -3,6 +3,7 @@
 #include "base/Failure.h"
 #include "base/Paths.h"
 #include "settings/ProfileFile.h"
+#include "ui/profile/StartPage.h"
 #include "ui_frmProfile.h"
 #include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
@@ -86,7 +87,12 @@ void frmProfile::openCurrentProfile() {
 void frmProfile::proposeStartPath(std::string_view startPath) {
     ProfileFields proposed = ClearFields();
     proposed.startPath = startPath;
+    proposed.rules = rulesFor(proposed);
     showNewProfile(proposed);
+}
+
+Rules frmProfile::rulesFor(const ProfileFields& fields) const {
+    return hasBareLineFeeds(context_.disk, fields.startPath) ? Rules::Web : fields.rules;
 }
 
 ProfileFields frmProfile::fields() const {
@@ -284,6 +290,9 @@ void frmProfile::browse() {
 void frmProfile::setStartPath(const std::string& startPath) {
     ProfileFields chosen = fields();
     chosen.startPath = startPath;
+    if (!ui_->cmboProfiles->isListed()) {
+        chosen.rules = rulesFor(chosen);
+    }
     display(chosen);
     ui_->StartPath->setFocus();
 }

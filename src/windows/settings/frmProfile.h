@@ -72,6 +72,8 @@ private:
     void connectControls();
     void openCurrentProfile();
 
+    /// The web rules where the start page is one that the classic rules would hardly read.
+    Rules rulesFor(const ProfileFields& fields) const;
     ProfileFields fields() const;
     void display(const ProfileFields& fields);
     void fieldsChanged();

@@ -183,7 +183,8 @@ private slots:
         QCOMPARE(bench_->view().columnWidth(0), bench_->view().viewport()->width() / 2);
         bench_->view().setColumnWidth(0, 222);
         bench_->choose("cmbDisplay", 1);
-        QCOMPARE(bench_->frame.columnWidths(), (std::vector<int>{0, 0, 123, 0, 222, 0, 0}));
+        QCOMPARE(bench_->frame.columnWidths(),
+                 (std::vector<int>{0, 0, 123, 0, 222, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
     }
 
     void findsAndCopies() {
