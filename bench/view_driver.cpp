@@ -1,7 +1,11 @@
 // Times how long the results view takes to show 31,000 rows, from the choice of the entry to the
-// painted rows, with the progress window: view_driver [-platform offscreen]
+// painted rows, with the progress window: view_driver [-platform offscreen] [PAGE]
+// With a page, a check of its site with the web rules gives the rows.
 
+#include "base/Paths.h"
+#include "check/CheckRun.h"
 #include "desktop/Program.h"
+#include "findings/ListProjection.h"
 #include "windows/results/DisplayFrame.h"
 #include "windows/run/ThinkingWindow.h"
 
@@ -30,6 +34,8 @@ class NoDesktop : public Shell, public FileDialogs, public ReportPrinter {
 public:
     void open(std::string_view /*target*/) override {}
     bool startsProgram(std::string_view /*target*/) const override { return false; }
+    bool hasEditor() const override { return false; }
+    void edit(std::string_view /*file*/, std::uint32_t /*line*/) override {}
     std::optional<std::filesystem::path> saveFile(QWidget* /*owner*/,
                                                   const SaveQuestion& /*question*/) override {
         return {};
@@ -53,6 +59,31 @@ void fill(ResultLists& lists) {
         lists.ReferenceList.Append(file);
         lists.ReferenceListFrom.Append("/www/index.html");
     }
+}
+
+class NoListener : public RunListener {
+public:
+    void InitializeThinking(std::string_view /*title*/) override {}
+    void UpdateThinking(int /*current*/, int /*total*/) override {}
+    void RemoveThinking() override {}
+};
+
+void check(const char* page, Workspace& workspace, Messages& messages, EventLoop& events,
+           DiskAdapter& disk, FtpXCtl& ftp) {
+    NoListener listener;
+    SiteDisk site;
+    Inet inet(events, workspace.run);
+    Outside outside{messages, disk, ftp, inet, listener, events, site};
+    workspace.settings.profile.START_PATH = ToBackSlashes(page);
+    workspace.settings.profile.RULES = Rules::Web;
+    CheckRun(workspace.lists, workspace.site, workspace.run, workspace.settings, outside,
+             "\\nowhere")
+        .start();
+    QElapsedTimer clock;
+    clock.start();
+    projectLists(workspace.site, workspace.lists);
+    std::printf("%zu files, %zu references; lists filled in %.1f ms\n", workspace.site.files.size(),
+                workspace.site.references.size(), static_cast<double>(clock.nsecsElapsed()) / 1e6);
 }
 
 double median(std::vector<double> times) {
@@ -81,7 +112,6 @@ double timeToShow(DisplayFrame& frame, const char* display, const char* sort) {
 int main(int argc, char* argv[]) {
     const QApplication application(argc, argv);
     Workspace workspace;
-    fill(workspace.lists);
     NoMessages messages;
     NoDesktop desktop;
     NoEvents events;

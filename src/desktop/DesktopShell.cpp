@@ -9,6 +9,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeDatabase>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QStringList>
 #include <QUrl>
 
 #include <algorithm>
@@ -49,6 +52,27 @@ constexpr std::array Documents = {"image/",         "audio/",   "video/",
                                   "application/pdf"};
 /// The type of JavaScript and of JSON: executable by the tables, yet opened in an editor.
 constexpr const char* Script = "application/ecmascript";
+
+/// A text editor and how it is told a line: what goes before the number, in front of the file.
+struct Editor {
+    const char* program;
+    const char* line;
+};
+constexpr std::array<Editor, 8> Editors = {{{"kate", "--line="},
+                                            {"gedit", "+"},
+                                            {"xed", "+"},
+                                            {"pluma", "+"},
+                                            {"mousepad", "--line="},
+                                            {"geany", "--line="},
+                                            {"gvim", "+"},
+                                            {"emacs", "+"}}};
+
+const Editor* installedEditor() {
+    const auto* editor = std::find_if(Editors.begin(), Editors.end(), [](const Editor& known) {
+        return !QStandardPaths::findExecutable(known.program).isEmpty();
+    });
+    return editor == Editors.end() ? nullptr : editor;
+}
 
 bool isProgram(const QMimeType& type) {
     return !type.inherits(Script) &&
@@ -109,6 +133,20 @@ bool DesktopShell::startsProgram(std::string_view target) const {
     // Some desktops go by the name of a link, others by what it leads to.
     const QFileInfo file(QFile::decodeName(nativePath(target).c_str()));
     return mayRun(file) || mayRun(QFileInfo(file.canonicalFilePath()));
+}
+
+bool DesktopShell::hasEditor() const {
+    return installedEditor() != nullptr;
+}
+
+void DesktopShell::edit(std::string_view file, std::uint32_t line) {
+    const Editor* editor = installedEditor();
+    const QStringList arguments = {editor == nullptr ? QString()
+                                                     : editor->line + QString::number(line),
+                                   QFile::decodeName(nativePath(file).c_str())};
+    if (editor == nullptr || !QProcess::startDetached(editor->program, arguments)) {
+        throw Failure(1030, std::string("There is no program to edit ").append(file));
+    }
 }
 
 } // namespace quillmark

@@ -17,6 +17,11 @@ public:
     /// marked executable counts, too, unless its type is one that is only ever shown: on some disks
     /// every page and picture has that mark.
     bool startsProgram(std::string_view target) const override;
+
+    /// Looks for an editor with a window that is known to take a line, in the folders of PATH.
+    bool hasEditor() const override;
+    /// Throws 1030 when the editor does not start.
+    void edit(std::string_view file, std::uint32_t line) override;
 };
 
 } // namespace quillmark

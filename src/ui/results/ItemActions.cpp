@@ -10,9 +10,9 @@ namespace {
 ItemTarget targetOf(const RunState& run, std::string_view text) {
     if (run.localMode) {
         const std::string file = ToBackSlashes(text);
-        return {file, file, file};
+        return {file, file, file, 0};
     }
-    return {run.baseUrl + std::string(text), std::string(text), {}};
+    return {run.baseUrl + std::string(text), std::string(text), {}, 0};
 }
 
 bool isWebAddress(std::string_view text) {
@@ -49,6 +49,7 @@ ItemTargets siteTargets(const RunState& run, const SiteRow& row) {
     }
     if (!row.from.empty() && row.from != BaseFile) {
         targets[1] = targetOf(run, row.from);
+        targets[1].line = run.localMode ? row.line : 0;
     }
     return targets;
 }

@@ -6,6 +6,7 @@
 #include "ui/results/SiteRows.h"
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,7 @@ struct ItemTarget {
     std::string view;
     std::string deletion;
     std::string move;
+    std::uint32_t line = 0; ///< 1-based, of the local file to be viewed, for an editor; or 0.
 };
 
 /// The targets of a row's two columns.

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -22,6 +23,12 @@ public:
     /// Whether open() may run the target instead of showing it: programs, scripts, starters of
     /// programs (".desktop"), packages, and links to one of these.
     virtual bool startsProgram(std::string_view target) const = 0;
+
+    /// Whether there is a text editor that can be told a line.
+    virtual bool hasEditor() const = 0;
+    /// Opens a local file (full path in "\" form) in that editor, at a line (1-based). Returns at
+    /// once. Throws a Failure when the editor does not start.
+    virtual void edit(std::string_view file, std::uint32_t line) = 0;
 };
 
 /// What a dialog for saving a file begins with.

@@ -3,7 +3,6 @@
 #include "base/Failure.h"
 #include "base/Paths.h"
 #include "check/HostDelete.h"
-#include "ui/results/ItemActions.h"
 #include "windows/shared/MessageBoxes.h"
 #include "windows/shared/Text.h"
 
@@ -28,6 +27,10 @@ bool ItemCommands::mayStart(std::string_view target) {
     return ask(owner_,
                shownBriefly(target) + "\nis a program, or may start one. Do you want to run it?",
                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+void ItemCommands::Edit(const ItemTarget& page) {
+    guarded(owner_, [&] { context_.shell.edit(page.view, page.line); });
 }
 
 void ItemCommands::Delete(std::string_view target) {

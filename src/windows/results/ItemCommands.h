@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/results/ItemActions.h"
 #include "windows/outside/WindowContext.h"
 
 #include <QWidget>
@@ -23,6 +24,10 @@ public:
     /// Opens a web address, or a local file with its program. Asks first where that may start what
     /// the site's files bring along.
     void View(std::string_view target);
+    /// Whether there is an editor for Edit().
+    bool canEdit() const { return context_.shell.hasEditor(); }
+    /// Opens the page of a row in an editor, at the line of its reference.
+    void Edit(const ItemTarget& page);
     /// Asks, then deletes the file: on the host in Remote Mode, else on the disk. A message box
     /// tells what went wrong.
     void Delete(std::string_view target);

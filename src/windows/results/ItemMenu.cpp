@@ -31,7 +31,8 @@ constexpr std::array<Command, 6> Commands = {{
 } // namespace
 
 ItemMenu::ItemMenu(ItemCommands& commands, QWidget* parent)
-    : QMenu("RightClick", parent), commands_(commands), notice_(addAction(QString())) {
+    : QMenu("RightClick", parent), commands_(commands), notice_(addAction(QString())),
+      edit_(new QAction(this)) {
     setObjectName("mnuRightClick");
     setToolTipsVisible(true);
     notice_->setObjectName("mnuNotice");
@@ -45,6 +46,9 @@ ItemMenu::ItemMenu(ItemCommands& commands, QWidget* parent)
         actions_.at(i)->setObjectName(Commands.at(i).name);
         connect(actions_.at(i), &QAction::triggered, this, [this, i] { perform(i); });
     }
+    edit_->setObjectName("mnuEdit2");
+    addAction(edit_);
+    connect(edit_, &QAction::triggered, this, [this] { commands_.Edit(targets_[1]); });
 }
 
 void ItemMenu::open(const ItemTargets& targets, qsizetype selectedRows, QPoint position) {
@@ -52,6 +56,8 @@ void ItemMenu::open(const ItemTargets& targets, qsizetype selectedRows, QPoint p
     for (std::size_t i = 0; i < Commands.size(); ++i) {
         setCaption(i);
     }
+    edit_->setText(QString("Edit at Line %1").arg(targets_[1].line));
+    edit_->setVisible(targets_[1].line > 0 && commands_.canEdit());
     setNotice(selectedRows);
     popup(position);
 }

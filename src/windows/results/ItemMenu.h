@@ -9,7 +9,8 @@
 
 namespace quillmark {
 
-/// The context menu of a row, `mnuRightClick`: view, delete and move, in a group for each column.
+/// The context menu of a row, `mnuRightClick`: view, delete and move, in a group for each column,
+/// and the page in an editor where a line is known.
 /// Only what can be done is in sight; a line above says so when nothing can, and when the commands
 /// act on one of several selected rows.
 class ItemMenu : public QMenu {
@@ -31,6 +32,7 @@ private:
     ItemCommands& commands_;
     ItemTargets targets_;
     QAction* notice_;
+    QAction* edit_;
     std::array<QAction*, 6> actions_{};
 };
 

@@ -103,6 +103,68 @@ TEST_F(ResultsViewTest, ShowsEachDisplayMaskedAndSortedInItsOwnWay) {
     EXPECT_EQ(progress.titles, (Lines{"Building List", "-", "Sorting", "-", "Building List", "-"}));
 }
 
+/// Two pages: the first names the second, a part of it, and what is not there.
+void fillSite(SiteResults& site) {
+    site.filled = true;
+    site.files = {{"/w/i.html"}, {"/w/b/a.html"}};
+    site.otherTargets = {"/w/z.gif"};
+    site.pages = {{0, 0}, {1, 2}};
+    site.references = {{1, 3, 1}, {2, 4, 1}, {0, 7, 2}};
+    Finding gone;
+    gone.at.line = 4;
+    gone.target = "/w/z.gif";
+    gone.suggestion = "b/z.gif";
+    Finding part;
+    part.kind = FindingKind::FragmentMissing;
+    part.level = FindingLevel::Note;
+    part.at = {1, 7, 2, {}, {}};
+    part.target = "/w/i.html#/route";
+    site.findings = {gone, part};
+    IgnoredReference elsewhere;
+    elsewhere.at = {1, 9, 1, {}, {}};
+    elsewhere.reference = "https://else.where/";
+    site.ignored = {elsewhere};
+}
+
+TEST_F(ResultsViewTest, TellsLinesAndReasonsOfTheWebRules) {
+    fillSite(workspace.site);
+    constexpr auto All = FileCategory::All;
+    for (const DisplayCase& row : {
+             DisplayCase{1, All, SortOrder::Name,
+                         "Files | | /a/x.txt | /a/z.gif | /b/z.gif | /c/Y.HTM "
+                         "| Host File Listing (4 Files)"},
+             {2, All, SortOrder::None,
+              "Reference | Referenced In Line | /w/i.html < (base file) <  "
+              "| /w/b/a.html < /w/i.html < 3 | /w/z.gif < /w/i.html < 4 "
+              "| /w/i.html < /w/b/a.html < 7 | Host References (4 Files)"},
+             {2, FileCategory::Code, SortOrder::Path,
+              "Reference | Referenced In Line | /w/i.html < /w/b/a.html < 7 "
+              "| /w/i.html < (base file) <  | /w/b/a.html < /w/i.html < 3 "
+              "| Host References (3 Files)"},
+             {4, All, SortOrder::Name,
+              "Reference | Referenced in Line Why | /w/z.gif < /w/i.html < 4 < there is no such "
+              "file | /w/i.html#/route < /w/b/a.html < 7 < Note: the page has no such id "
+              "| Invalid References (1 Error, 1 Note)"},
+             {4, FileCategory::Image, SortOrder::None,
+              "Reference | Referenced in Line Why | /w/z.gif < /w/i.html < 4 < there is no such "
+              "file | Invalid References (1 Error, 0 Notes)"},
+             {5, All, SortOrder::None,
+              "Reference | Referenced in Line Why | https://else.where/ < /w/b/a.html < 9 "
+              "< another site | Ignored References (1 Files)"},
+         }) {
+        view.ShowResults({row.display, row.category, row.order});
+        EXPECT_EQ(shown(), row.shown);
+    }
+    view.ShowResults({4, All});
+    EXPECT_EQ(view.suggestion(0) + view.suggestion(1), "Did you mean b/z.gif?");
+    workspace.run.localMode = true;
+    EXPECT_EQ(view.targets(1)[0].view + view.targets(1)[1].move, "\\w\\i.html\\w\\b\\a.html");
+    view.ShowResults({5, All});
+    EXPECT_EQ(view.targets(0)[0].view + view.targets(0)[0].deletion, "https://else.where/");
+    workspace.site = {};
+    EXPECT_EQ(view.text(0, 0), "");
+}
+
 TEST_F(ResultsViewTest, TellsTotalsWhenSizesWereGathered) {
     workspace.settings.profile.GET_STATS = 1;
     view.ShowResults({1, FileCategory::Code});

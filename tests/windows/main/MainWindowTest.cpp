@@ -191,6 +191,50 @@ private slots:
         QVERIFY(!bar.isVisible());
     }
 
+    void checksAgainWithTheWebRules() {
+        TestProgram program;
+        const TempFolder site;
+        site.write("team.html", "<p id=coach>\n");
+        const std::string page =
+            site.write("index.html", "<a href='Team.htm'>\n<a href=team.html#couch>\n"
+                                     "<form action=sign.php></form><a href=https://a.example/>\n")
+                .string();
+        throughProfileDialog(program, {{"StartPath", QString::fromStdString(ToBackSlashes(page))}},
+                             {});
+        QVERIFY(program.control<QWidget>("noticeBar").isVisible());
+        press(program.window(), "cmdWebRules");
+        QVERIFY(!program.control<QWidget>("noticeBar").isVisible());
+        const QAbstractItemModel& rows = *program.control<QAbstractItemView>("ListView1").model();
+        QStringList seen;
+        for (const char* display : {"Invalid References", "Ignored References"}) {
+            seen += frameAfterChoosing(program, display, "All Files");
+            for (int row = 0; row < rows.rowCount(); ++row) {
+                seen += cell(program, row).section('/', -1) + " " + cell(program, row, 2) + " " +
+                        cell(program, row, 3) + " " +
+                        rows.index(row, 3).data(Qt::ToolTipRole).toString();
+            }
+        }
+        QCOMPARE(seen.join('\n'), "Invalid References (2 Errors, 1 Note)\n"
+                                  "Team.htm 1 there is no such file Did you mean team.html?\n"
+                                  "team.html#couch 2 the page has no such id "
+                                  "Did you mean team.html#coach?\n"
+                                  "sign.php 3 Note: there is no such file \n"
+                                  "Ignored References (1 Files)\n"
+                                  " 3 another site ");
+        auto& view = program.control<QAbstractItemView>("ListView1");
+        view.setCurrentIndex(rows.index(0, 0));
+        emit view.customContextMenuRequested({});
+        QCOMPARE(program.control<QAction>("mnuEdit2").text(), "Edit at Line 3");
+        program.control<QAction>("mnuEdit2").trigger();
+        QCOMPARE(program.shell.opened, std::vector<std::string>{ToBackSlashes(page) + ":3"});
+        const WhenModal dialog(named("frmProfile"), [](QWidget& profile) {
+            QCOMPARE(child<QComboBox>(profile, "cmbRules").currentText(), "Classic");
+            press(profile, "cmdCancel");
+        });
+        press(program.window(), "cmdStart");
+        QVERIFY(dialog.acted());
+    }
+
     void toolTipsOfMessagesShowWhatLooksLikeMarkUp() {
         TestProgram program;
         const std::string start = "C:\\<img src=x.gif>\\index.html";

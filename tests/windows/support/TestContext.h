@@ -54,6 +54,10 @@ public:
         failing();
     }
     bool startsProgram(std::string_view target) const override { return target == program; }
+    bool hasEditor() const override { return true; }
+    void edit(std::string_view file, std::uint32_t line) override {
+        opened.push_back(std::string(file) + ":" + std::to_string(line));
+    }
     std::string program; ///< The target that is a program.
     std::function<void()> failing = [] {};
     std::vector<std::string> opened;
