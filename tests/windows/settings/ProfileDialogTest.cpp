@@ -82,24 +82,6 @@ class ProfileDialogTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void theRulesDecideWhatCanBeSet() {
-        const Open open;
-        auto& rules = *open.dialog->findChild<QComboBox*>("cmbRules");
-        QCOMPARE(rules.currentText(), "Classic");
-        QTest::keyClick(&rules, Qt::Key_End);
-        for (const char* name :
-             {"chkUpperLevels", "chkRootLevel", "chkIgnoreTopics", "chkIgnoreValue"}) {
-            const auto& box = *open.dialog->findChild<QCheckBox*>(name);
-            QVERIFY2(!box.isEnabled() && box.toolTip().contains("classic rules"), name);
-        }
-        QVERIFY(open.dialog->findChild<QCheckBox*>("chkIgnore_CGI")->isEnabled());
-        QVERIFY(open.shows("lblEdited"));
-        open.press("cmdSave");
-        QVERIFY(open.profile().RULES == Rules::Web && !open.shows("lblEdited"));
-        QTest::keyClick(&rules, Qt::Key_Home);
-        QVERIFY(open.dialog->findChild<QCheckBox*>("chkRootLevel")->isEnabled());
-    }
-
     void proposesTheWebRulesForAPageOfToday() {
         for (const auto& [page, proposed] :
              {std::pair("<p>\r\n", "Classic"), std::pair("<p>\r\n<p>\n", "Web")}) {
