@@ -108,13 +108,17 @@ QUrl webAddress(std::string_view target) {
     return QUrl::fromEncoded(address, QUrl::TolerantMode);
 }
 
-QUrl fileAddress(std::string_view target) {
-    const std::filesystem::path path = nativePath(target);
+std::filesystem::path existing(std::string_view target) {
+    std::filesystem::path path = nativePath(target);
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) {
         throw fileNotFound(path.string());
     }
-    return QUrl::fromEncoded("file://" + encoded(path.string(), "/"));
+    return path;
+}
+
+QUrl fileAddress(std::string_view target) {
+    return QUrl::fromEncoded("file://" + encoded(existing(target).string(), "/"));
 }
 
 } // namespace
@@ -140,12 +144,12 @@ bool DesktopShell::hasEditor() const {
 }
 
 void DesktopShell::edit(std::string_view file, std::uint32_t line) {
+    const std::string path = existing(file).string();
     const Editor* editor = installedEditor();
-    const QStringList arguments = {editor == nullptr ? QString()
-                                                     : editor->line + QString::number(line),
-                                   QFile::decodeName(nativePath(file).c_str())};
-    if (editor == nullptr || !QProcess::startDetached(editor->program, arguments)) {
-        throw Failure(1030, std::string("There is no program to edit ").append(file));
+    if (editor == nullptr ||
+        !QProcess::startDetached(editor->program, {editor->line + QString::number(line),
+                                                   QFile::decodeName(path.c_str())})) {
+        throw Failure(1030, "There is no program to edit " + path);
     }
 }
 

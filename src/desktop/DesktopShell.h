@@ -20,7 +20,7 @@ public:
 
     /// Looks for an editor with a window that is known to take a line, in the folders of PATH.
     bool hasEditor() const override;
-    /// Throws 1030 when the editor does not start.
+    /// Throws 53 for a file that is not there, and 1030 when the editor does not start.
     void edit(std::string_view file, std::uint32_t line) override;
 };
 

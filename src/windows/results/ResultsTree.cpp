@@ -85,7 +85,7 @@ void ResultsTree::applyWidth(int column, int usual, int most) {
     const int kept =
         widths_.at(display_ + static_cast<std::size_t>(column) * ResultDisplays.size());
     header()->resizeSection(
-        column, kept == 0 ? usual : std::min(kept, std::max(most, header()->minimumSectionSize())));
+        column, std::min(kept == 0 ? usual : kept, std::max(most, header()->minimumSectionSize())));
 }
 
 void ResultsTree::selectRow() {

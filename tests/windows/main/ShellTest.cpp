@@ -60,6 +60,23 @@ private slots:
         }
     }
 
+    void tellsAnEditorTheLine() {
+        const fs::path page = folder_.write("a page.html", "");
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", folder_.path().c_str());
+        QVERIFY(!DesktopShell().hasEditor());
+        const std::string told = (folder_.path() / "told").string();
+        fs::permissions(folder_.write("gedit", "#!/bin/sh\nprintf '%s|' \"$@\" > '" + told +
+                                                   ".part'\n/bin/mv '" + told + ".part' '" + told +
+                                                   "'\n"),
+                        fs::perms::owner_exec, fs::perm_options::add);
+        QVERIFY(DesktopShell().hasEditor());
+        DesktopShell().edit(ToBackSlashes(page.string()), 12);
+        QTRY_VERIFY_WITH_TIMEOUT(fs::exists(told), 120'000);
+        QCOMPARE(folder_.read("told"), "+12|" + page.string() + "|");
+        qputenv("PATH", path);
+    }
+
 private:
     static bool startsProgram(const fs::path& file) {
         return DesktopShell().startsProgram(ToBackSlashes(file.string()));

@@ -92,6 +92,8 @@ class Tour:
         page.parent.mkdir()
         page.write_text('<a href="https://a.example/">\n\n<a href="boats.html">\n')
         self.save_profile("Unix site", "START_PATH=" + str(page).replace("/", "\\"))
+        today = str(SOURCE / "examples/today/index.html").replace("/", "\\")
+        self.save_profile("Today", "START_PATH=" + today, "RULES=web")
         self.host = subprocess.Popen([sys.executable, SOURCE / "tests/support/ftp_faults.py",
                                       "healthy", f"{folder}/log"],
                                      stdout=subprocess.PIPE, text=True)
@@ -144,6 +146,12 @@ class Tour:
         keys("alt+s")
         self.check("Unix", "profile-unix")
         self.picture("notice", "Quillmark")
+        keys("alt+c")
+        sleep(1)
+        self.picture("results-web-again", "Quillmark")
+        keys("alt+s")
+        self.check("Tod", "profile-web")
+        self.picture("results-web", "Quillmark")
         self.options_on()
         self.check("Web", "profile-host")
         self.picture("trace", "Host Trace")
