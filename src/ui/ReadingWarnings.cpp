@@ -26,8 +26,7 @@ std::string secureAddressesText(const ReadingFigures& figures) {
            (one ? " reference that begins with \"https:\" was taken for a file."
                 : " references that begin with \"https:\" were taken for files.") +
            " The web rules (--rules web) know such addresses; or add HTTPS: to MAKE_ADDITION to "
-           "have "
-           "them ignored.";
+           "have them ignored.";
 }
 
 } // namespace
