@@ -128,11 +128,12 @@ void fillSite(SiteResults& site) {
 
 TEST_F(ResultsViewTest, TellsLinesAndReasonsOfTheWebRules) {
     fillSite(workspace.site);
+    workspace.lists.FileList = listOf({"/w/i.html", "/w/b/a.html", "/a/i.html"});
     constexpr auto All = FileCategory::All;
     for (const DisplayCase& row : {
              DisplayCase{1, All, SortOrder::Name,
-                         "Files | | /a/x.txt | /a/z.gif | /b/z.gif | /c/Y.HTM "
-                         "| Host File Listing (4 Files)"},
+                         "Files | | /w/b/a.html | /a/i.html | /w/i.html "
+                         "| Host File Listing (3 Files)"},
              {2, All, SortOrder::None,
               "Reference | Referenced In Line | /w/i.html < (base file) <  "
               "| /w/b/a.html < /w/i.html < 3 | /w/z.gif < /w/i.html < 4 "

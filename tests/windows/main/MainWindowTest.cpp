@@ -196,8 +196,9 @@ private slots:
         const TempFolder site;
         site.write("team.html", "<p id=coach>\n");
         const std::string page =
-            site.write("index.html", "<a href='Team.htm'>\n<a href=team.html#couch>\n"
-                                     "<form action=sign.php></form><a href=https://a.example/>\n")
+            site.write("index.html",
+                       "<a href='Team.htm'>\n<a href=team.html#couch>\n"
+                       "<form action=\"sign.php\"></form><a href=https://a.example/>\n")
                 .string();
         throughProfileDialog(program, {{"StartPath", QString::fromStdString(ToBackSlashes(page))}},
                              {});
