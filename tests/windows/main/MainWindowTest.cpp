@@ -216,7 +216,7 @@ private slots:
             }
         }
         QCOMPARE(seen.join('\n'), "Invalid References (2 Errors, 1 Note)\n"
-                                  "Team.htm 1 there is no such file Did you mean team.html?\n"
+                                  "Team.htm 1 there is no such file \n"
                                   "team.html#couch 2 the page has no such id "
                                   "Did you mean team.html#coach?\n"
                                   "sign.php 3 Note: there is no such file \n"
@@ -311,7 +311,7 @@ private slots:
         std::filesystem::create_symlink(program.folder.write(".hidden.html", ""),
                                         program.folder.path() / "link.html");
         for (const auto& [file, reason] :
-             {std::pair("link.html", " is a symbolic link, and links are no files of the site."),
+             {std::pair("link.html", " is a symbolic link, and links are no files of the site"),
               std::pair(".hidden.html", " is hidden, since its name begins with \".\"")}) {
             const std::string path = (program.folder.path() / file).string();
             const WhenModal tried(named("frmProfile"), [&, reason = reason](QWidget& dialog) {
