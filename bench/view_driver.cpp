@@ -120,6 +120,11 @@ int main(int argc, char* argv[]) {
     DiskAdapter disk;
     HostTrace trace(workspace.trace);
     FtpXCtl ftp(messages, events, workspace.run, trace, {});
+    if (const QStringList arguments = QApplication::arguments(); arguments.size() > 1) {
+        check(arguments.at(1).toLocal8Bit().constData(), workspace, messages, events, disk, ftp);
+    } else {
+        fill(workspace.lists);
+    }
     DisplayFrame frame(
         {workspace, files, messages, progress, disk, ftp, desktop, desktop, desktop, "/nowhere"},
         [](const std::function<void()>& work) { work(); });
