@@ -6,6 +6,7 @@
 #include "check/CheckRun.h"
 #include "desktop/Program.h"
 #include "findings/ListProjection.h"
+#include "settings/DefaultSettings.h"
 #include "windows/results/DisplayFrame.h"
 #include "windows/run/ThinkingWindow.h"
 
@@ -74,6 +75,7 @@ void check(const char* page, Workspace& workspace, Messages& messages, EventLoop
     SiteDisk site;
     Inet inet(events, workspace.run);
     Outside outside{messages, disk, ftp, inet, listener, events, site};
+    SetDefaultSettings(workspace.settings);
     workspace.settings.profile.START_PATH = ToBackSlashes(page);
     workspace.settings.profile.RULES = Rules::Web;
     CheckRun(workspace.lists, workspace.site, workspace.run, workspace.settings, outside,
