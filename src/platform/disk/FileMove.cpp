@@ -124,8 +124,8 @@ bool isMine(const struct stat& status) {
     return ::geteuid() == 0 || status.st_uid == ::geteuid();
 }
 
-/// Throws a Failure if the original could not be deleted after the copy, which would leave two files:
-/// its folder may be read-only, or shared by users who may each delete their own files only.
+/// Throws a Failure if the original could not be deleted after the copy, which would leave two
+/// files: its folder may be read-only, or shared by users who may each delete their own files only.
 void expectRemovable(const fs::path& file, const struct stat& status) {
     const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
     struct stat shared {};
