@@ -1,6 +1,10 @@
 #include "command/Commands.h"
 
-int main(int argc, char* argv[]) {
+#include <cstdio>
+#include <exception>
+
+// What escapes the commands is a machine out of memory: there may be no room for more than this.
+int main(int argc, char* argv[]) try {
     using namespace quillmark;
     const auto parsed = parseOptions(argc, argv);
     if (parsed.exitStatus) {
@@ -8,4 +12,8 @@ int main(int argc, char* argv[]) {
     }
     return parsed.options.action == Action::Check ? runCheck(parsed.options)
                                                   : runProfileCommand(parsed.options);
+} catch (const std::exception& error) {
+    std::fputs(error.what(), stderr);
+    std::fputs("\n", stderr);
+    return quillmark::NotFinished;
 }

@@ -39,7 +39,7 @@ bool AlternatingFile::replace(
         return false;
     }
     spare_.length = *length;
-    return swap();
+    return exchange();
 }
 
 /// Whether the path still leads to the file, and only this path does: a user may have kept a page
@@ -66,7 +66,7 @@ bool AlternatingFile::openSpare() {
     return true;
 }
 
-bool AlternatingFile::swap() {
+bool AlternatingFile::exchange() {
     const bool ours = isAt(file_, current_);
     if (ours &&
         ::renameat2(AT_FDCWD, spareFile_.c_str(), AT_FDCWD, file_.c_str(), RENAME_EXCHANGE) == 0) {

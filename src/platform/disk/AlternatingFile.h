@@ -43,7 +43,7 @@ private:
 
     static bool isAt(const std::string& path, const Made& made);
     bool openSpare();
-    bool swap();
+    bool exchange();
 
     std::string file_;
     std::string spareFile_;

@@ -64,7 +64,8 @@ Found TargetFinder::findIndex(std::string& folder, const Found& found) const {
 Found TargetFinder::findOther(std::string& path) const {
     if (rules_.cleanUrls && !path.empty() && !path.ends_with('/')) {
         for (const std::string& extension : rules_.pageExtensions) {
-            std::string page = path + "." + extension;
+            std::string page = path;
+            page.append(".").append(extension);
             const Found found = inventory_.find(page);
             if (found.what == What::File) {
                 path = page;

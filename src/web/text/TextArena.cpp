@@ -12,17 +12,16 @@ constexpr std::size_t BlockSize = 16384;
 } // namespace
 
 char* TextArena::allocate(std::size_t size) {
-    while (block_ < blocks_.size() && blocks_[block_].size - used_ < size) {
+    while (block_ < blocks_.size() && blocks_[block_].size() - used_ < size) {
         ++block_;
         used_ = 0;
     }
     if (block_ == blocks_.size()) {
-        const std::size_t room = std::max(size, BlockSize);
-        blocks_.push_back({std::make_unique<char[]>(room), room});
+        blocks_.emplace_back(std::max(size, BlockSize));
     }
     lastStart_ = used_;
     used_ += size;
-    return blocks_[block_].memory.get() + lastStart_;
+    return blocks_[block_].data() + lastStart_;
 }
 
 std::string_view TextArena::keep(std::string_view text) {
@@ -33,7 +32,7 @@ std::string_view TextArena::keep(std::string_view text) {
 
 void TextArena::clear() {
     // One huge page must not cost its memory for the rest of the run.
-    std::erase_if(blocks_, [](const Block& block) { return block.size > BlockSize; });
+    std::erase_if(blocks_, [](const std::vector<char>& block) { return block.size() > BlockSize; });
     block_ = 0;
     used_ = 0;
     lastStart_ = 0;

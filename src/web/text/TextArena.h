@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -19,14 +18,9 @@ public:
     void clear();
 
 private:
-    struct Block {
-        std::unique_ptr<char[]> memory;
-        std::size_t size;
-    };
-
-    std::vector<Block> blocks_;
-    std::size_t block_ = 0; ///< Index of the block in use.
-    std::size_t used_ = 0;  ///< Bytes in use of that block.
+    std::vector<std::vector<char>> blocks_; ///< None of them ever grows.
+    std::size_t block_ = 0;                 ///< Index of the block in use.
+    std::size_t used_ = 0;                  ///< Bytes in use of that block.
     std::size_t lastStart_ = 0;
 };
 

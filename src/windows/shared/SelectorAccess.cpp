@@ -19,7 +19,7 @@ public:
         : QAccessibleWidget(&selector, QAccessible::ComboBox), selector_(selector) {}
 
     QString text(QAccessible::Text kind) const override {
-        const QString entry = selector_.currentText();
+        QString entry = selector_.currentText();
         if (kind == QAccessible::Value) {
             return entry;
         }

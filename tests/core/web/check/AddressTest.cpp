@@ -4,13 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace quillmark::web::test {
 namespace {
 
 std::string described(const Address& address) {
-    static const char* const Names[] = {"",          "above ",  "other site ", "other scheme ",
-                                        "computer ", "nowhere "};
-    std::string text = Names[static_cast<int>(address.leads)];
+    static constexpr std::array Names = {"",          "above ",  "other site ", "other scheme ",
+                                         "computer ", "nowhere "};
+    std::string text = Names.at(static_cast<std::size_t>(address.leads));
     text += address.leads == Leads::IntoSite ? address.path : "";
     return address.fragment ? text + " #" + std::string(*address.fragment) : text;
 }

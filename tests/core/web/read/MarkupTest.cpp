@@ -1,17 +1,16 @@
 #include "core/web/read/Judge.h"
 
 #include <gtest/gtest.h>
-#include <memory>
+#include <vector>
 
 namespace quillmark::web::test {
 namespace {
 
 /// Reads a copy that ends where its memory ends, so that the sanitizer sees any byte too many.
 Lines read(std::string_view page, PageKind kind = PageKind::Html) {
-    const auto exact = std::make_unique<char[]>(page.size());
-    std::copy(page.begin(), page.end(), exact.get());
+    const std::vector<char> exact(page.begin(), page.end());
     PageContent content;
-    readPage({exact.get(), page.size()}, kind, content);
+    readPage({exact.data(), exact.size()}, kind, content);
     return linesOf(content);
 }
 
