@@ -346,7 +346,7 @@ private slots:
             dialog.close();
         });
         press(program.window(), "cmdStart");
-        QCOMPARE(ofProfiles, QStringList("Profile Name: site"));
+        QCOMPARE(ofProfiles, QStringList({"Profile Name: site", "Rules: Classic"}));
     }
 
     void alternatesTheSoundsWhileTheyAreOn() {

@@ -104,7 +104,8 @@ private slots:
         const FaultServer server("stalled-listing");
         TestProgram program;
         prepare(program, server.login(), "/index.html");
-        const WhenPosted stop(program, "Checking For /index.html", [&program] {
+        // The listing is what stalls; before it, an abort has words of its own.
+        const WhenPosted stop(program, "Getting Directory For /", [&program] {
             QVERIFY(!program.control<QPushButton>("cmdStart").isEnabled());
             QCOMPARE(program.window().windowTitle(), "Quillmark checking...");
             QCOMPARE(program.window().focusWidget()->objectName(), "cmdStop");
