@@ -17,9 +17,6 @@ namespace quillmark {
 class Failure;
 class SiteCheck;
 
-/// How a run ended.
-enum class RunOutcome { Finished, Aborted, Failed };
-
 /// The check of a site, from the first message to the last. One object serves all runs of a
 /// program.
 class CheckRun {

@@ -119,7 +119,7 @@ int runCheck(const Options& options) {
         started = true;
         TraceFile trace(options.trace);
         const RunOutcome outcome = performRun(options, workspace, place.folder(), trace);
-        if (workspace.site.filled && options.hasOutput()) {
+        if (workspace.site.filled && options.needsLists()) {
             projectLists(workspace.site, workspace.lists);
         }
         writeResults(options, outcome, workspace);

@@ -24,7 +24,8 @@ constexpr std::array<KindTexts, FindingKinds> Kinds = {{
 }};
 
 constexpr std::array<std::string_view, IgnoredReasons> Reasons = {
-    "another site", "other scheme", "above the top of the site", "excluded", "folder not listed"};
+    "another site", "other scheme",      "above the top of the site",
+    "excluded",     "folder not listed", "ignored by the classic rules"};
 
 } // namespace
 

@@ -29,16 +29,17 @@ enum class IgnoredReason : std::uint8_t {
     OtherScheme,
     AboveTop,
     Excluded,
-    NotListed ///< In a folder that could not be listed, or lies deeper than MAX_LEVELS.
+    NotListed,   ///< In a folder that could not be listed, or lies deeper than MAX_LEVELS.
+    ClassicRules ///< The classic rules do not tell why.
 };
 
-inline constexpr std::size_t IgnoredReasons = 5;
+inline constexpr std::size_t IgnoredReasons = 6;
 
 /// Where a reference stands.
 struct Place {
     std::uint32_t page = 0;   ///< Index into SiteResults::pages.
-    std::uint32_t line = 1;   ///< 1-based.
-    std::uint32_t column = 1; ///< 1-based, in characters.
+    std::uint32_t line = 1;   ///< 1-based; 0 where it is not known.
+    std::uint32_t column = 1; ///< 1-based, in characters; 0 with line 0.
     std::string_view element; ///< "" in a style sheet.
     std::string_view attribute;
 };

@@ -5,6 +5,9 @@
 
 namespace quillmark {
 
+/// How a run ended.
+enum class RunOutcome { Finished, Aborted, Failed };
+
 /// How far a pass over the lists came.
 enum class PassProgress {
     NotRun,  ///< The run had ended before it, or failed within it: what it fills says nothing.

@@ -3,6 +3,7 @@
 #include "base/Printable.h"
 #include "base/Version.h"
 #include "command/options/NamedLists.h"
+#include "command/options/OutputOptions.h"
 
 #include <CLI/CLI.hpp>
 
@@ -146,6 +147,7 @@ void addProfileCommands(CLI::App& app, Options& options) {
 }
 
 void addOutput(CLI::App& app, Options& options) {
+    addOutputOptions(app, options);
     app.add_option("--report", options.report, "Write the text report to this file")
         ->type_name("FILE");
     auto* json = app.add_option("--json", options.json,
@@ -181,10 +183,7 @@ void checkTogether(const Options& options) {
     if (hostOnly && options.startPath.empty()) {
         throw CLI::ValidationError("--host needs the start file on it: --start /www/index.html");
     }
-    if (options.json == "-" && !options.list.empty()) {
-        throw CLI::ValidationError(
-            "--json - and --list both want standard output: give --json a file");
-    }
+    requireOneStandardOutput(options);
     if (!options.list.empty() && findList(options.list) == nullptr) {
         throw CLI::ValidationError("there is no list \"" + options.list + "\"; --help names them");
     }

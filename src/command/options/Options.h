@@ -27,6 +27,12 @@ public:
 /// What quillmark-check is asked to do.
 enum class Action { Check, SaveProfile, ShowProfile };
 
+/// Where one format goes.
+struct Output {
+    std::string format; ///< One of formats().
+    std::string file;   ///< "" is standard output.
+};
+
 /// The command line of quillmark-check.
 struct Options {
     Action action = Action::Check;
@@ -44,8 +50,10 @@ struct Options {
     std::optional<std::string> folder;
     std::vector<std::string> set; ///< KEY=VALUE each.
     std::string report;
-    std::string json;                 ///< A file, or "-" for standard output.
-    std::string list;                 ///< The name of a result list.
+    std::string json; ///< A file, or "-" for standard output.
+    std::string list; ///< The name of a result list.
+    std::vector<Output> outputs;
+    std::string pathPrefix; ///< The folder of the site in the user's repository, as given.
     std::optional<std::string> rules; ///< "classic" or "web".
     std::optional<std::string> siteUrl;
     std::optional<std::string> root; ///< The top of the site, in the machine's or host's form.
@@ -57,8 +65,8 @@ struct Options {
     bool color = false;
     bool noProgress = false;
 
-    /// Whether anything but the summary was asked for.
-    bool hasOutput() const { return !report.empty() || !json.empty() || !list.empty(); }
+    /// Whether anything was asked for that is made from the result lists.
+    bool needsLists() const { return !report.empty() || !json.empty() || !list.empty(); }
 };
 
 /// The command line as it was read. If there is nothing to do (--help, --version, a usage error),

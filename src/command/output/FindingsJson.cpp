@@ -1,33 +1,13 @@
 #include "command/output/FindingsJson.h"
 
+#include "report/formats/JsonText.h"
+
 #include <string>
 #include <string_view>
-
-#include <nlohmann/json.hpp>
 
 namespace quillmark {
 
 namespace {
-
-using Json = nlohmann::json;
-
-/// JSON lets U+007F to U+009F stand as they are; on a terminal they would steer it.
-void escapeUpperControls(std::string& json) {
-    for (std::size_t i = 0; i < json.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(json[i]);
-        const unsigned next = i + 1 < json.size() ? static_cast<unsigned char>(json[i + 1]) : 0;
-        if (byte == 0x7F) {
-            json.replace(i, 1, "\\u007f");
-        } else if (byte == 0xC2 && next >= 0x80 && next < 0xA0) {
-            const char* const tens = next < 0x90 ? "8" : "9";
-            json.replace(i, 2, std::string("\\u00") + tens + "0123456789abcdef"[next % 16]);
-        }
-    }
-}
-
-std::string textOrNull(std::string_view bytes) {
-    return bytes.empty() ? "null" : jsonText(bytes);
-}
 
 void writePlace(std::ostream& out, const SiteResults& results, const Place& at) {
     out << "\"page\": " << jsonText(results.pagePath(at.page)) << ", \"line\": " << at.line
@@ -61,12 +41,6 @@ void writeTotals(std::ostream& out, const SiteResults& results) {
 
 } // namespace
 
-std::string jsonText(std::string_view bytes) {
-    std::string json = Json(bytes).dump(-1, ' ', false, Json::error_handler_t::replace);
-    escapeUpperControls(json);
-    return json;
-}
-
 void writeFindings(std::ostream& out, const SiteResults& results) {
     out << "  \"rules\": \"web\",\n  \"top\": " << jsonText(results.top) << ",\n";
     writeTotals(out, results);
@@ -75,8 +49,8 @@ void writeFindings(std::ostream& out, const SiteResults& results) {
             << ", \"level\": " << jsonText(nameOf(finding.level)) << ", ";
         writePlace(out, results, finding.at);
         out << ", \"reference\": " << jsonText(finding.reference)
-            << ", \"target\": " << textOrNull(finding.target)
-            << ", \"suggestion\": " << textOrNull(finding.suggestion) << "}";
+            << ", \"target\": " << jsonTextOrNull(finding.target)
+            << ", \"suggestion\": " << jsonTextOrNull(finding.suggestion) << "}";
     });
     writeArray(out, "ignored", results.ignored, [&](const IgnoredReference& ignored) {
         out << "{\"reason\": " << jsonText(nameOf(ignored.reason)) << ", ";

@@ -3,13 +3,8 @@
 #include "findings/SiteResults.h"
 
 #include <ostream>
-#include <string>
-#include <string_view>
 
 namespace quillmark {
-
-/// The bytes as a JSON string that steers no terminal: what is not UTF-8 is replaced.
-std::string jsonText(std::string_view bytes);
 
 /// Writes the members of the JSON object that only a check with the web rules has, each followed by
 /// a comma: "rules", "top", "totals", "findings", "ignored" and "duplicates". Bytes that are not

@@ -2,6 +2,8 @@
 
 #include "command/options/NamedLists.h"
 #include "command/output/FindingsJson.h"
+#include "report/CheckReport.h"
+#include "report/formats/JsonText.h"
 
 #include <cmath>
 #include <string>
@@ -9,18 +11,6 @@
 namespace quillmark {
 
 namespace {
-
-std::string_view outcomeName(RunOutcome outcome) {
-    switch (outcome) {
-    case RunOutcome::Finished:
-        return "finished";
-    case RunOutcome::Aborted:
-        return "aborted";
-    case RunOutcome::Failed:
-        return "failed";
-    }
-    return "failed";
-}
 
 std::string statistics(const RunState& run) {
     if (!run.statisticsComplete) {
@@ -44,7 +34,7 @@ void writeList(std::ostream& out, std::string_view name, const List& list) {
 
 void writeJson(std::ostream& out, RunOutcome outcome, const Workspace& workspace) {
     const RunState& run = workspace.run;
-    out << "{\n  \"outcome\": " << jsonText(outcomeName(outcome))
+    out << "{\n  \"outcome\": " << jsonText(nameOf(outcome))
         << ",\n  \"mode\": " << jsonText(run.localMode ? "local" : "remote")
         << ",\n  \"baseUrl\": " << jsonText(run.baseUrl)
         << ",\n  \"statistics\": " << statistics(run) << ",\n";

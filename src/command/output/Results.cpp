@@ -6,8 +6,10 @@
 #include "command/terminal/Terminal.h"
 #include "platform/Console.h"
 #include "platform/FolderChoice.h"
+#include "report/formats/Formats.h"
 #include "ui/ReportWriter.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
@@ -59,15 +61,51 @@ void requireGood(const std::ostream& out) {
     }
 }
 
-void writeJsonTo(const std::string& file, RunOutcome outcome, const Workspace& workspace) {
+/// Calls `write` with the file, or with standard output for "-".
+template <typename Write> void writeTo(const std::string& file, Write write) {
     if (file == "-") {
-        writeJson(std::cout, outcome, workspace);
+        write(std::cout);
         return;
     }
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    writeJson(out, outcome, workspace);
-    out.close();
-    requireGood(out);
+    writing(file, [&] {
+        std::ofstream out(file, std::ios::binary | std::ios::trunc);
+        write(out);
+        out.close();
+        requireGood(out);
+    });
+}
+
+bool takesStandardOutput(const Options& options) {
+    return options.json == "-" || !options.list.empty() ||
+           std::any_of(options.outputs.begin(), options.outputs.end(),
+                       [](const Output& output) { return output.file.empty(); });
+}
+
+/// The summary goes where nothing else does: the log of a CI job should tell what was found.
+std::vector<Output> outputsFor(const Options& options) {
+    std::vector<Output> outputs = options.outputs;
+    if (!options.needsLists() && !takesStandardOutput(options)) {
+        outputs.push_back({"text", ""});
+    }
+    return outputs;
+}
+
+void writeFormats(const Options& options, RunOutcome outcome, const Workspace& workspace) {
+    const std::vector<Output> outputs = outputsFor(options);
+    if (outputs.empty()) {
+        return;
+    }
+    CheckReport report =
+        makeReport(outcome, workspace.site, workspace.lists, workspace.run, workspace.settings);
+    report.pathPrefix = options.pathPrefix;
+    if (!report.pathPrefix.empty() && !report.pathPrefix.ends_with('/')) {
+        report.pathPrefix += '/';
+    }
+    for (const Output& output : outputs) {
+        report.color = output.file.empty() && useColor(options.color);
+        writeTo(output.file.empty() ? "-" : output.file,
+                [&](std::ostream& out) { findFormat(output.format)->write(out, report); });
+    }
 }
 
 } // namespace
@@ -76,6 +114,9 @@ void requireWritableResults(const Options& options) {
     requireWritable(options.report);
     requireWritable(options.json);
     requireWritable(options.trace);
+    for (const Output& output : options.outputs) {
+        requireWritable(output.file);
+    }
 }
 
 void writing(const std::string& file, const std::function<void()>& write) {
@@ -93,15 +134,12 @@ void writeResults(const Options& options, RunOutcome outcome, const Workspace& w
         });
     }
     if (!options.json.empty()) {
-        writing(options.json, [&] { writeJsonTo(options.json, outcome, workspace); });
+        writeTo(options.json, [&](std::ostream& out) { writeJson(out, outcome, workspace); });
     }
     if (!options.list.empty()) {
         writeNamedList(*findList(options.list), workspace.lists);
     }
-    if (!options.hasOutput()) {
-        (workspace.site.filled ? writeWebSummary : writeSummary)(std::cout, outcome, workspace,
-                                                                 useColor(options.color));
-    }
+    writeFormats(options, outcome, workspace);
     writing("standard output", [] { requireGood(std::cout.flush()); });
 }
 

@@ -17,14 +17,6 @@ void requireWritableResults(const Options& options);
 /// Writes what the command line asks for, or the summary. Throws a Failure if that is not possible.
 void writeResults(const Options& options, RunOutcome outcome, const Workspace& workspace);
 
-/// Writes what a person wants to know of a check: the counts, each invalid reference under the page
-/// that makes it, and how to see the rest. Names below the start directory are shown from there on.
-void writeSummary(std::ostream& out, RunOutcome outcome, const Workspace& workspace, bool color);
-
-/// The same for a check with the web rules: each finding under its page, with its place and what
-/// was meant, and the totals.
-void writeWebSummary(std::ostream& out, RunOutcome outcome, const Workspace& workspace, bool color);
-
 /// Writes the outcome and every list as one JSON object (RFC 8259). Bytes that are not UTF-8 become
 /// U+FFFD.
 void writeJson(std::ostream& out, RunOutcome outcome, const Workspace& workspace);

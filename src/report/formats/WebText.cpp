@@ -1,7 +1,5 @@
 #include "base/Printable.h"
-#include "base/Version.h"
-#include "command/output/Results.h"
-#include "command/output/Style.h"
+#include "report/formats/TextParts.h"
 
 #include <algorithm>
 #include <array>
@@ -12,15 +10,8 @@ namespace quillmark {
 
 namespace {
 
-constexpr int MessagesShown = 5;
-constexpr std::size_t HintColumn = 30;
 constexpr std::size_t WidestPosition = 7;
 constexpr std::size_t WidestReference = 40;
-
-std::string padded(std::string text, std::size_t width) {
-    text.resize(std::max(text.size(), width), ' ');
-    return text;
-}
 
 std::string position(const Place& at) {
     return std::to_string(at.line) + ":" + std::to_string(at.column);
@@ -28,13 +19,11 @@ std::string position(const Place& at) {
 
 class WebSummary {
 public:
-    WebSummary(std::ostream& out, RunOutcome outcome, const Workspace& workspace, bool color)
-        : out_(out), outcome_(outcome), workspace_(workspace), results_(workspace.site),
-          color_(color) {}
+    WebSummary(std::ostream& out, const CheckReport& report)
+        : out_(out), report_(report), results_(report.site()) {}
 
     void write() {
-        writeHeading();
-        writeOutcome();
+        writeTextHeading(out_, report_, printable(results_.top) + "  (web rules)", "file");
         writeFindings();
         writeTotals();
         writeIgnored();
@@ -44,37 +33,13 @@ public:
 
 private:
     std::string in(std::string_view style, const std::string& text) const {
-        return styled(color_, style, text);
-    }
-
-    void writeHeading() {
-        const std::string top = printable(results_.top);
-        out_ << in(Bold, "Quillmark " + std::string(ApplicationVersion)) << "  " << top
-             << "  (web rules)\n\n  " << counted(results_.pages.size(), "file", "files")
-             << " read, " << counted(results_.references.size(), "reference", "references") << ", "
-             << counted(results_.files.size(), "file", "files") << " in "
-             << counted(results_.folders.size() + 1, "folder", "folders") << "\n\n";
-    }
-
-    void writeOutcome() {
-        if (outcome_ == RunOutcome::Finished) {
-            return;
-        }
-        out_ << in(Yellow, outcome_ == RunOutcome::Aborted
-                               ? "The run was aborted: these are the results so far."
-                               : "The run failed: these are the results so far.")
-             << " Its last messages:\n";
-        const CappedList& messages = workspace_.lists.Message;
-        for (int i = std::max(0, messages.Count() - MessagesShown); i < messages.Count(); ++i) {
-            out_ << "  " << printable(messages.Line(i)) << "\n";
-        }
-        out_ << "\n";
+        return styled(report_.color, style, text);
     }
 
     void writeFindings() {
         const std::size_t errors = results_.errors();
         const std::size_t notes = results_.findings.size() - errors;
-        const bool sound = errors == 0 && outcome_ == RunOutcome::Finished;
+        const bool sound = errors == 0 && report_.outcome == RunOutcome::Finished;
         out_ << in(sound ? Green : Red, counted(errors, "error", "errors"));
         if (notes > 0) {
             out_ << in(Yellow, ", " + counted(notes, "note", "notes"));
@@ -87,7 +52,7 @@ private:
             while (end < findings.size() && findings[end].at.page == page) {
                 ++end;
             }
-            out_ << "  " << printable(results_.fromTop(results_.pagePath(page))) << "\n";
+            out_ << "  " << printable(report_.shownPath(results_.pagePath(page))) << "\n";
             writePage(i, end);
             i = end;
         }
@@ -134,7 +99,8 @@ private:
         for (const IgnoredReference& ignored : results_.ignored) {
             ++byReason.at(static_cast<std::size_t>(ignored.reason));
         }
-        writeCount(counted(results_.ignored.size(), "ignored reference", "ignored references"),
+        writeCount(out_, report_,
+                   counted(results_.ignored.size(), "ignored reference", "ignored references"),
                    results_.ignored.empty() ? "" : "--list IgnoredReferences");
         for (std::size_t reason = 0; reason < IgnoredReasons; ++reason) {
             if (byReason.at(reason) > 0) {
@@ -145,12 +111,12 @@ private:
     }
 
     void writeUnused() {
-        if (workspace_.run.unusedPass != PassProgress::Done) {
-            writeCount("unused files not looked for", "");
+        if (report_.run->unusedPass != PassProgress::Done) {
+            writeCount(out_, report_, "unused files not looked for", "");
             return;
         }
         const bool any = !results_.unused.empty();
-        writeCount(counted(results_.unused.size(), "unused file", "unused files"),
+        writeCount(out_, report_, counted(results_.unused.size(), "unused file", "unused files"),
                    any ? "--list UnusedList" : "");
         if (any) {
             out_ << in(Dim, "  Scripts are not read: files that only scripts name are among "
@@ -161,33 +127,23 @@ private:
 
     void writeDuplicates() {
         if (!results_.duplicatesKnown) {
-            writeCount("duplicates not looked for", "--set CHECK_DUPES=1");
+            writeCount(out_, report_, "duplicates not looked for", "--set CHECK_DUPES=1");
             return;
         }
-        std::size_t files = 0;
-        for (const auto& group : results_.duplicates) {
-            files += group.size();
-        }
-        writeCount(counted(files, "duplicate file", "duplicate files"),
+        const std::size_t files = countOfDuplicates(results_);
+        writeCount(out_, report_, counted(files, "duplicate file", "duplicate files"),
                    files > 0 ? "--list DuplicateList" : "");
     }
 
-    void writeCount(const std::string& text, const std::string& hint) {
-        out_ << (hint.empty() ? text : padded(text, HintColumn) + in(Dim, hint)) << "\n";
-    }
-
     std::ostream& out_;
-    RunOutcome outcome_;
-    const Workspace& workspace_;
+    const CheckReport& report_;
     const SiteResults& results_;
-    bool color_;
 };
 
 } // namespace
 
-void writeWebSummary(std::ostream& out, RunOutcome outcome, const Workspace& workspace,
-                     bool color) {
-    WebSummary(out, outcome, workspace, color).write();
+void writeWebText(std::ostream& out, const CheckReport& report) {
+    WebSummary(out, report).write();
 }
 
 } // namespace quillmark

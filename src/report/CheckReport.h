@@ -1,0 +1,65 @@
+#pragma once
+
+#include "findings/SiteResults.h"
+#include "run/RunState.h"
+#include "settings/Settings.h"
+#include "store/ResultLists.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmark {
+
+/// How much a check looked at.
+struct ReportCounts {
+    std::size_t pages = 0; ///< That were read.
+    std::size_t references = 0;
+    std::size_t files = 0;
+    std::size_t folders = 0; ///< With the top.
+};
+
+/// What every format is written from: the results of one check, by either set of rules. Refers to
+/// the results, lists, run and settings that it was made from.
+struct CheckReport {
+    const SiteResults& site() const { return *results; }
+    bool byWebRules() const { return settings->profile.RULES == Rules::Web; }
+    /// Whether a baseline has finding i. Such a finding does not count.
+    bool isKnown(std::size_t i) const { return !known.empty() && known[i]; }
+    /// A full path as the report names it: from the top of the site, behind the prefix. Paths
+    /// outside of the site stay as they are.
+    std::string shownPath(std::string_view fullPath) const;
+    /// The page of a finding, as the report names it.
+    std::string shownPage(const Place& at) const { return shownPath(site().pagePath(at.page)); }
+
+    RunOutcome outcome = RunOutcome::Finished;
+    const RunState* run = nullptr;
+    const Settings* settings = nullptr;
+    const CappedList* messages = nullptr; ///< The newest messages of the run.
+    /// What was found. After a check with the classic rules the findings are the invalid
+    /// references: errors of the kind Missing at line 0, which stands for no known line.
+    const SiteResults* results = nullptr;
+    std::string start; ///< The start page, full path in "/" form.
+    ReportCounts counts;
+    std::string pathPrefix;  ///< The folder of the site within the user's repository, ends in "/".
+    std::vector<bool> known; ///< By finding; empty without a baseline.
+    bool color = false;      ///< A person reads it on a terminal with colours.
+
+    std::unique_ptr<SiteResults> ofLists; ///< Holds the results of classic rules.
+};
+
+/// The report of the run that filled `site` (web rules) or `lists` (classic rules). Those must
+/// outlive it.
+CheckReport makeReport(RunOutcome outcome, const SiteResults& site, const ResultLists& lists,
+                       const RunState& run, const Settings& settings);
+
+/// What is wrong, in a sentence without an end: "there is no such file (did you mean a.html?)".
+/// The bytes of the suggestion are as the page has them.
+std::string messageOf(const Finding& finding);
+
+/// "finished", "aborted", "failed".
+std::string_view nameOf(RunOutcome outcome);
+
+} // namespace quillmark

@@ -1,0 +1,98 @@
+#include "base/Printable.h"
+#include "report/formats/TextParts.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace quillmark {
+
+namespace {
+
+class SummaryWriter {
+public:
+    SummaryWriter(std::ostream& out, const CheckReport& report)
+        : out_(out), report_(report), site_(report.site()) {}
+
+    void write() {
+        writeTextHeading(out_, report_, printable(report_.start), "page");
+        writeInvalid();
+        writeOthers();
+    }
+
+private:
+    /// Says what a pass found, that this is not all if it was stopped, and that nothing was looked
+    /// for if it never ran: "0 unused files" would read like a sound site.
+    static std::string found(PassProgress pass, std::size_t count, const std::string& one,
+                             const std::string& many) {
+        if (pass == PassProgress::Done) {
+            return counted(count, one, many);
+        }
+        return count > 0 || pass == PassProgress::Stopped ? counted(count, one, many) + " so far"
+                                                          : many + " not looked for";
+    }
+
+    std::string_view styleOfInvalid(std::size_t count) const {
+        if (count > 0) {
+            return Red;
+        }
+        return report_.run->invalidPass == PassProgress::Done ? Green : Yellow;
+    }
+
+    /// The pages in the order of their first invalid reference.
+    void writeInvalid() {
+        std::map<std::uint32_t, std::size_t> places;
+        std::vector<std::pair<std::uint32_t, std::vector<std::string_view>>> pages;
+        for (const Finding& finding : site_.findings) {
+            const auto place = places.emplace(finding.at.page, pages.size());
+            if (place.second) {
+                pages.push_back({finding.at.page, {}});
+            }
+            pages[place.first->second].second.push_back(finding.target);
+        }
+        const std::size_t count = site_.findings.size();
+        out_ << styled(report_.color, styleOfInvalid(count),
+                       found(report_.run->invalidPass, count, "invalid reference",
+                             "invalid references"))
+             << "\n";
+        for (const auto& page : pages) {
+            out_ << "  " << printable(report_.shownPath(site_.pagePath(page.first))) << "\n";
+            for (const std::string_view target : page.second) {
+                out_ << "      " << styled(report_.color, Red, printable(report_.shownPath(target)))
+                     << "\n";
+            }
+        }
+        out_ << "\n";
+    }
+
+    void writeOthers() {
+        const std::size_t unused = site_.unused.size();
+        writeCount(out_, report_,
+                   counted(site_.ignored.size(), "ignored reference", "ignored references"),
+                   site_.ignored.empty() ? "" : "--list IgnoredReferences");
+        writeCount(out_, report_,
+                   found(report_.run->unusedPass, unused, "unused file", "unused files"),
+                   unused > 0 ? "--list UnusedList" : "");
+        if (report_.settings->profile.CHECK_DUPES == 0) {
+            writeCount(out_, report_, "duplicates not looked for", "--set CHECK_DUPES=1");
+            return;
+        }
+        const std::size_t duplicates = countOfDuplicates(site_);
+        writeCount(
+            out_, report_,
+            found(report_.run->duplicatesPass, duplicates, "duplicate file", "duplicate files"),
+            duplicates > 0 ? "--list DuplicateList" : "");
+    }
+
+    std::ostream& out_;
+    const CheckReport& report_;
+    const SiteResults& site_;
+};
+
+} // namespace
+
+void writeClassicText(std::ostream& out, const CheckReport& report) {
+    SummaryWriter(out, report).write();
+}
+
+} // namespace quillmark

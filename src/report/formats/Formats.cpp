@@ -1,0 +1,21 @@
+#include "report/formats/Formats.h"
+
+#include <algorithm>
+
+namespace quillmark {
+
+const std::vector<Format>& formats() {
+    static const std::vector<Format> all = {
+        {"text", "the summary for people", writeText},
+        {"json", "objects for programs", writeJsonReport},
+    };
+    return all;
+}
+
+const Format* findFormat(std::string_view name) {
+    const auto found = std::find_if(formats().begin(), formats().end(),
+                                    [name](const Format& format) { return format.name == name; });
+    return found == formats().end() ? nullptr : &*found;
+}
+
+} // namespace quillmark

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "report/CheckReport.h"
+
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmark {
+
+/// A format that results can be written in.
+struct Format {
+    std::string_view name; ///< As users name it: "json".
+    std::string_view purpose;
+    void (*write)(std::ostream& out, const CheckReport& report);
+};
+
+/// All formats, in the order of their help text.
+const std::vector<Format>& formats();
+
+/// The format of that name, or null.
+const Format* findFormat(std::string_view name);
+
+/// What a person wants to know of a check: the counts, each finding under its page, and how to see
+/// the rest. Names below the top are shown from there on.
+void writeText(std::ostream& out, const CheckReport& report);
+
+/// Objects for programs, with a version; docs/findings.schema.json describes them. Bytes that are
+/// not UTF-8 become U+FFFD.
+void writeJsonReport(std::ostream& out, const CheckReport& report);
+
+} // namespace quillmark

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "report/CheckReport.h"
+#include "report/formats/Style.h"
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+
+namespace quillmark {
+
+/// The text of a check with the classic rules: the invalid references under their pages.
+void writeClassicText(std::ostream& out, const CheckReport& report);
+
+/// That of a check with the web rules: findings with their places, and what was meant.
+void writeWebText(std::ostream& out, const CheckReport& report);
+
+/// Writes what was checked, the counts (of "page"s or "file"s read), and how a run ended that did
+/// not finish.
+void writeTextHeading(std::ostream& out, const CheckReport& report, const std::string& what,
+                      const std::string& read);
+
+/// Writes a count and, in a column behind it, the options that show more.
+void writeCount(std::ostream& out, const CheckReport& report, const std::string& text,
+                const std::string& hint);
+
+/// The text with blanks up to `width` bytes.
+std::string padded(std::string text, std::size_t width);
+
+/// The files in all groups of duplicates.
+std::size_t countOfDuplicates(const SiteResults& site);
+
+} // namespace quillmark
