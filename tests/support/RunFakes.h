@@ -85,12 +85,8 @@ private:
 /// Answers every address with an empty page.
 class SilentWeb : public UrlFetcher {
 public:
-    void expect(const std::vector<UrlRequest>& requests, const FetchManners& /*manners*/) override {
-        for (const UrlRequest& request : requests) {
-            expected.push_back(request.url);
-        }
-    }
-    UrlAnswer OpenURL(const UrlRequest& /*request*/) override { return {}; }
+    void expect(std::vector<std::string> urls) override { expected = std::move(urls); }
+    std::string OpenURL(std::string_view /*url*/) override { return {}; }
 
     Lines expected;
 };

@@ -46,7 +46,7 @@ struct Options {
     std::string passwordFile;
     std::string trace; ///< The file for the conversation with the host.
     std::size_t fetches = 32;
-    std::optional<std::size_t> fetchesToOneHost;
+    std::size_t fetchesToOneHost = 8;
     std::optional<std::string> folder;
     std::vector<std::string> set; ///< KEY=VALUE each.
     std::string report;

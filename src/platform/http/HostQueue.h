@@ -2,7 +2,6 @@
 
 #include "platform/http/Fetch.h"
 
-#include <chrono>
 #include <cstddef>
 #include <map>
 #include <string>
@@ -13,23 +12,22 @@ namespace quillmark {
 /// other hosts need not wait behind it.
 class HostQueue {
 public:
-    using Clock = std::chrono::steady_clock;
-
     explicit HostQueue(std::size_t toOneHost) : toOneHost_(toOneHost) {}
 
-    void push(const std::string& host, Fetch& fetch);
-    /// Takes out the first in order whose host has room, or nullptr. It occupies its host until
-    /// leave().
-    Fetch* takeFirst(Clock::time_point now);
+    void push(Fetch& fetch);
+    /// Puts a fetch that waits before all others.
+    void putFirst(Fetch& fetch);
+    /// The first in order whose host has room, or nullptr.
+    Fetch* first() const;
+    /// Takes first() out of the queue; it occupies its host until leave().
+    void takeFirst();
     void leave(const std::string& host);
-    /// Leaves a host alone until then.
-    void rest(const std::string& host, Clock::time_point until);
+    bool full(const std::string& host) const;
 
 private:
     struct Host {
         std::map<std::size_t, Fetch*> waiting;
         std::size_t running = 0;
-        Clock::time_point restsUntil;
     };
 
     void withdraw(const Host& host);

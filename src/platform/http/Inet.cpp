@@ -1,5 +1,7 @@
 #include "platform/http/Inet.h"
 
+#include "platform/http/WebFailure.h"
+
 #include <chrono>
 
 namespace quillmark {
@@ -12,32 +14,31 @@ constexpr std::chrono::milliseconds Slice{25};
 } // namespace
 
 Inet::Inet(EventLoop& events, const RunState& state, const FetchLimits& limits)
-    : events_(events), state_(state), limits_(limits) {
-    expect({}, {});
+    : events_(events), state_(state), limits_(limits),
+      fetches_(std::make_unique<FetchAhead>(limits_, std::vector<std::string>())) {}
+
+void Inet::expect(std::vector<std::string> urls) {
+    fetches_ = std::make_unique<FetchAhead>(limits_, urls);
 }
 
-void Inet::expect(const std::vector<UrlRequest>& requests, const FetchManners& manners) {
-    fetches_ = std::make_unique<FetchAhead>(limits_, manners, requests);
-}
-
-UrlAnswer Inet::OpenURL(const UrlRequest& request) {
-    const Fetch& fetch = fetches_->find(request);
+std::string Inet::OpenURL(std::string_view url) {
+    const Fetch& fetch = fetches_->ask(url);
     fetches_->drive();
-    while (breathe()) {
-        if (fetch.ended) {
-            return fetch.answer;
-        }
+    breathe();
+    while (!fetch.ended()) {
         fetches_->wait(Slice);
         fetches_->drive();
+        breathe();
     }
-    expect({}, {});
-    return {UrlFailure::NotAsked, 0, {}};
+    return fetches_->deliver();
 }
 
-bool Inet::breathe() {
+void Inet::breathe() {
     events_.DoEvents();
-    fetches_->showProgress();
-    return !state_.abort;
+    if (state_.abort) {
+        expect({});
+        throw noAnswerFromTheWeb("the run was stopped");
+    }
 }
 
 } // namespace quillmark

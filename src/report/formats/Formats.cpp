@@ -8,6 +8,7 @@ const std::vector<Format>& formats() {
     static const std::vector<Format> all = {
         {"text", "the summary for people", writeText},
         {"json", "objects for programs", writeJsonReport},
+        {"html", "a page to look around in", writeHtmlPage},
     };
     return all;
 }

@@ -30,4 +30,9 @@ void writeText(std::ostream& out, const CheckReport& report);
 /// not UTF-8 become U+FFFD.
 void writeJsonReport(std::ostream& out, const CheckReport& report);
 
+/// One page that needs no other file: totals, the site as a map, and the findings to search, group
+/// and print. A check of local files shows the line of each finding, read anew. Nothing in the names
+/// and references of the site takes effect.
+void writeHtmlPage(std::ostream& out, const CheckReport& report);
+
 } // namespace quillmark

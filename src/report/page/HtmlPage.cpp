@@ -1,0 +1,199 @@
+#include "base/Printable.h"
+#include "base/Version.h"
+#include "report/formats/Formats.h"
+#include "report/page/PageParts.h"
+#include "report/page/SourceLines.h"
+
+#include <algorithm>
+#include <chrono>
+#include <ctime>
+#include <iomanip>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace quillmark {
+
+namespace {
+
+/// The levels of findings for the page's script: errors, notes, and what a baseline knows.
+constexpr int KnownLevel = 2;
+
+/// The bytes as a JSON string within a script element: nothing in it can end that element, and what
+/// would steer a terminal or is not UTF-8 is shown as on a terminal.
+std::string pageText(std::string_view bytes) {
+    std::string text = "\"";
+    for (const char c : printable(bytes)) {
+        if (c == '<') {
+            text += "\\u003c";
+            continue;
+        }
+        if (c == '"' || c == '\\') {
+            text += '\\';
+        }
+        text += c;
+    }
+    return text + '"';
+}
+
+std::string sourceText(std::string line) {
+    std::replace(line.begin(), line.end(), '\t', ' ');
+    return pageText(line);
+}
+
+std::string now() {
+    const std::time_t time = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+    std::ostringstream text;
+    text << std::put_time(std::localtime(&time), "%Y-%m-%d %H:%M");
+    return text.str();
+}
+
+/// Writes the results as the page's script reads them: rows of values, without names.
+class PageResults {
+public:
+    PageResults(std::ostream& out, const CheckReport& report)
+        : out_(out), report_(report), site_(report.site()) {}
+
+    void write() {
+        writeHead();
+        writeNames();
+        writeFiles();
+        writeFindings();
+        writeArray("targets", targets_, [this](std::string_view target) {
+            out_ << pageText(report_.shownPath(target));
+        });
+        writeArray("ignored", site_.ignored, [this](const IgnoredReference& ignored) {
+            out_ << "[" << static_cast<int>(ignored.reason) << ",";
+            writePlace(ignored.at);
+            out_ << "," << pageText(ignored.reference) << "]";
+        });
+        out_ << "}";
+    }
+
+private:
+    void writeHead() {
+        const std::string host = report_.run->localMode ? "" : report_.settings->profile.HOST_NAME;
+        const std::string made = "Quillmark " + std::string(ApplicationVersion) + ", " +
+                                 std::string(nameOf(report_.settings->profile.RULES)) + " rules, " +
+                                 now();
+        out_ << "{\"finished\":" << bit(report_.outcome == RunOutcome::Finished)
+             << ",\"top\":" << pageText(host + std::string(site_.top))
+             << ",\"made\":" << pageText(made) << ",\"read\":" << report_.counts.pages
+             << ",\"references\":" << report_.counts.references
+             << ",\"folders\":" << report_.counts.folders
+             << ",\"unusedKnown\":" << bit(report_.run->unusedPass == PassProgress::Done);
+    }
+
+    void writeNames() {
+        std::vector<std::string_view> kinds;
+        for (std::size_t kind = 0; kind < FindingKinds; ++kind) {
+            kinds.push_back(explanationOf(static_cast<FindingKind>(kind)));
+        }
+        std::vector<std::string_view> reasons;
+        for (std::size_t reason = 0; reason < IgnoredReasons; ++reason) {
+            reasons.push_back(nameOf(static_cast<IgnoredReason>(reason)));
+        }
+        const auto text = [this](std::string_view name) { out_ << pageText(name); };
+        writeArray("kinds", kinds, text);
+        writeArray("reasons", reasons, text);
+        writeArray("pages", site_.pages, [this](const SitePage& page) {
+            out_ << pageText(report_.shownPath(site_.path(page.target)));
+        });
+    }
+
+    void writeFiles() {
+        std::vector<bool> unused(site_.files.size());
+        for (const std::uint32_t file : site_.unused) {
+            unused[file] = true;
+        }
+        std::size_t next = 0;
+        writeArray("files", site_.files, [&](const SiteFile& file) {
+            out_ << "[" << pageText(report_.shownPath(file.path)) << "," << file.size << ","
+                 << bit(unused[next++]) << "]";
+        });
+        if (!site_.duplicatesKnown) {
+            out_ << ",\"duplicates\":null";
+            return;
+        }
+        writeArray("duplicates", site_.duplicates, [this](const auto& group) {
+            for (std::size_t i = 0; i < group.size(); ++i) {
+                out_ << (i == 0 ? "[" : ",") << group[i];
+            }
+            out_ << "]";
+        });
+    }
+
+    void writeFindings() {
+        std::size_t next = 0;
+        writeArray("findings", site_.findings, [&](const Finding& finding) {
+            const int level =
+                report_.isKnown(next++) ? KnownLevel : static_cast<int>(finding.level);
+            const Excerpt source = sourceOf(finding.at);
+            out_ << "[" << static_cast<int>(finding.kind) << "," << level << ",";
+            writePlace(finding.at);
+            out_ << "," << pageText(finding.reference) << "," << numberOf(finding.target) << ","
+                 << pageText(finding.suggestion) << "," << sourceText(source.before) << ","
+                 << sourceText(source.after) << "]";
+        });
+    }
+
+    void writePlace(const Place& at) { out_ << at.page << "," << at.line << "," << at.column; }
+
+    /// The line of a page as it is now. Findings come page by page: each is read once.
+    Excerpt sourceOf(const Place& at) {
+        if (!report_.run->localMode || at.line == 0) {
+            return {};
+        }
+        if (!source_ || at.page != sourcePage_) {
+            source_.emplace(std::string(site_.pagePath(at.page)));
+            sourcePage_ = at.page;
+        }
+        return source_->around(at.line, at.column);
+    }
+
+    /// Where a target stands in targets_; -1 for none.
+    int numberOf(std::string_view target) {
+        if (target.empty()) {
+            return -1;
+        }
+        const auto number = numbers_.emplace(target, static_cast<int>(targets_.size()));
+        if (number.second) {
+            targets_.push_back(target);
+        }
+        return number.first->second;
+    }
+
+    template <typename Items, typename Write>
+    void writeArray(std::string_view name, const Items& items, Write write) {
+        out_ << ",\n\"" << name << "\":[";
+        bool first = true;
+        for (const auto& item : items) {
+            out_ << (first ? "" : ",\n");
+            write(item);
+            first = false;
+        }
+        out_ << "]";
+    }
+
+    static char bit(bool value) { return value ? '1' : '0'; }
+
+    std::ostream& out_;
+    const CheckReport& report_;
+    const SiteResults& site_;
+    std::vector<std::string_view> targets_;
+    std::unordered_map<std::string_view, int> numbers_;
+    std::optional<SourceLines> source_; ///< Of the page sourcePage_.
+    std::uint32_t sourcePage_ = 0;
+};
+
+} // namespace
+
+void writeHtmlPage(std::ostream& out, const CheckReport& report) {
+    out << PageBeginning;
+    PageResults(out, report).write();
+    out << PageEnd;
+}
+
+} // namespace quillmark

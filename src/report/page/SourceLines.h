@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quillmark {
+
+/// A piece of a line: what stands before a place, and what begins there. Both are empty where the
+/// line cannot be read any more.
+struct Excerpt {
+    std::string before;
+    std::string after;
+};
+
+/// The lines of a page on this computer, as a check with the web rules counts them.
+class SourceLines {
+public:
+    /// Reads the file (full path in "/" form). One that cannot be read has no lines.
+    explicit SourceLines(const std::string& file);
+
+    /// What stands around a place (1-based line; column in characters): UTF-8 of a length to look
+    /// at, with "…" where the line goes on. Places in rising order are found fastest.
+    Excerpt around(std::uint32_t line, std::uint32_t column);
+
+private:
+    bool goTo(std::uint32_t line);
+    std::size_t endOfLine() const;
+
+    std::string bytes_;
+    std::string decoded_;
+    std::string_view text_;
+    std::uint32_t line_ = 1;
+    std::size_t lineStart_ = 0;
+};
+
+} // namespace quillmark

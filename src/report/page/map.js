@@ -1,0 +1,172 @@
+'use strict';
+
+const titleHeight = 20;
+const frameEdge = 2;
+const smallestArea = 80; // Square pixels: what is smaller is drawn as one, for nobody could hit it.
+const smallestInside = 12; // Pixels: a folder with less room is drawn as one rectangle.
+
+/** The children of a folder that get a rectangle, largest first; the smallest ones share one. */
+function drawnChildren(folder, area) {
+    const children = [...folder.children.values()].sort((a, b) => b.size - a.size);
+    const total = children.reduce((sum, child) => sum + Math.max(child.size, 1), 0);
+    const isSmall = (child) => (Math.max(child.size, 1) * area) / total < smallestArea;
+    const firstSmall = children.findIndex(isSmall);
+    if (firstSmall < 0 || firstSmall + 1 === children.length) {
+        return children;
+    }
+    const drawn = children.slice(0, firstSmall);
+    drawn.push(together(children.slice(firstSmall)));
+    return drawn.sort((a, b) => b.size - a.size);
+}
+
+function together(nodes) {
+    const count = nodes.length;
+    const made = {name: counted(count, 'smaller one'), size: 0, count, errors: 0, state: 'sound'};
+    for (const node of nodes) {
+        made.size += node.size;
+        made.errors += node.errors;
+        made.state = worseState(made.state, node.state);
+    }
+    return made;
+}
+
+/** Calls `draw` with each child of a folder and its box. */
+function layOut(folder, box, draw) {
+    const children = drawnChildren(folder, box.width * box.height);
+    const sizes = children.map((child) => Math.max(child.size, 1));
+    divide(sizes, box).forEach((part, i) => draw(children[i], part));
+}
+
+function inside({x, y, width, height}, top) {
+    return {
+        x: x + frameEdge,
+        y: y + top,
+        width: Math.max(0, width - 2 * frameEdge),
+        height: Math.max(0, height - top - frameEdge),
+    };
+}
+
+/** Places an element by parts of the box around it: paper may be wider or narrower. */
+function put(made, box, around) {
+    made.style.left = (100 * (box.x - around.x)) / around.width + '%';
+    made.style.top = (100 * (box.y - around.y)) / around.height + '%';
+    made.style.width = (100 * box.width) / around.width + '%';
+    made.style.height = (100 * box.height) / around.height + '%';
+    return made;
+}
+
+/** Draws what a folder holds into its frame, folders in folders, as far as there is room. */
+function fillFrame(frame, frameBox, folder, box) {
+    const draw = (state, part) => frame.append(put(element('span', {className: state}), part, frameBox));
+    if (box.width < smallestInside || box.height < smallestInside) {
+        draw(folder.state, box);
+        return;
+    }
+    layOut(folder, box, (child, part) => {
+        if (child.children) {
+            fillFrame(frame, frameBox, child, folder.children.size > 1 ? inside(part, frameEdge) : part);
+        } else {
+            draw(child.state, part);
+        }
+    });
+}
+
+/**
+ * The picture of the site: the rectangles of one folder. Choosing one calls `choose` with the path
+ * of the folder or file.
+ */
+class SiteMap {
+    constructor(choose) {
+        this.choose = choose;
+        this.folder = site;
+        this.chosen = '';
+        this.area = document.getElementById('rectangles');
+        this.area.addEventListener('keydown', (event) => this.#key(event));
+        new ResizeObserver(() => this.#draw()).observe(this.area);
+    }
+
+    /** Shows a folder, or the folder of a file. */
+    show(path) {
+        const left = this.folder.path;
+        const hadFocus = this.area.contains(document.activeElement);
+        this.chosen = path;
+        this.folder = folderAt(path);
+        this.#draw();
+        if (hadFocus && left !== this.folder.path) {
+            this.#focus(this.#drawn().find((made) => left === made.dataset.path) ?? this.#drawn()[0]);
+        }
+    }
+
+    #drawn() {
+        return [...this.area.children];
+    }
+
+    #draw() {
+        const hadFocus = this.area.contains(document.activeElement);
+        const focused = hadFocus ? document.activeElement.dataset.path : this.chosen;
+        const box = {x: 0, y: 0, width: this.area.clientWidth, height: this.area.clientHeight};
+        const drawn = [];
+        layOut(this.folder, box, (node, part) => {
+            drawn.push(put(this.#rectangle(node, part), part, box));
+        });
+        this.area.replaceChildren(...drawn);
+        const same = drawn.find((made) => made.dataset.path === focused) ?? drawn[0];
+        if (same) {
+            same.tabIndex = 0;
+        }
+        if (hadFocus) {
+            same?.focus();
+        }
+    }
+
+    #rectangle(node, box) {
+        const name = node.name + (node.children ? '/' : '');
+        const title = plain(name) + ': ' + descriptionOf(node);
+        const made = element('button', {type: 'button', title, 'aria-label': title, tabIndex: -1});
+        made.className = node.children ? 'frame' : 'file ' + node.state;
+        made.dataset.path = node.path ?? '';
+        made.addEventListener('click', () => this.#press(node));
+        if (box.width > 36 && box.height > titleHeight) {
+            made.append(element('span', {className: 'name'}, shown(name)));
+        }
+        if (node.children) {
+            fillFrame(made, box, node, inside(box, titleHeight));
+        }
+        if (node.path && node.path === this.chosen) {
+            made.setAttribute('aria-current', 'true');
+        }
+        return made;
+    }
+
+    /** What is too small to be drawn stands in the table. */
+    #press(node) {
+        if (node.path === undefined) {
+            document.getElementById('contents').open = true;
+            document.querySelector('#contents summary').focus();
+        } else {
+            this.choose(node.path);
+        }
+    }
+
+    #key(event) {
+        const drawn = this.#drawn();
+        const steps = {ArrowRight: 1, ArrowDown: 1, ArrowLeft: -1, ArrowUp: -1};
+        const ends = {Home: 0, End: drawn.length - 1};
+        const to = ends[event.key] ?? drawn.indexOf(document.activeElement) + steps[event.key];
+        if (drawn[to]) {
+            event.preventDefault();
+            this.#focus(drawn[to]);
+        } else if (event.key === 'Backspace' && this.chosen !== '') {
+            event.preventDefault();
+            this.choose(pathAbove(this.chosen));
+        }
+    }
+
+    /** One rectangle is in the order of Tab; the arrow keys lead to the others. */
+    #focus(made) {
+        for (const other of this.area.children) {
+            other.tabIndex = other === made ? 0 : -1;
+        }
+        made?.focus();
+    }
+}

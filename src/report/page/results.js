@@ -1,0 +1,66 @@
+'use strict';
+
+// What the check wrote into this page. Its lists hold rows of values, as short as they can be: a
+// large site has tens of thousands.
+const results = JSON.parse(document.getElementById('results').textContent);
+
+function placeOf(line, column) {
+    return line === 0 ? '' : line + ':' + column;
+}
+
+function findingItem(row) {
+    const [kind, level, page, line, column, reference, target, suggestion, before, after] = row;
+    return {
+        path: results.pages[page],
+        kind: results.kinds[kind],
+        level,
+        place: placeOf(line, column),
+        reference,
+        target: target < 0 ? reference : results.targets[target],
+        suggestion,
+        before,
+        after,
+    };
+}
+
+function ignoredItem([reason, page, line, column, reference]) {
+    const kind = results.reasons[reason];
+    return {path: results.pages[page], kind, place: placeOf(line, column), reference};
+}
+
+const findings = results.findings.map(findingItem);
+const [errors, notes, known] = [0, 1, 2].map((level) =>
+    findings.filter((finding) => finding.level === level),
+);
+
+/** The files of the site by path: {path, size, state, errors}. */
+const files = new Map();
+for (const [path, size, isUnused] of results.files) {
+    files.set(path, {path, size, errors: 0, state: isUnused ? 'unused' : 'sound'});
+}
+const unused = [...files.values()].filter((file) => file.state === 'unused');
+
+const duplicates = (results.duplicates ?? []).flatMap((group, number) =>
+    group.map((file) => ({...files.get(results.files[file][0]), number})),
+);
+for (const {path} of duplicates) {
+    files.get(path).state = 'duplicate';
+}
+for (const {path} of errors) {
+    const page = files.get(path);
+    if (page) {
+        page.state = 'errors';
+        ++page.errors;
+    }
+}
+
+/** The lower-case text that a search looks into; made when it is first needed. */
+function textOf(item) {
+    item.text ??= [item.path, item.reference, item.kind, item.suggestion, item.before, item.after]
+        .join('\n')
+        .toLowerCase();
+    return item.text;
+}
+
+/** The name of the folder that the site lies in. */
+const siteName = results.top.split('/').filter(Boolean).pop() ?? '/';

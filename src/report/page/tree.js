@@ -1,0 +1,72 @@
+'use strict';
+
+// The site as a tree. A folder is {name, path, size, count, errors, state, children}; its path ends
+// in "/", but for the site's own, which is empty. A file is {name, path, size, errors, state}.
+
+function worseState(a, b) {
+    const states = ['sound', 'duplicate', 'unused', 'errors'];
+    return states.indexOf(a) < states.indexOf(b) ? b : a;
+}
+
+function newFolder(name, path) {
+    return {name, path, size: 0, count: 0, errors: 0, state: 'sound', children: new Map()};
+}
+
+/** The folder `name` of a folder, which gets one if there is none. */
+function subfolder(folder, name) {
+    const key = name + '/';
+    if (!folder.children.has(key)) {
+        folder.children.set(key, newFolder(name, folder.path + key));
+    }
+    return folder.children.get(key);
+}
+
+function addUp(folder, file) {
+    folder.size += file.size;
+    folder.count += 1;
+    folder.errors += file.errors;
+    folder.state = worseState(folder.state, file.state);
+}
+
+const site = newFolder('', '');
+for (const file of files.values()) {
+    const names = file.path.split('/');
+    const name = names.pop();
+    let folder = site;
+    addUp(folder, file);
+    for (const each of names) {
+        folder = subfolder(folder, each);
+        addUp(folder, file);
+    }
+    folder.children.set(name, {...file, name});
+}
+
+/** A check by the classic rules knows sizes only if it was asked to. */
+const hasSizes = site.size > 0;
+
+/** The folder of a path, which is a folder itself if it ends in "/". */
+function folderAt(path) {
+    const names = path.split('/').slice(0, -1);
+    return names.reduce((folder, name) => folder.children.get(name + '/'), site);
+}
+
+/** "menu/" for "menu/index.html", "" for "menu/". */
+function pathAbove(path) {
+    return path.slice(0, path.slice(0, -1).lastIndexOf('/') + 1);
+}
+
+/** What the map and its table say of a file or folder: "3 files, 12 kB, 1 error". */
+function descriptionOf(node) {
+    const parts = node.children ? [counted(node.count, 'file')] : [];
+    if (hasSizes) {
+        parts.push(sizeOf(node.size));
+    }
+    return [...parts, stateOf(node)].join(', ');
+}
+
+function stateOf(node) {
+    if (node.errors > 0) {
+        return counted(node.errors, 'error');
+    }
+    return node.children || node.path === undefined ? 'no errors' : node.state;
+}

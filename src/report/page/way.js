@@ -1,0 +1,44 @@
+'use strict';
+
+const mostFolderRows = 500;
+
+/** A button that leads to a folder or file of the map. */
+function pathButton(path, name, choose) {
+    const made = element('button', {type: 'button'}, shown(name));
+    made.addEventListener('click', () => choose(path));
+    return made;
+}
+
+/** Shows the way from the site to a folder or file; each folder on it leads back. */
+function showWay(path, choose) {
+    const steps = [element('li', {}, pathButton('', siteName, choose))];
+    for (let at = path; at !== ''; at = pathAbove(at)) {
+        const name = at.slice(pathAbove(at).length).replace(/\/$/, '');
+        steps.splice(1, 0, element('li', {}, pathButton(at, name, choose)));
+    }
+    steps.at(-1).firstChild.setAttribute('aria-current', 'location');
+    document.getElementById('way').replaceChildren(...steps);
+}
+
+function tableRow(node, choose) {
+    const name = node.name + (node.children ? '/' : '');
+    const cells = [pathButton(node.path, name, choose), sizeOf(node.size), stateOf(node)];
+    return element('tr', {}, ...cells.map((cell) => element('td', {}, cell)));
+}
+
+/** Lists what a folder holds, for those who cannot use the map or want to know exactly. */
+function showTable(folder, choose) {
+    const nodes = [...folder.children.values()].sort((a, b) => b.size - a.size);
+    const heads = ['Name', 'Size', 'State'].map((name) => element('th', {scope: 'col'}, name));
+    const rows = nodes.slice(0, mostFolderRows).map((node) => tableRow(node, choose));
+    const rest = nodes.length - rows.length;
+    document.querySelector('#contents div').replaceChildren(
+        element(
+            'table',
+            {},
+            element('thead', {}, element('tr', {}, ...heads)),
+            element('tbody', {}, ...rows),
+        ),
+        rest > 0 ? element('p', {className: 'hint'}, 'and ' + counted(rest, 'smaller one')) : '',
+    );
+}
