@@ -25,6 +25,11 @@ public:
     void DoEvents() override {}
 };
 
+class NoTrust : public HostTrust {
+public:
+    bool trusts(const HostIdentity& /*identity*/) override { return false; }
+};
+
 class PrintedTrace : public FtpTrace {
 public:
     explicit PrintedTrace(bool shown) : shown_(shown) {}
@@ -59,8 +64,14 @@ int work(const std::vector<std::string>& words, std::int16_t port) {
     PrintedMessages messages;
     NoEvents events;
     PrintedTrace trace(std::getenv("FTP_DRIVER_TRACE") != nullptr);
-    FtpXCtl ftp(messages, events, state, trace, timeoutsFromEnvironment());
-    ftp.connect({false, words[1], port, words[3], words[4], ""});
+    NoTrust trust;
+    FtpXCtl ftp(messages, events, state, trace, trust, timeoutsFromEnvironment());
+    FtpLogin login;
+    login.host = words[1];
+    login.port = port;
+    login.userName = words[3];
+    login.password = words[4];
+    ftp.connect(login);
     std::vector<std::string> files;
     if (words[0] == "find") {
         find(ftp, words[5], files);

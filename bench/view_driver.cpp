@@ -51,6 +51,11 @@ public:
     void DoEvents() override {}
 };
 
+class NoTrust : public HostTrust {
+public:
+    bool trusts(const HostIdentity& /*identity*/) override { return false; }
+};
+
 void fill(ResultLists& lists) {
     for (int i = 0; i < ResultList::Maximum - 1; ++i) {
         const int folder = i * 7919 % 500;
@@ -121,7 +126,8 @@ int main(int argc, char* argv[]) {
     ProgramFolder files("\\nowhere");
     DiskAdapter disk;
     HostTrace trace(workspace.trace);
-    FtpXCtl ftp(messages, events, workspace.run, trace, {});
+    NoTrust trust;
+    FtpXCtl ftp(messages, events, workspace.run, trace, trust, {});
     if (const QStringList arguments = QApplication::arguments(); arguments.size() > 1) {
         check(arguments.at(1).toLocal8Bit().constData(), workspace, messages, events, disk, ftp);
     } else {

@@ -104,8 +104,7 @@ void CheckRun::announceMode() {
 }
 
 void CheckRun::connect(const Profile& profile) {
-    outside_.ftp.connect({profile.DISABLE_PASV == 1, profile.HOST_NAME, profile.HOST_PORT,
-                          profile.USER_NAME, profile.USER_PASSWORD, profile.ACCOUNT_NAME});
+    outside_.ftp.connect(loginOf(profile));
     if (!outside_.ftp.connected()) {
         outside_.messages.post("Unable to connect");
         state_.abort = true;

@@ -19,8 +19,7 @@ void deletePath(FtpComponent& ftp, std::string_view path) {
 void deleteOnHost(FtpComponent& ftp, Messages& messages, const Profile& profile,
                   std::string_view path) {
     messages.post("Attempting to delete file ", path);
-    ftp.connect({profile.DISABLE_PASV == 1, profile.HOST_NAME, profile.HOST_PORT, profile.USER_NAME,
-                 profile.USER_PASSWORD, profile.ACCOUNT_NAME});
+    ftp.connect(loginOf(profile));
     if (!ftp.connected()) {
         messages.post("Unable to connect");
         return;

@@ -8,6 +8,7 @@
 #include "command/start/RunSettings.h"
 #include "command/terminal/Terminal.h"
 #include "command/terminal/TerminalMessages.h"
+#include "command/terminal/TerminalTrust.h"
 #include "findings/ListProjection.h"
 #include "platform/Console.h"
 #include "platform/disk/DiskAdapter.h"
@@ -78,7 +79,8 @@ RunOutcome performRun(const Options& options, Workspace& workspace,
     StopSignal events;
     DiskAdapter disk;
     SiteDisk site;
-    FtpXCtl ftp(messages, events, workspace.run, trace, timeoutsFromEnvironment());
+    TerminalTrust trust;
+    FtpXCtl ftp(messages, events, workspace.run, trace, trust, timeoutsFromEnvironment());
     Inet inet(events, workspace.run, limitsFor(options));
     Outside outside{messages, disk, ftp, inet, terminal, events, site};
     CheckRun run(workspace.lists, workspace.site, workspace.run, workspace.settings, outside,

@@ -41,7 +41,7 @@ void requireStorable(const Profile& profile) {
             throw CannotStart("a profile cannot hold a comma or a line end: \"" + text + "\"");
         }
     }
-    for (const std::string& text : {profile.SITE_URL, profile.SITE_ROOT}) {
+    for (const std::string& text : {profile.SITE_URL, profile.SITE_ROOT, profile.KEY_FILE}) {
         if (text.find_first_of("\r\n") != std::string::npos) {
             throw CannotStart("a profile cannot hold a line end: \"" + printable(text) + "\"");
         }
@@ -55,7 +55,8 @@ void updatePassword(const Options& options, Profile& profile) {
     }
     if (password) {
         profile.USER_PASSWORD = *password;
-    } else if (profile.USER_PASSWORD.empty() && !profile.USER_NAME.empty()) {
+    } else if (profile.USER_PASSWORD.empty() && !profile.USER_NAME.empty() &&
+               profile.ENCRYPTION != Encryption::Sftp) {
         complain("no password is stored; set QUILLMARK_PASSWORD or name a --password-file to store "
                  "one");
     }

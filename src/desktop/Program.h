@@ -29,7 +29,7 @@ struct DesktopParts {
 };
 
 /// The desktop program: owns everything for its life, and wires it together.
-class Program : private RunCommands, private RunListener {
+class Program : private RunCommands, private RunListener, private HostTrust {
 public:
     /// `folder` is the program's own folder, `help` that of the help pages, both in the machine's
     /// own form. Reads the configuration; what the user must know of it goes to `messageBox`.
@@ -56,6 +56,7 @@ private:
     void showTraceWindow() override { window_.showTraceWindow(); }
     void ShowResults() override;
     void play(std::string_view name) override { playSound_(name); }
+    bool trusts(const HostIdentity& identity) override { return window_.trustsHost(identity); }
 
     std::filesystem::path folder_;
     ProgramFolder files_;

@@ -1,21 +1,11 @@
 #pragma once
 
-#include <cstdint>
+#include "run/FtpLogin.h"
+
 #include <functional>
-#include <string>
 #include <string_view>
 
 namespace quillmark {
-
-/// What it takes to log in at a web host.
-struct FtpLogin {
-    bool passiveDisabled = false;
-    std::string host;
-    std::int16_t port = 21;
-    std::string userName;
-    std::string password;
-    std::string account;
-};
 
 /// The conversation with one web host. Paths are host paths, "/" form, as the bytes that the host
 /// or a page gave. A connection that is lost, and stays lost after one attempt to log in anew, is a
@@ -39,6 +29,11 @@ public:
     virtual void list(std::string_view directory, const DirItem& item) = 0;
     /// The same for the directory that the host calls the current one.
     virtual void listWorkingDirectory(const DirItem& item) = 0;
+
+    /// Lists a directory, the current one if it is empty, by facts (MLSD, RFC 3659): such lines
+    /// tell what an entry is, its size and its name apart. False, with nothing listed, where the
+    /// host has no such listing.
+    virtual bool listFacts(std::string_view directory, const DirItem& item) = 0;
 
     /// Retrieves a file into a local one ("\" form). False when the host refuses the transfer;
     /// there is no local file then.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "settings/Encryption.h"
 #include "settings/Rules.h"
 
 #include <cstdint>
@@ -7,6 +8,9 @@
 #include <vector>
 
 namespace quillmark {
+
+/// More connections than this at a time no host should be asked for.
+inline constexpr std::int16_t MostConnections = 16;
 
 /// The settings of one web site. Flags hold 0 or 1 and are on when they equal 1, CHECK_DUPES when
 /// it is not 0. IGNORE_VALUE, which a profile file holds too, is a value of the Configuration.
@@ -35,9 +39,18 @@ struct Profile {
     std::string SITE_URL;  ///< The site's own address on the web: "https://www.example.org/docs/".
     std::string SITE_ROOT; ///< The top of the site, a folder in the form of START_PATH; empty: the
                            ///< start file's folder.
+    Encryption ENCRYPTION = Encryption::None;
+    std::int16_t CONNECTIONS = 4; ///< To the host at a time, 1 to MostConnections.
+    std::string TRUSTED;  ///< The fingerprint of the certificate or key that is trusted although
+                          ///< nobody vouches for it.
+    std::string KEY_FILE; ///< The private key of an SFTP login, in the machine's own form. The
+                          ///< password is its passphrase then.
     /// Lines "#KEY=value" whose keys are unknown here. They are kept for the Quillmark that wrote
     /// them.
     std::vector<std::string> otherLines;
+
+    /// Whether a key file opens the host, so that the password belongs to that file.
+    bool logsInByKeyFile() const { return ENCRYPTION == Encryption::Sftp && !KEY_FILE.empty(); }
 
     bool operator==(const Profile&) const = default;
 };

@@ -18,9 +18,13 @@ void readValue(FieldReader& reader, std::string& text) {
     text = reader.ReadTextValue();
 }
 
-/// Any other name than that of the rules keeps them: no file has this line by position.
+/// Any other name keeps what was chosen: no file has this line by position.
 void readValue(FieldReader& reader, Rules& rules) {
     rules = rulesNamed(reader.ReadTextValue()).value_or(rules);
+}
+
+void readValue(FieldReader& reader, Encryption& encryption) {
+    encryption = encryptionNamed(reader.ReadTextValue()).value_or(encryption);
 }
 
 void readValue(FieldReader& reader, ResultList& list) {
@@ -52,8 +56,9 @@ void appendValue(std::string& bytes, const SettingKey& setting, const std::strin
     appendLine(bytes, setting.key, setting.place == PasswordPlace ? EncryptPassword(text) : text);
 }
 
-void appendValue(std::string& bytes, const SettingKey& setting, Rules rules) {
-    appendLine(bytes, setting.key, nameOf(rules));
+template <typename Choice>
+void appendValue(std::string& bytes, const SettingKey& setting, Choice choice) {
+    appendLine(bytes, setting.key, nameOf(choice));
 }
 
 void appendValue(std::string& bytes, const SettingKey& setting, const ResultList& list) {

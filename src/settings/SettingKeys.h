@@ -13,9 +13,9 @@
 namespace quillmark {
 
 /// Where a setting lives in Settings.
-using SettingPlace =
-    std::variant<std::int16_t Configuration::*, std::int16_t Profile::*, std::string Profile::*,
-                 Rules Profile::*, ResultList Configuration::*, ResultList CategoryMasks::*>;
+using SettingPlace = std::variant<std::int16_t Configuration::*, std::int16_t Profile::*,
+                                  std::string Profile::*, Rules Profile::*, Encryption Profile::*,
+                                  ResultList Configuration::*, ResultList CategoryMasks::*>;
 
 /// A setting as the files name it.
 struct SettingKey {
@@ -77,10 +77,14 @@ inline constexpr std::array<SettingKey, 19> ProfileKeys = {{
 
 /// What may follow in a profile file, read by key. Only what is not as in a new profile has a line,
 /// so that a Quillmark which knows the nineteen lines alone reads and writes all other profiles.
-inline constexpr std::array<SettingKey, 3> OptionalProfileKeys = {{
+inline constexpr std::array<SettingKey, 7> OptionalProfileKeys = {{
     {"RULES", &Profile::RULES},
     {"SITE_URL", &Profile::SITE_URL},
     {"SITE_ROOT", &Profile::SITE_ROOT},
+    {"ENCRYPTION", &Profile::ENCRYPTION},
+    {"CONNECTIONS", &Profile::CONNECTIONS},
+    {"TRUSTED", &Profile::TRUSTED},
+    {"KEY_FILE", &Profile::KEY_FILE},
 }};
 
 /// The setting of that key; null where the keys do not have it.
@@ -88,6 +92,10 @@ const SettingKey* findSetting(std::span<const SettingKey> keys, std::string_view
 
 /// The setting that the files hold scrambled.
 inline constexpr SettingPlace PasswordPlace = &Profile::USER_PASSWORD;
+/// The number that lies between 1 and 16.
+inline constexpr SettingPlace ConnectionsPlace = &Profile::CONNECTIONS;
+/// The text that is a fingerprint.
+inline constexpr SettingPlace TrustedPlace = &Profile::TRUSTED;
 /// The list that fileMasksText holds as one text.
 inline constexpr SettingPlace UserMasksPlace = &CategoryMasks::lstFileMasks;
 

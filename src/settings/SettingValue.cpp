@@ -1,5 +1,6 @@
 #include "settings/SettingValue.h"
 
+#include "settings/Fingerprint.h"
 #include "store/FileCategory.h"
 
 #include <charconv>
@@ -48,6 +49,15 @@ void setValue(Rules& rules, std::string_view key, std::string_view value) {
     rules = *named;
 }
 
+void setValue(Encryption& encryption, std::string_view key, std::string_view value) {
+    const auto named = encryptionNamed(value);
+    if (!named) {
+        throw SettingError(std::string(key) + " takes none, tls, implicit or sftp, not " +
+                           quoted(value));
+    }
+    encryption = *named;
+}
+
 void setValue(ResultList& list, std::string_view /*key*/, std::string_view value) {
     SplitFileMasks(value, list);
 }
@@ -60,12 +70,28 @@ std::string textOf(const std::string& text) {
     return text;
 }
 
-std::string textOf(Rules rules) {
-    return std::string(nameOf(rules));
+template <typename Choice> std::string textOf(Choice choice) {
+    return std::string(nameOf(choice));
 }
 
 std::string textOf(const ResultList& list) {
     return JoinFileMasks(list);
+}
+
+/// Refuses what nothing could be done with later.
+void requireSound(const SettingKey& setting, std::string_view value) {
+    if (setting.place == ConnectionsPlace) {
+        std::int16_t connections = 0;
+        setValue(connections, setting.key, value);
+        if (connections < 1 || connections > MostConnections) {
+            throw SettingError(std::string(setting.key) + " takes a number from 1 to 16, not " +
+                               quoted(value));
+        }
+    }
+    if (setting.place == TrustedPlace && !value.empty() && !fingerprintIn(value)) {
+        throw SettingError(std::string(setting.key) +
+                           " takes a SHA-256 as a refused host shows it, not " + quoted(value));
+    }
 }
 
 } // namespace
@@ -84,6 +110,7 @@ void setByKey(Settings& settings, std::string_view key, std::string_view value) 
                            " is refused: a password is not taken from the command "
                            "line, where other users of the machine can read it");
     }
+    requireSound(setting, value);
     std::visit([&](auto place) { setValue(valueAt(settings, place), key, value); }, setting.place);
     if (setting.place == UserMasksPlace) {
         settings.configuration.fileMasksText =

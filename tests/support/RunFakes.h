@@ -6,6 +6,7 @@
 #include "check/CheckRun.h"
 #include "platform/disk/DiskAdapter.h"
 #include "platform/disk/SiteDisk.h"
+#include "run/HostTrust.h"
 #include "run/ListLimit.h"
 #include "run/Outside.h"
 #include "settings/DefaultSettings.h"
@@ -59,6 +60,9 @@ public:
         }
     }
     void listWorkingDirectory(const DirItem& item) override { list("/", item); }
+    bool listFacts(std::string_view /*directory*/, const DirItem& /*item*/) override {
+        return false;
+    }
     bool retrieve(std::string_view remoteFile, std::string_view localFile) override {
         loseConnectionAt(remoteFile);
         return disk_.CopyFileBinary(local(remoteFile), localFile, [] { return true; }) == 0;
@@ -80,6 +84,18 @@ private:
 
     DiskAdapter disk_;
     bool connected_ = false;
+};
+
+/// Trusts nobody whom nobody vouches for, and keeps whom it was asked about.
+class ScriptedTrust : public HostTrust {
+public:
+    bool trusts(const HostIdentity& identity) override {
+        asked.push_back(identity);
+        return answer;
+    }
+
+    bool answer = false;
+    std::vector<HostIdentity> asked;
 };
 
 /// Answers every address with an empty page.

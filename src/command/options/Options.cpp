@@ -4,6 +4,7 @@
 #include "base/Version.h"
 #include "command/options/NamedLists.h"
 #include "command/options/OutputOptions.h"
+#include "settings/Profile.h"
 
 #include <CLI/CLI.hpp>
 
@@ -51,7 +52,7 @@ void addSource(CLI::App& app, Options& options) {
            "a profile: --set MAX_LEVELS=3")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
-    app.add_option("--host", options.host, "Check the site on this web host, over FTP")
+    app.add_option("--host", options.host, "Check the site on this web host, over FTP or SFTP")
         ->type_name("NAME")
         ->excludes(start)
         ->excludes(profile);
@@ -63,8 +64,30 @@ void addHost(CLI::App& app, Options& options) {
                    "Start with this page, as the host names it, such as /www/index.html")
         ->type_name("PATH")
         ->group(group);
-    app.add_option("--port", options.port, "Connect to this port instead of 21")
+    app.add_option("--encryption", options.encryption,
+                   "Keep the talk with the host from others; with none, the default, the password\n"
+                   "can be read on the way: none, tls, implicit or sftp")
+        ->type_name("NAME")
+        ->check(CLI::IsMember({"none", "tls", "implicit", "sftp"}))
+        ->group(group);
+    app.add_option("--port", options.port,
+                   "Connect to this port instead of 21, 990 (implicit) or 22 (sftp)")
         ->type_name("N")
+        ->group(group);
+    app.add_option("--connections", options.connections,
+                   "Open at most this many connections to the host (4 if not given)")
+        ->type_name("N")
+        ->check(CLI::Range(1, int{MostConnections}))
+        ->group(group);
+    app.add_option(
+           "--trust", options.trusted,
+           "Trust the host that shows the certificate or key with this SHA-256, as a refused\n"
+           "host is shown")
+        ->type_name("SHA256")
+        ->group(group);
+    app.add_option("--key", options.keyFile,
+                   "Log in by this SSH key; the password is the one that opens it")
+        ->type_name("FILE")
         ->group(group);
     app.add_option("--user", options.userName, "Log in as this user instead of anonymous")
         ->type_name("NAME")

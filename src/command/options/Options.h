@@ -44,6 +44,10 @@ struct Options {
     std::optional<std::string> userName;
     std::optional<std::string> account;
     std::string passwordFile;
+    std::optional<std::string> encryption; ///< "none", "tls", "implicit" or "sftp".
+    std::optional<std::string> connections;
+    std::optional<std::string> trusted; ///< A fingerprint.
+    std::optional<std::string> keyFile;
     std::string trace; ///< The file for the conversation with the host.
     std::size_t fetches = 32;
     std::size_t fetchesToOneHost = 8;

@@ -35,8 +35,13 @@ std::optional<std::string> givenPassword(const Options& options) {
 }
 
 std::optional<std::string> askForPassword(const Profile& profile) {
-    return promptForPassword(
-        printable("Password of " + profile.USER_NAME + " at " + profile.HOST_NAME + ": "));
+    std::string question = "Password of " + profile.USER_NAME + " at " + profile.HOST_NAME;
+    if (profile.logsInByKeyFile()) {
+        question = "Passphrase of " + profile.KEY_FILE + " (empty if it has none)";
+    } else if (profile.ENCRYPTION == Encryption::Sftp) {
+        question += " (empty if your SSH agent has the key)";
+    }
+    return promptForPassword(printable(question + ": "));
 }
 
 void takePassword(const Options& options, Profile& profile) {
@@ -49,11 +54,11 @@ void takePassword(const Options& options, Profile& profile) {
         return;
     }
     const auto answer = askForPassword(profile);
-    if (!answer) {
+    if (!answer && profile.ENCRYPTION != Encryption::Sftp) {
         throw CannotStart("there is no password for " + profile.USER_NAME +
                           "; set QUILLMARK_PASSWORD or name a --password-file");
     }
-    profile.USER_PASSWORD = *answer;
+    profile.USER_PASSWORD = answer.value_or("");
 }
 
 } // namespace quillmark

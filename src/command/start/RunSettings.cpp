@@ -10,6 +10,8 @@
 #include "settings/SettingValue.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -52,6 +54,41 @@ void requireHost(const Profile& profile) {
     }
 }
 
+/// The port follows the encryption unless somebody moved it.
+void applyEncryption(const Options& options, Settings& settings) {
+    Profile& profile = settings.profile;
+    if (options.encryption) {
+        const bool usual = profile.HOST_PORT == usualPort(profile.ENCRYPTION);
+        setByKey(settings, "ENCRYPTION", *options.encryption);
+        profile.HOST_PORT = usual ? usualPort(profile.ENCRYPTION) : profile.HOST_PORT;
+    }
+    if (options.connections) {
+        setByKey(settings, "CONNECTIONS", *options.connections);
+    }
+    if (options.trusted) {
+        setByKey(settings, "TRUSTED", *options.trusted);
+    }
+    if (options.keyFile) {
+        profile.KEY_FILE = std::filesystem::absolute(*options.keyFile).string();
+    }
+}
+
+/// An option that would do nothing is a mistake: the host is not reached as its user thinks.
+void requireMatchingEncryption(const Options& options, const Profile& profile) {
+    if (options.keyFile && profile.ENCRYPTION != Encryption::Sftp) {
+        throw CannotStart("--key needs --encryption sftp");
+    }
+    if (options.trusted && profile.ENCRYPTION == Encryption::None) {
+        throw CannotStart("--trust needs --encryption tls, implicit or sftp");
+    }
+}
+
+void requireKeyFile(const Profile& profile) {
+    if (profile.logsInByKeyFile() && !std::ifstream(profile.KEY_FILE)) {
+        throw CannotStart("the key file \"" + profile.KEY_FILE + "\" cannot be read");
+    }
+}
+
 void applyHost(const Options& options, Settings& settings) {
     if (!options.host.empty()) {
         setByKey(settings, "HOST_NAME", options.host);
@@ -59,6 +96,7 @@ void applyHost(const Options& options, Settings& settings) {
     if (!options.startPath.empty()) {
         setByKey(settings, "START_PATH", options.startPath);
     }
+    applyEncryption(options, settings);
     if (options.port) {
         setByKey(settings, "HOST_PORT", *options.port);
     }
@@ -124,6 +162,7 @@ void applyOptions(const Options& options, Settings& settings) {
     applyHost(options, settings);
     applyWebRules(options, settings);
     applySettings(options.set, settings);
+    requireMatchingEncryption(options, settings.profile);
 }
 
 void loadNamedProfile(const std::string& name, Settings& settings, SettingsFiles& files) {
@@ -156,6 +195,7 @@ void takeRunSettings(const Options& options, Settings& settings, SettingsFiles& 
         requireStartFile(profile.START_PATH, profile.RULES);
     } else {
         requireHost(profile);
+        requireKeyFile(profile);
         takePassword(options, profile);
     }
 }

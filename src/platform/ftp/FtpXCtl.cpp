@@ -14,6 +14,11 @@ bool wasRefused(const FtpOutcome& outcome) {
     return outcome.kind == Kind::Refused || outcome.kind == Kind::Broken;
 }
 
+/// Nothing may go in the clear where somebody chose to encrypt.
+Failure cannotEncrypt() {
+    return {1099, "encrypted connections are not ready yet"};
+}
+
 /// Whether the text can be part of one command: a line break would begin another one.
 bool isSendable(std::string_view text) {
     return text.find_first_of(std::string_view("\r\n\0", 3)) == std::string_view::npos;
@@ -28,7 +33,7 @@ void requireSendable(std::string_view text) {
 } // namespace
 
 FtpXCtl::FtpXCtl(Messages& messages, EventLoop& events, const RunState& state, FtpTrace& trace,
-                 const FtpTimeouts& timeouts)
+                 HostTrust& /*trust*/, const FtpTimeouts& timeouts)
     : messages_(messages), dialogue_(events, state, trace, timeouts) {}
 
 void FtpXCtl::connect(const FtpLogin& login) {
@@ -41,6 +46,9 @@ void FtpXCtl::connect(const FtpLogin& login) {
 }
 
 void FtpXCtl::logIn(const FtpLogin& login) {
+    if (login.encryption != Encryption::None) {
+        throw cannotEncrypt();
+    }
     for (const std::string& text : {login.host, login.userName, login.password, login.account}) {
         requireSendable(text);
     }

@@ -5,6 +5,7 @@
 #include "platform/ftp/connection/FtpTrace.h"
 #include "run/EventLoop.h"
 #include "run/FtpComponent.h"
+#include "run/HostTrust.h"
 #include "run/Messages.h"
 #include "run/RunState.h"
 
@@ -25,7 +26,7 @@ public:
 
     /// The references must outlive the component; `state` tells when the run is being aborted.
     FtpXCtl(Messages& messages, EventLoop& events, const RunState& state, FtpTrace& trace,
-            const FtpTimeouts& timeouts);
+            HostTrust& trust, const FtpTimeouts& timeouts);
 
     void connect(const FtpLogin& login) override;
     bool connected() const override { return connected_; }
@@ -33,6 +34,9 @@ public:
 
     void list(std::string_view directory, const DirItem& item) override;
     void listWorkingDirectory(const DirItem& item) override;
+    bool listFacts(std::string_view /*directory*/, const DirItem& /*item*/) override {
+        return false;
+    }
     bool retrieve(std::string_view remoteFile, std::string_view localFile) override;
     void deleteFile(std::string_view remoteFile) override;
     void removeDirectory(std::string_view directory) override;

@@ -7,6 +7,7 @@
 #include "ui/ReadingWarnings.h"
 #include "ui_frmMain.h"
 #include "windows/about/frmAbout.h"
+#include "windows/run/TrustQuestion.h"
 #include "windows/settings/frmConfig2.h"
 #include "windows/settings/frmProfile.h"
 #include "windows/shared/MessageBoxes.h"
@@ -309,6 +310,10 @@ void frmMain::showTraceWindow() {
 
 void frmMain::ShowResults() {
     results_->ShowResults();
+}
+
+bool frmMain::trustsHost(const HostIdentity& identity) {
+    return asksToTrust(this, identity);
 }
 
 void frmMain::work(const std::function<void()>& work) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "run/HostTrust.h"
 #include "windows/help/frmHelp.h"
 #include "windows/main/WindowPlaces.h"
 #include "windows/outside/WindowContext.h"
@@ -65,6 +66,8 @@ public:
     void leaveRunState();
     void showTraceWindow();
     void ShowResults();
+    /// Asks whether to trust a host, for the current profile.
+    bool trustsHost(const HostIdentity& identity);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -36,6 +36,12 @@ TEST(SetByKey, SetsOneValuePerKey) {
     EXPECT_EQ(settings.configuration.fileMasksText, ".DOT,X");
     setByKey(settings, "RULES", "web");
     setByKey(settings, "SITE_URL", "https://x.example/");
+    for (const char* name : {"none", "tls", "implicit", "sftp"}) {
+        setByKey(settings, "ENCRYPTION", name);
+        EXPECT_EQ(nameOf(settings.profile.ENCRYPTION), name);
+    }
+    setByKey(settings, "CONNECTIONS", "16");
+    EXPECT_EQ(settings.profile.CONNECTIONS, 16);
     EXPECT_EQ(settings.profile.RULES, Rules::Web);
     EXPECT_EQ(settings.profile.SITE_URL, "https://x.example/");
 }
@@ -47,6 +53,13 @@ TEST(SetByKey, SaysWhyItRefuses) {
                       value + "\"");
     }
     EXPECT_EQ(refusal("RULES", "Web"), "RULES takes classic or web, not \"Web\"");
+    EXPECT_EQ(refusal("ENCRYPTION", "ssl"),
+              "ENCRYPTION takes none, tls, implicit or sftp, not \"ssl\"");
+    for (const char* value : {"0", "17", "-1"}) {
+        EXPECT_EQ(refusal("CONNECTIONS", value),
+                  std::string("CONNECTIONS takes a number from 1 to 16, not \"") + value + "\"");
+    }
+    EXPECT_THAT(refusal("TRUSTED", "yes"), testing::HasSubstr("SHA-256"));
     EXPECT_EQ(refusal("debug", "1"), "there is no setting \"debug\"");
     EXPECT_THAT(refusal("USER_PASSWORD", "secret"), testing::HasSubstr("other users"));
 }

@@ -144,8 +144,32 @@ const std::string Numbers =
     "#DISABLE_PASV=11\r\n#UPPER_LEVELS=12\r\n#ROOT_LEVEL=13\r\n";
 
 TEST_F(SettingsFilesTest, ProfileKeepsWhatWasSaved) {
-    const Profile saved = {"h", "u", "/i",           "", "6", 1, 2, 3, 4, 5, -7, 8, 9, 21, 11, 12,
-                           13,  "a", Rules::Classic, "", "",  {}};
+    const Profile saved = {"h",
+                           "u",
+                           "/i",
+                           "",
+                           "6",
+                           1,
+                           2,
+                           3,
+                           4,
+                           5,
+                           -7,
+                           8,
+                           9,
+                           21,
+                           11,
+                           12,
+                           13,
+                           "a",
+                           Rules::Classic,
+                           "",
+                           "",
+                           Encryption::None,
+                           4,
+                           "",
+                           "",
+                           {}};
     settings.profile = saved;
     configuration.IGNORE_VALUE = 6;
     SaveProfile(settings, files, "my.site");
@@ -193,6 +217,12 @@ TEST_F(SettingsFilesTest, ProfileHoldsOptionalLinesOnlyWhereTheyDiffer) {
         {"of a later version", "#FUTURE=1,\"2\"\r\n#RULES=web\r\n#NEW_2=\r\n",
          "#RULES=web\r\n#FUTURE=1,\"2\"\r\n#NEW_2=\r\n", Rules::Web, "", ""},
         {"unknown rules", "#RULES=strict\r\n", "#RULES=strict\r\n", Rules::Classic, "", ""},
+        {"an encrypted host", "#ENCRYPTION=sftp\r\n#CONNECTIONS=16\r\n#KEY_FILE=/k,\"1\"\r\n",
+         "#ENCRYPTION=sftp\r\n#CONNECTIONS=16\r\n#KEY_FILE=/k,\"1\"\r\n", Rules::Classic, "", ""},
+        {"its default values", "#ENCRYPTION=none\r\n#CONNECTIONS=4\r\n#TRUSTED=\r\n#KEY_FILE=\r\n",
+         "", Rules::Classic, "", ""},
+        {"none that could be used", "#ENCRYPTION=ssh\r\n#CONNECTIONS=0\r\n#TRUSTED=all\r\n",
+         "#ENCRYPTION=ssh\r\n#CONNECTIONS=0\r\n#TRUSTED=all\r\n", Rules::Classic, "", ""},
         {"no optional line", "x\r\n\r\n# a=b\r\n#=c\r\n#RULES\r\n#HOST_NAME=moved\r\n", "",
          Rules::Classic, "", ""}};
     for (const Row& row : rows) {

@@ -20,7 +20,7 @@ struct RecordedTrace : FtpTrace {
 /// A component with everything that it talks to, and a folder for the pages.
 struct Client {
     explicit Client(const FtpTimeouts& timeouts = {})
-        : ftp(messages, events, state, trace, timeouts) {}
+        : ftp(messages, events, state, trace, trust, timeouts) {}
 
     /// The lines that came, which stay in `lines` when the listing fails.
     const Lines& list(std::string_view directory) {
@@ -37,6 +37,7 @@ struct Client {
     RunState state;
     RecordingMessages messages;
     RecordedTrace trace;
+    ScriptedTrust trust;
     HookedEvents events;
     TempFolder folder;
     Lines lines;

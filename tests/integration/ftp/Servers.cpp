@@ -43,7 +43,7 @@ RealServer::RealServer(const std::string& name, bool passiveDisabled, const std:
 }
 
 // Without root rights and without PAM: everybody is anonymous, and is who started the server.
-void RealServer::startVsftpd() {
+void Server::startVsftpd(const std::string& more) {
     login_.userName = "anonymous";
     const std::string folder = settings_.path().string();
     const auto file = settings_.write(
@@ -53,11 +53,11 @@ void RealServer::startVsftpd() {
                            "\nanonymous_enable=YES\nlocal_enable=NO\nrun_as_launching_user=YES\n"
                            "write_enable=YES\nanon_other_write_enable=YES\nxferlog_enable=NO\n"
                            "anon_world_readable_only=NO\nseccomp_sandbox=NO\nftp_username=" +
-                           std::string(getpwuid(getuid())->pw_name) + "\n");
+                           std::string(getpwuid(getuid())->pw_name) + "\n" + more);
     start({{vsftpdProgram(), file.string()}, {}, {}});
 }
 
-void RealServer::startProftpd() {
+void Server::startProftpd(const std::string& more) {
     const passwd* me = getpwuid(getuid());
     const std::string folder = settings_.path().string();
     // The hash of "secret".
@@ -74,7 +74,7 @@ void RealServer::startProftpd() {
             "/log\nAuthOrder mod_auth_file.c\nRequireValidShell off\n"
             "UseFtpUsers off\nRootLogin on\nWtmpLog off\nTransferLog none\n"
             "ScoreboardFile none\nDelayEngine off\nControlsEngine off\nControlsSocket " +
-            folder + "/controls\n");
+            folder + "/controls\n" + more);
     start({{PROFTPD, "-n", "-c", file.string()}, {}, {}});
 }
 

@@ -21,9 +21,12 @@ public:
 
 protected:
     void start(const Command& command);
+    // On the login's address and port; `more` are lines of the server's settings file.
+    void startVsftpd(const std::string& more = {});
+    void startProftpd(const std::string& more = {});
 
     TempFolder settings_;
-    FtpLogin login_{false, "127.0.0.1", 0, "webmaster", "secret", ""};
+    FtpLogin login_{false, "127.0.0.1", 0, "webmaster", "secret"};
     std::optional<Process> process_;
 };
 
@@ -32,10 +35,6 @@ class RealServer : public Server {
 public:
     explicit RealServer(const std::string& name, bool passiveDisabled = false,
                         const std::string& address = "127.0.0.1");
-
-private:
-    void startVsftpd();
-    void startProftpd();
 };
 
 /// A server and a mode of transfer, under the name of a test's row.

@@ -87,6 +87,10 @@ class QuietEvents : public EventLoop {
 public:
     void DoEvents() override {}
 };
+class NoTrust : public HostTrust {
+public:
+    bool trusts(const HostIdentity& /*identity*/) override { return false; }
+};
 class QuietTrace : public FtpTrace {
 public:
     void Trace(std::string_view /*text*/) override {}
@@ -107,8 +111,9 @@ struct TestContext {
     QuietProgress progress;
     QuietEvents events;
     QuietTrace trace;
+    NoTrust trust;
     DiskAdapter disk;
-    FtpXCtl ftp{messages, events, workspace.run, trace, FtpTimeouts()};
+    FtpXCtl ftp{messages, events, workspace.run, trace, trust, FtpTimeouts()};
     RecordingShell shell;
     ScriptedFileDialogs dialogs;
     RecordingPrinter printer;

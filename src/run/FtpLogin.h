@@ -1,0 +1,31 @@
+#pragma once
+
+#include "settings/Fingerprint.h"
+#include "settings/Profile.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace quillmark {
+
+/// What it takes to log in at a web host.
+struct FtpLogin {
+    bool passiveDisabled = false;
+    std::string host;
+    std::int16_t port = 21;
+    std::string userName;
+    std::string password;
+    std::string account = {};
+    Encryption encryption = Encryption::None;
+    int connections = 1;                ///< At most this many at a time.
+    std::optional<Sha256> trusted = {}; ///< The certificate or key that needs nobody else's word.
+    std::string keyFile = {}; ///< Of SSH, in the machine's own form; empty: agent or password.
+    std::string keyPassphrase = {};
+};
+
+/// The login of a profile. With a key file the profile's password is the passphrase of that file,
+/// and no password is sent to anybody.
+FtpLogin loginOf(const Profile& profile);
+
+} // namespace quillmark
