@@ -21,6 +21,19 @@ constexpr std::array<KindTexts, FindingKinds> Kinds = {{
     {"this-computer-only", "works on this computer only"},
     {"no-address", "this is no address"},
     {"dangling-link", "the symbolic link leads nowhere"},
+    {"address-missing", "the server has no such page"},
+    {"address-refused", "the server refuses the address"},
+    {"host-unknown", "there is no server of this name"},
+    {"host-refuses", "nobody answers there: the connection is refused"},
+    {"insecure", "no secure connection: the certificate is wrong, or the server's TLS"},
+    {"redirect-loop", "it is redirected without end"},
+    {"redirect-nowhere", "it is redirected to what is no web address"},
+    {"moved", "it has moved for good"},
+    {"undetermined", "the server does not tell whether it is there"},
+    {"timed-out", "no answer in time"},
+    {"no-answer", "no answer that makes sense"},
+    {"not-asked", "not asked: the time for web addresses was over"},
+    {"private-address", "not asked: it is in a private network"},
 }};
 
 constexpr std::array<std::string_view, IgnoredReasons> Reasons = {
@@ -43,6 +56,11 @@ std::string_view nameOf(IgnoredReason reason) {
 
 std::string_view explanationOf(FindingKind kind) {
     return Kinds.at(static_cast<std::size_t>(kind)).explanation;
+}
+
+std::string explanationOf(const Finding& finding) {
+    const std::string text(explanationOf(finding.kind));
+    return finding.status == 0 ? text : text + " (" + std::to_string(finding.status) + ")";
 }
 
 } // namespace quillmark

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace quillmark {
@@ -16,9 +17,23 @@ enum class FindingKind : std::uint8_t {
     FolderWithoutIndex,
     ThisComputerOnly,
     NoAddress,
-    DanglingLink
+    DanglingLink,
+    // Of web addresses that were asked:
+    AddressMissing, ///< 404, 410.
+    AddressRefused, ///< Another 4xx that is no matter of rights.
+    HostUnknown,
+    HostRefuses, ///< Nobody listens.
+    Insecure,    ///< TLS failed, or the certificate is not good.
+    RedirectLoop,
+    RedirectNowhere, ///< To what is no web address.
+    Moved,           ///< 301, 308.
+    Undetermined,    ///< The status tells of rights, haste or trouble, not of the page.
+    TimedOut,
+    NoAnswer,      ///< The connection was lost, or what came is no HTTP.
+    NotAsked,      ///< The time for all of them was over.
+    PrivateAddress ///< In a private network, which must not be asked.
 };
-inline constexpr std::size_t FindingKinds = 9;
+inline constexpr std::size_t FindingKinds = 22;
 
 /// Errors make a check fail; notes are for people.
 enum class FindingLevel : std::uint8_t { Error, Note };
@@ -54,6 +69,7 @@ struct Finding {
     /// it leads to no path.
     std::string_view target;
     std::string_view suggestion; ///< What was meant: a reference to write instead; may be empty.
+    std::uint16_t status = 0;    ///< What the web server answered; 0 where none did.
 };
 
 /// A reference that was not looked up.
@@ -71,5 +87,7 @@ std::string_view nameOf(FindingLevel level);
 std::string_view nameOf(IgnoredReason reason);
 /// What is wrong, as a person reads it: "there is no such file".
 std::string_view explanationOf(FindingKind kind);
+/// The same with the server's status: "the server has no such page (404)".
+std::string explanationOf(const Finding& finding);
 
 } // namespace quillmark

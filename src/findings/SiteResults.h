@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,14 @@ struct SiteReference {
     std::uint32_t column = 1;
 };
 
+/// A web address that was asked, once for all references to it.
+struct AskedAddress {
+    std::string_view address;           ///< Without a fragment.
+    std::string_view leadsTo;           ///< Where its redirects ended; empty without any.
+    std::uint16_t status = 0;           ///< The last answer's; 0 without one.
+    std::optional<FindingKind> verdict; ///< Nothing: it is sound.
+};
+
 /// How many findings there are of a kind.
 struct KindTotal {
     std::uint32_t errors = 0;
@@ -55,6 +64,7 @@ struct SiteResults {
     std::vector<SiteReference> references; ///< Page by page, in the order of their source.
     std::vector<Finding> findings;         ///< Page by page, in the order of their source.
     std::vector<IgnoredReference> ignored; ///< The same.
+    std::vector<AskedAddress> addresses;   ///< In the order in which references name them first.
     std::vector<std::uint32_t> unused;     ///< Indices of files.
     std::vector<std::vector<std::uint32_t>> duplicates; ///< Groups of files with equal bytes.
     bool duplicatesKnown = false;                       ///< They were looked for.

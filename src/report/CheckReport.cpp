@@ -36,7 +36,7 @@ CheckReport makeReport(RunOutcome outcome, const SiteResults& site, const Result
 }
 
 std::string messageOf(const Finding& finding) {
-    std::string message(explanationOf(finding.kind));
+    std::string message = explanationOf(finding);
     if (!finding.suggestion.empty()) {
         message.append(" (did you mean ").append(finding.suggestion).append("?)");
     }

@@ -50,8 +50,11 @@ void writeFindings(std::ostream& out, const SiteResults& results) {
         writePlace(out, results, finding.at);
         out << ", \"reference\": " << jsonText(finding.reference)
             << ", \"target\": " << jsonTextOrNull(finding.target)
-            << ", \"suggestion\": " << jsonTextOrNull(finding.suggestion) << "}";
+            << ", \"suggestion\": " << jsonTextOrNull(finding.suggestion)
+            << ", \"status\": " << jsonStatus(finding.status) << "}";
     });
+    writeArray(out, "addresses", results.addresses,
+               [&](const AskedAddress& asked) { out << jsonAddress(asked); });
     writeArray(out, "ignored", results.ignored, [&](const IgnoredReference& ignored) {
         out << "{\"reason\": " << jsonText(nameOf(ignored.reason)) << ", ";
         writePlace(out, results, ignored.at);

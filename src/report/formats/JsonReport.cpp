@@ -29,6 +29,8 @@ public:
         writeKinds();
         writeArray(out_, "findings", site_.findings,
                    [this](const Finding& finding, std::size_t i) { writeFinding(finding, i); });
+        writeArray(out_, "addresses", site_.addresses,
+                   [this](const AskedAddress& asked, std::size_t) { out_ << jsonAddress(asked); });
         writeArray(out_, "ignored", site_.ignored,
                    [this](const IgnoredReference& ignored, std::size_t) { writeIgnored(ignored); });
         writeArray(out_, "unused", site_.unused,
@@ -78,7 +80,8 @@ private:
         writePlace(finding.at);
         out_ << ", \"reference\": " << jsonText(finding.reference)
              << ", \"target\": " << jsonTextOrNull(report_.shownPath(finding.target))
-             << ", \"explanation\": " << jsonText(explanationOf(finding.kind))
+             << ", \"explanation\": " << jsonText(explanationOf(finding))
+             << ", \"status\": " << jsonStatus(finding.status)
              << ", \"suggestion\": " << jsonTextOrNull(finding.suggestion)
              << ", \"known\": " << (report_.isKnown(i) ? "true" : "false") << "}";
     }

@@ -34,4 +34,15 @@ std::string jsonTextOrNull(std::string_view bytes) {
     return bytes.empty() ? "null" : jsonText(bytes);
 }
 
+std::string jsonStatus(std::uint16_t status) {
+    return status == 0 ? "null" : std::to_string(status);
+}
+
+std::string jsonAddress(const AskedAddress& asked) {
+    return "{\"address\": " + jsonText(asked.address) +
+           ", \"verdict\": " + jsonText(asked.verdict ? nameOf(*asked.verdict) : "sound") +
+           ", \"status\": " + jsonStatus(asked.status) +
+           ", \"leadsTo\": " + jsonTextOrNull(asked.leadsTo) + "}";
+}
+
 } // namespace quillmark

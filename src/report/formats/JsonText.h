@@ -1,5 +1,8 @@
 #pragma once
 
+#include "findings/SiteResults.h"
+
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -10,5 +13,11 @@ std::string jsonText(std::string_view bytes);
 
 /// The same, but null for no text.
 std::string jsonTextOrNull(std::string_view bytes);
+
+/// A web server's status; null for 0, which stands for none.
+std::string jsonStatus(std::uint16_t status);
+
+/// A web address that was asked, as an object.
+std::string jsonAddress(const AskedAddress& asked);
 
 } // namespace quillmark

@@ -26,6 +26,7 @@ public:
         writeTextHeading(out_, report_, printable(results_.top) + "  (web rules)", "file");
         writeFindings();
         writeTotals();
+        writeAddresses();
         writeIgnored();
         writeUnused();
         writeDuplicates();
@@ -71,7 +72,7 @@ private:
             const bool error = finding.level == FindingLevel::Error;
             out_ << "    " << padded(position(finding.at), WidestPosition) << "  "
                  << in(error ? Red : Yellow, padded(printable(finding.reference), width)) << "  "
-                 << (error ? "" : "note: ") << explanationOf(finding.kind);
+                 << (error ? "" : "note: ") << explanationOf(finding);
             if (!finding.suggestion.empty()) {
                 out_ << " (did you mean " << in(Bold, printable(finding.suggestion)) << "?)";
             }
@@ -92,6 +93,17 @@ private:
                  << counted(total.targets, "target", "targets") << ")\n";
         }
         out_ << (any ? "\n" : "");
+    }
+
+    void writeAddresses() {
+        const std::vector<AskedAddress>& all = results_.addresses;
+        if (!all.empty()) {
+            const auto sound = std::count_if(all.begin(), all.end(), [](const AskedAddress& asked) {
+                return !asked.verdict.has_value();
+            });
+            out_ << counted(all.size(), "web address", "web addresses") << " asked, " << sound
+                 << " sound\n";
+        }
     }
 
     void writeIgnored() {

@@ -36,7 +36,7 @@ std::string siteText(const SiteRow& row, int column) {
     case 2:
         return row.line == 0 ? std::string() : std::to_string(row.line);
     default:
-        return (row.note ? "Note: " : "") + std::string(row.why);
+        return (row.note ? "Note: " : "") + row.why;
     }
 }
 

@@ -51,7 +51,7 @@ SiteRow rowOfFinding(const SiteResults& results, std::size_t index) {
     row.path = part ? finding.target.substr(0, finding.target.find('#')) : finding.target;
     row.from = results.pagePath(finding.at.page);
     row.line = finding.at.line;
-    row.why = explanationOf(finding.kind);
+    row.why = explanationOf(finding);
     row.note = finding.level == FindingLevel::Note;
     row.suggestion = finding.suggestion;
     return row;

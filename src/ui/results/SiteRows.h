@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace quillmark {
@@ -15,7 +16,7 @@ struct SiteRow {
     std::string_view path;  ///< The file that it leads to, there or not; empty where there is none.
     std::string_view from;  ///< The page that makes it, "(base file)" for the start page.
     std::uint32_t line = 0; ///< Its line on that page, 1-based; 0 for the start page.
-    std::string_view why;   ///< What is wrong, or why it was not looked up; may be empty.
+    std::string why;        ///< What is wrong, or why it was not looked up; may be empty.
     bool note = false;      ///< What is wrong is no error.
     std::string_view suggestion; ///< A reference to write instead; may be empty.
 };
