@@ -1,6 +1,7 @@
 #include "web/address/HostName.h"
 
 #include "web/address/PercentCoding.h"
+#include "web/text/Ascii.h"
 
 #include <algorithm>
 #include <array>
@@ -10,10 +11,6 @@ namespace quillmark::web {
 namespace {
 
 constexpr unsigned LargestPort = 65535;
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 bool allDigits(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);

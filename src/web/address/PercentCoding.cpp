@@ -1,16 +1,10 @@
 #include "web/address/PercentCoding.h"
 
+#include "web/text/Ascii.h"
+
 namespace quillmark::web {
 
 namespace {
-
-int hexDigit(char c) {
-    if (c >= '0' && c <= '9') {
-        return c - '0';
-    }
-    const char lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
 
 bool needsEncoding(char c) {
     const auto code = static_cast<unsigned char>(c);

@@ -1,15 +1,11 @@
 #include "web/address/SiteUrl.h"
 
 #include "web/address/PercentCoding.h"
+#include "web/text/Ascii.h"
 
 namespace quillmark::web {
 
 namespace {
-
-bool isLetter(char c) {
-    const char lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'z';
-}
 
 bool isSchemeCharacter(char c) {
     return isLetter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';

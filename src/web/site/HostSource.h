@@ -4,16 +4,10 @@
 #include "run/LocalDisk.h"
 #include "run/SiteSource.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace quillmark::web {
-
-/// A line of a host's long listing, as Unix systems and most FTP servers write it: the name is what
-/// follows the date, blanks and all, and a link tells what it leads to behind " -> ". Nothing for
-/// other lines, "." and "..".
-std::optional<SiteEntry> entryOfLine(std::string_view line);
 
 /// A site on a web host, over its one connection.
 class HostSource : public SiteSource {

@@ -1,6 +1,5 @@
 #include "web/address/Address.h"
 #include "web/address/RelativeReference.h"
-#include "web/site/HostSource.h"
 
 #include <gtest/gtest.h>
 
@@ -81,34 +80,6 @@ TEST(Addresses, WriteTheReferenceToAFile) {
     EXPECT_EQ(relativeReference("docs/a.html", "docs/"), "./");
     EXPECT_EQ(relativeReference("docs/a.html", "do/b.html"), "../do/b.html");
     EXPECT_EQ(relativeReference("a.html", "b:c.html"), "./b:c.html");
-}
-
-TEST(HostListing, TakesNamesWithBlanksAndLinks) {
-    struct Case {
-        const char* line;
-        const char* entry;
-    };
-    const std::vector<Case> cases = {
-        {"-rw-r--r--   1 me  me     12 Jan  1 12:00 a b.txt", "file a b.txt 12"},
-        {"-rw-r--r--   1 me     12 Jan  1 2024  c", "file  c 12"},
-        {"drwxr-xr-x   2 me  my group  4096 Jan  1 12:00 docs\r", "folder docs 4096"},
-        {"lrwxrwxrwx   1 me  me     12 Jan  1 12:00 l -> ../x y", "link l ../x y"},
-        {"prw-r--r--   1 me  me     12 Jan  1 12:00 pipe", "none"},
-        {"drwxr-xr-x   2 me  me   4096 Jan  1 12:00 ..", "none"},
-        {"total 12", "none"},
-        {"", "none"},
-    };
-    for (const Case& row : cases) {
-        const auto entry = entryOfLine(row.line);
-        std::string text = "none";
-        if (entry) {
-            text = entry->kind == SiteEntry::Kind::Link
-                       ? "link " + entry->name + " " + entry->leadsTo
-                       : (entry->kind == SiteEntry::Kind::File ? "file " : "folder ") +
-                             entry->name + " " + std::to_string(entry->size);
-        }
-        EXPECT_EQ(text, row.entry) << row.line;
-    }
 }
 
 } // namespace
