@@ -1,4 +1,3 @@
-#include "base/Failure.h"
 #include "platform/http/Inet.h"
 
 #include <chrono>
@@ -16,14 +15,14 @@ public:
     void DoEvents() override {}
 };
 
-int opened(quillmark::Inet& inet, const std::vector<std::string>& urls) {
+int opened(quillmark::Inet& inet, const std::vector<quillmark::UrlRequest>& requests) {
     int count = 0;
-    for (const std::string& url : urls) {
-        try {
-            inet.OpenURL(url);
+    for (const quillmark::UrlRequest& request : requests) {
+        const quillmark::UrlAnswer answer = inet.OpenURL(request);
+        if (answer.failure == quillmark::UrlFailure::None) {
             ++count;
-        } catch (const quillmark::Failure& failure) {
-            std::cerr << url << ": " << failure.what() << "\n";
+        } else {
+            std::cerr << request.url << ": no answer\n";
         }
     }
     return count;
@@ -35,18 +34,18 @@ int opened(quillmark::Inet& inet, const std::vector<std::string>& urls) {
 // answered, the seconds it took and the peak of the memory in KiB.
 int main(int argc, char** argv) {
     quillmark::FetchLimits limits;
-    limits.toOneHost = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : limits.toOneHost;
+    limits.toOneHost = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 8;
     limits.inAll = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : limits.inAll;
-    std::vector<std::string> urls;
+    std::vector<quillmark::UrlRequest> requests;
     for (std::string url; std::getline(std::cin, url);) {
-        urls.push_back(url);
+        requests.push_back({url});
     }
     NoEvents events;
     const quillmark::RunState state;
     quillmark::Inet inet(events, state, limits);
     const auto start = std::chrono::steady_clock::now();
-    inet.expect(urls);
-    const int answered = opened(inet, urls);
+    inet.expect(requests, {});
+    const int answered = opened(inet, requests);
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);

@@ -101,8 +101,12 @@ public:
 /// Answers every address with an empty page.
 class SilentWeb : public UrlFetcher {
 public:
-    void expect(std::vector<std::string> urls) override { expected = std::move(urls); }
-    std::string OpenURL(std::string_view /*url*/) override { return {}; }
+    void expect(const std::vector<UrlRequest>& requests, const FetchManners& /*manners*/) override {
+        for (const UrlRequest& request : requests) {
+            expected.push_back(request.url);
+        }
+    }
+    UrlAnswer OpenURL(const UrlRequest& /*request*/) override { return {}; }
 
     Lines expected;
 };

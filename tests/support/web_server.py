@@ -77,11 +77,11 @@ async def never(_path, _writer):
     await asyncio.sleep(3600)
 
 
-async def big(_path, writer, megabytes=8, patience=None):
+async def big(_path, writer, megabytes=8):
     writer.write(f"HTTP/1.1 200 OK\r\nContent-Length: {megabytes * len(MEGABYTE)}\r\n\r\n".encode())
     for _ in range(megabytes):
         writer.write(MEGABYTE)
-        await asyncio.wait_for(writer.drain(), patience)
+        await writer.drain()
 
 
 @functools.cache
@@ -89,12 +89,19 @@ def bomb():
     return zipped(bytes(200 * len(MEGABYTE)))
 
 
-async def impatient(path, writer):
-    """Sends much, and hangs up when the other side does not read."""
-    try:
-        await big(path, writer, 64, 0.1)
-    except asyncio.TimeoutError:
-        writer.transport.abort()
+async def split(_path, writer):
+    """Sends a text in two pieces."""
+    writer.write(f"HTTP/1.1 200 OK\r\nContent-Length: {len(NOT_FOUND)}\r\n\r\n".encode())
+    writer.write(NOT_FOUND[:9])
+    await writer.drain()
+    await asyncio.sleep(0.2)
+    return NOT_FOUND[9:]
+
+
+async def short(_path, writer):
+    """Promises more than it sends."""
+    writer.write(b"HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\nThat was all")
+    raise ConnectionError
 
 
 async def without_end(head, piece, writer):
@@ -118,7 +125,8 @@ HABITS = {
     "zipped": lambda *_: zipped(NOT_FOUND),
     "damaged": lambda *_: answer(b"no gzip", "200 OK", "Content-Encoding: gzip"),
     "bomb": lambda *_: bomb(),
-    "impatient": impatient,
+    "split": split,
+    "short": short,
     "endless": lambda _, writer: without_end(b"\r\n", MEGABYTE, writer),
     "header": lambda _, writer: without_end(b"", b"a: b\r\n" * 1000, writer),
     "report": report,

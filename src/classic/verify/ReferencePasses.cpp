@@ -1,11 +1,9 @@
 #include "classic/verify/ReferencePasses.h"
 
-#include "base/Failure.h"
 #include "base/UpperCase.h"
 
 #include <string>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace quillmark {
@@ -130,13 +128,13 @@ bool ReferencePasses::CheckInvalidReference(std::string_view reference) {
 
 void ReferencePasses::checkURLs() {
     const ResultList& ignored = context_.lists.IgnoredReferences;
-    std::vector<std::string> urls;
+    std::vector<UrlRequest> requests;
     for (int i = 0; i < ignored.Count(); ++i) {
         if (isWebReference(ignored.Line(i))) {
-            urls.emplace_back(ignored.Line(i));
+            requests.push_back(requestFor(ignored.Line(i)));
         }
     }
-    context_.outside.inet.expect(std::move(urls));
+    context_.outside.inet.expect(requests, {});
     for (int i = 0; i < ignored.Count() && !context_.state.abort;) {
         const std::string_view url = ignored.Line(i);
         if (isWebReference(url) && CheckURL(url)) {
@@ -145,6 +143,12 @@ void ReferencePasses::checkURLs() {
             ++i;
         }
     }
+    context_.outside.inet.expect({}, {});
+}
+
+UrlRequest ReferencePasses::requestFor(std::string_view url) {
+    const auto place = bodies_.try_emplace(std::string(url), "404 File Not Found").first;
+    return {place->first, &place->second};
 }
 
 void ReferencePasses::acceptURL(int i) {
@@ -155,17 +159,16 @@ void ReferencePasses::acceptURL(int i) {
     ignored.Remove(i);
 }
 
-// Servers put this text into the body of a missing page. The status is not looked at: many sites
+// Servers put that text into the body of a missing page. The status is not looked at: many sites
 // answer their visitors with a page of their own and any status.
 bool ReferencePasses::CheckURL(std::string_view url) {
-    try {
-        const std::string body = context_.outside.inet.OpenURL(url);
-        const bool passed = body.find("404 File Not Found") == std::string::npos;
-        context_.outside.messages.post("Check For ", url, passed ? " Passed" : " Failed");
-        return passed;
-    } catch (const Failure&) {
+    const UrlRequest request = requestFor(url);
+    if (context_.outside.inet.OpenURL(request).failure != UrlFailure::None) {
         return false;
     }
+    const bool passed = !bodies_.at(request.url).found();
+    context_.outside.messages.post("Check For ", url, passed ? " Passed" : " Failed");
+    return passed;
 }
 
 } // namespace quillmark

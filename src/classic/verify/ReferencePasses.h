@@ -1,10 +1,13 @@
 #pragma once
 
 #include "classic/resolve/FiledReferences.h"
+#include "classic/verify/PhraseSearch.h"
 #include "run/ListLimit.h"
 #include "run/RunContext.h"
 #include "store/LineIndex.h"
 
+#include <map>
+#include <string>
 #include <string_view>
 
 namespace quillmark {
@@ -45,11 +48,13 @@ private:
     void recheckInvalidReferences();
     void addInvalidReference(int i);
     void acceptURL(int i);
+    UrlRequest requestFor(std::string_view url);
 
     RunContext& context_;
     ListLimit& limit_;
     FiledReferences& references_;
     LineIndex& files_;
+    std::map<std::string, PhraseSearch> bodies_; ///< By address.
 };
 
 } // namespace quillmark

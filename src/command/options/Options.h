@@ -50,7 +50,7 @@ struct Options {
     std::optional<std::string> keyFile;
     std::string trace; ///< The file for the conversation with the host.
     std::size_t fetches = 32;
-    std::size_t fetchesToOneHost = 8;
+    std::optional<std::size_t> fetchesToOneHost;
     std::optional<std::string> folder;
     std::vector<std::string> set; ///< KEY=VALUE each.
     std::string report;

@@ -19,11 +19,15 @@ struct CurlUrlDelete {
 struct CurlTextDelete {
     void operator()(char* text) const { curl_free(text); }
 };
+struct CurlListDelete {
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+};
 
 /// The handles of libcurl, each owned by one object.
 using CurlEasy = std::unique_ptr<CURL, CurlEasyDelete>;
 using CurlMulti = std::unique_ptr<CURLM, CurlMultiDelete>;
 using CurlUrl = std::unique_ptr<CURLU, CurlUrlDelete>;
 using CurlText = std::unique_ptr<char, CurlTextDelete>;
+using CurlList = std::unique_ptr<curl_slist, CurlListDelete>;
 
 } // namespace quillmark

@@ -1,43 +1,47 @@
 #include "platform/http/FetchAhead.h"
 
-#include "platform/http/Gunzip.h"
-#include "platform/http/WebFailure.h"
-
 #include <algorithm>
 #include <utility>
 
 namespace quillmark {
 
-FetchAhead::FetchAhead(const FetchLimits& limits, const std::vector<std::string>& urls)
-    : limits_(limits), multi_(curl_multi_init()), waiting_(limits.toOneHost),
-      kept_(limits.keptAhead) {
+namespace {
+
+constexpr int TooManyRequests = 429;
+
+/// Whether the same request may be answered otherwise in a moment.
+bool mayPass(const UrlAnswer& answer) {
+    return answer.failure == UrlFailure::TimedOut || answer.status == TooManyRequests ||
+           (answer.status >= 500 && answer.status < 600);
+}
+
+/// Whether a HEAD says nothing: many servers answer it with less care than a GET.
+bool provesNothing(const UrlAnswer& answer) {
+    return answer.status >= 400 || answer.failure == UrlFailure::TimedOut ||
+           answer.failure == UrlFailure::Broken;
+}
+
+} // namespace
+
+FetchAhead::FetchAhead(const FetchLimits& limits, const FetchManners& manners,
+                       const std::vector<UrlRequest>& requests)
+    : limits_(limits), manners_(manners), multi_(curl_multi_init()),
+      waiting_(limits.toOneHost.value_or(manners.toOneHost)) {
     curl_multi_setopt(multi_.get(), CURLMOPT_MAXCONNECTS, static_cast<long>(limits.inAll));
-    for (const std::string& url : urls) {
-        const auto [place, isNew] = fetches_.try_emplace(url);
-        Fetch& fetch = place->second;
-        ++fetch.listed;
-        if (isNew) {
-            fetch.address = url;
-            fetch.order = fetches_.size();
-            enqueue(fetch);
-        }
+    for (const UrlRequest& request : requests) {
+        find(request);
     }
 }
 
-const Fetch& FetchAhead::ask(std::string_view url) {
-    const auto [place, isNew] = fetches_.try_emplace(std::string(url));
-    asked_ = place;
+const Fetch& FetchAhead::find(const UrlRequest& request) {
+    const auto [place, isNew] = fetches_.try_emplace(request.url);
     Fetch& fetch = place->second;
     if (isNew) {
-        fetch.address = url;
+        fetch.request = request;
+        fetch.order = fetches_.size();
+        fetch.head = manners_.headFirst && request.reader == nullptr;
         enqueue(fetch);
     }
-    if (fetch.state == FetchState::Waiting) {
-        waiting_.putFirst(fetch);
-    }
-    fetch.order = 0;
-    kept_.release(fetch.body.size());
-    fetch.ahead = false;
     return fetch;
 }
 
@@ -45,9 +49,10 @@ void FetchAhead::drive() {
     int running = 0;
     curl_multi_perform(multi_.get(), &running);
     harvest();
-    endCutAndLate();
-    resumeHeld();
-    makeRoomForAsked();
+    if (manners_.overall.count() > 0 && Clock::now() - start_ > manners_.overall) {
+        endAll();
+    }
+    wakeResting();
     startWaiting();
 }
 
@@ -55,47 +60,33 @@ void FetchAhead::wait(std::chrono::milliseconds slice) {
     curl_multi_poll(multi_.get(), nullptr, 0, static_cast<int>(slice.count()), nullptr);
 }
 
-std::string FetchAhead::deliver() {
-    Fetch& fetch = asked_->second;
-    --fetch.listed;
-    fetch.ahead = fetch.listed > 0 && kept_.admit(fetch.body.size());
-    const Fetch answer = fetch.ahead ? fetch : std::move(fetch);
-    if (!answer.ahead) {
-        fetches_.erase(asked_);
+void FetchAhead::showProgress() const {
+    if (manners_.progress != nullptr) {
+        manners_.progress->UpdateThinking(static_cast<int>(ended_),
+                                          static_cast<int>(fetches_.size()));
     }
-    asked_ = fetches_.end();
-    if (answer.state == FetchState::Failed) {
-        throw noAnswerFromTheWeb(answer.failure);
-    }
-    return answer.gzipped ? gunzip(answer.body, limits_.body) : joined(answer.body);
 }
 
 void FetchAhead::enqueue(Fetch& fetch) {
-    try {
-        fetch.host = WebAddress(fetch.address).host();
-        fetch.state = FetchState::Waiting;
-        waiting_.push(fetch);
-    } catch (const Failure& failure) {
-        fail(fetch, failure.description());
+    if (const auto address = WebAddress::parse(fetch.address())) {
+        waiting_.push(address->host(), fetch);
+    } else {
+        end(fetch,
+            fetch.answer.redirects.empty() ? UrlFailure::NoAddress : UrlFailure::RedirectNowhere);
     }
 }
 
-// While nothing more may be kept, no fetch begins: its bytes would only be held up, at the cost of
-// the host.
 void FetchAhead::startWaiting() {
+    const auto now = Clock::now();
     while (running_.size() < limits_.inAll) {
-        Fetch* const first = waiting_.first();
-        if (first == nullptr || (first->ahead && kept_.full())) {
+        Fetch* const first = waiting_.takeFirst(now);
+        if (first == nullptr) {
             return;
         }
-        waiting_.takeFirst();
-        start(*first);
+        auto transfer = std::make_unique<Transfer>(
+            multi_.get(), *first, *WebAddress::parse(first->address()), limits_, manners_);
+        running_.emplace(transfer.get(), std::move(transfer));
     }
-}
-
-void FetchAhead::start(Fetch& fetch) {
-    fetch.state = FetchState::Running;
-    running_.push_back(std::make_unique<Transfer>(multi_.get(), fetch, limits_, kept_));
 }
 
 void FetchAhead::harvest() {
@@ -105,99 +96,84 @@ void FetchAhead::harvest() {
     }
 }
 
-// libcurl leaves no message of a transfer that is cut while it is being resumed.
-void FetchAhead::endCutAndLate() {
-    for (std::size_t i = running_.size(); i > 0; --i) {
-        const Transfer& transfer = *running_[i - 1];
-        Fetch& fetch = transfer.fetch();
-        if (transfer.cut()) {
-            settle(transfer, CURLE_WRITE_ERROR);
-        } else if (transfer.late()) {
-            remove(transfer);
-            fail(fetch, curl_easy_strerror(CURLE_OPERATION_TIMEDOUT));
-        }
-    }
-}
-
 void FetchAhead::settle(const Transfer& transfer, CURLcode code) {
     Fetch& fetch = transfer.fetch();
-    const bool answered = code == CURLE_OK || transfer.cut();
-    const bool wasHeld = transfer.wasHeld();
-    const std::string target = transfer.redirectTarget();
-    fetch.gzipped = transfer.gzipped();
-    remove(transfer);
-    if (answered && !target.empty()) {
-        redirect(fetch, target);
-    } else if (answered) {
-        fetch.state = FetchState::Answered;
-    } else if (wasHeld) {
-        beginAnew(fetch);
+    const std::string host = transfer.host();
+    const Reply reply = transfer.reply(code);
+    running_.erase(&transfer);
+    waiting_.leave(host);
+    fetch.spent += reply.taken;
+    fetch.answer.status = reply.status;
+    fetch.answer.failure = reply.failure;
+    if (reply.failure == UrlFailure::None && !reply.redirect.empty()) {
+        redirect(fetch, reply);
     } else {
-        fail(fetch, curl_easy_strerror(code));
+        conclude(fetch, host, reply);
     }
 }
 
-// Each redirection waits for its turn at the host that it leads to.
-void FetchAhead::redirect(Fetch& fetch, const std::string& target) {
-    ++fetch.redirects;
-    if (fetch.redirects > limits_.redirects) {
-        fail(fetch, curl_easy_strerror(CURLE_TOO_MANY_REDIRECTS));
+// Each redirect waits for its turn at the host that it leads to.
+void FetchAhead::redirect(Fetch& fetch, const Reply& reply) {
+    if (fetch.answer.redirects.size() == static_cast<std::size_t>(limits_.redirects)) {
+        end(fetch, UrlFailure::EndlessRedirects);
         return;
     }
-    dropBody(fetch);
-    fetch.address = target;
+    fetch.answer.redirects.push_back({reply.status, reply.redirect});
     enqueue(fetch);
 }
 
-void FetchAhead::fail(Fetch& fetch, const std::string& why) {
-    dropBody(fetch);
-    fetch.state = FetchState::Failed;
-    fetch.failure = why;
-}
-
-void FetchAhead::resumeHeld() {
-    for (const auto& transfer : running_) {
-        if (transfer->held() && (!transfer->fetch().ahead || !kept_.full())) {
-            transfer->resume();
+// A server that wants a pause gets it before the GET, too.
+void FetchAhead::conclude(Fetch& fetch, const std::string& host, const Reply& reply) {
+    const bool getNext = fetch.head && provesNothing(fetch.answer);
+    const bool mayWait = mayPass(fetch.answer) && fetch.retries < manners_.retries &&
+                         reply.retryAfter <= limits_.longestWish;
+    const bool wantsPause =
+        mayPass(fetch.answer) && (reply.status == TooManyRequests || reply.retryAfter.count() > 0);
+    fetch.head = fetch.head && !getNext;
+    if (getNext && !wantsPause) {
+        fetch.restart();
+        enqueue(fetch);
+    } else if (mayWait) {
+        retry(fetch, host, reply.retryAfter);
+    } else {
+        end(fetch, reply.failure);
+        if (fetch.request.reader != nullptr) {
+            fetch.request.reader->end(reply.contentType);
         }
     }
 }
 
-// A redirection can lead to a host whose places are all taken by held transfers, which in turn wait
-// for the redirected one. The last of them gives way.
-void FetchAhead::makeRoomForAsked() {
-    const Fetch& asked = asked_->second;
-    const bool hostFull = waiting_.full(asked.host);
-    if (asked.state != FetchState::Waiting || (!hostFull && running_.size() < limits_.inAll)) {
-        return;
-    }
-    const auto last = std::find_if(running_.rbegin(), running_.rend(), [&](const auto& transfer) {
-        return transfer->held() && (!hostFull || transfer->fetch().host == asked.host);
-    });
-    if (last != running_.rend()) {
-        Fetch& fetch = (*last)->fetch();
-        remove(**last);
-        beginAnew(fetch);
+void FetchAhead::retry(Fetch& fetch, const std::string& host, std::chrono::seconds wish) {
+    const std::chrono::milliseconds pause = limits_.pause * (1 + 2 * fetch.retries);
+    ++fetch.retries;
+    fetch.restart();
+    resting_.emplace(Clock::now() + std::max<std::chrono::milliseconds>(pause, wish), &fetch);
+    waiting_.rest(host, Clock::now() + wish);
+}
+
+void FetchAhead::wakeResting() {
+    while (!resting_.empty() && resting_.begin()->first <= Clock::now()) {
+        Fetch& fetch = *resting_.begin()->second;
+        resting_.erase(resting_.begin());
+        enqueue(fetch);
     }
 }
 
-void FetchAhead::beginAnew(Fetch& fetch) {
-    dropBody(fetch);
-    fetch.clock = FetchClock();
-    enqueue(fetch);
+void FetchAhead::end(Fetch& fetch, UrlFailure failure) {
+    fetch.answer.failure = failure;
+    fetch.ended = true;
+    ++ended_;
 }
 
-void FetchAhead::remove(const Transfer& transfer) {
-    waiting_.leave(transfer.fetch().host);
-    running_.erase(std::find_if(running_.begin(), running_.end(),
-                                [&](const auto& each) { return each.get() == &transfer; }));
-}
-
-void FetchAhead::dropBody(Fetch& fetch) {
-    if (fetch.ahead) {
-        kept_.release(fetch.body.size());
+void FetchAhead::endAll() {
+    running_.clear();
+    resting_.clear();
+    waiting_ = HostQueue(0);
+    for (auto& each : fetches_) {
+        if (!each.second.ended) {
+            end(each.second, UrlFailure::NotAsked);
+        }
     }
-    fetch.body = Body();
 }
 
 } // namespace quillmark

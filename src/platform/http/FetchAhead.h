@@ -4,63 +4,58 @@
 #include "platform/http/Fetch.h"
 #include "platform/http/FetchLimits.h"
 #include "platform/http/HostQueue.h"
-#include "platform/http/KeptAhead.h"
 #include "platform/http/Transfer.h"
 
 #include <chrono>
 #include <cstddef>
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
-#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace quillmark {
 
-/// Fetches a list of addresses, many at a time, while they are asked for one by one. Each is
-/// fetched once however often it is listed. A fetch that has to make room for the one asked for is
-/// begun anew later, and so is one that lost its connection while it was held.
+/// Asks a list of addresses, many at a time, while they are asked for one by one. Each is asked
+/// once however often it is listed, but for what the manners say of HEAD and retries.
 class FetchAhead {
 public:
-    /// `urls` in the order in which they will be asked for.
-    FetchAhead(const FetchLimits& limits, const std::vector<std::string>& urls);
+    /// `requests` in the order in which they will be asked for.
+    FetchAhead(const FetchLimits& limits, const FetchManners& manners,
+               const std::vector<UrlRequest>& requests);
 
-    /// Names the address that is wanted now, listed or not: its fetch goes before all others and is
-    /// never held. The fetch is there until deliver().
-    const Fetch& ask(std::string_view url);
+    /// The fetch of an address, listed or not; it stays where it is.
+    const Fetch& find(const UrlRequest& request);
     /// Starts, receives and ends what can be without waiting.
     void drive();
     /// Waits until there is something to drive, `slice` at most.
     void wait(std::chrono::milliseconds slice);
-    /// The body of the address asked for, whose fetch has ended. Throws a Failure when there is
-    /// none.
-    std::string deliver();
+    /// Tells the progress how many have ended.
+    void showProgress() const;
 
 private:
-    using Fetches = std::map<std::string, Fetch, std::less<>>;
+    using Clock = HostQueue::Clock;
 
     void enqueue(Fetch& fetch);
     void startWaiting();
-    void start(Fetch& fetch);
     void harvest();
-    void endCutAndLate();
     void settle(const Transfer& transfer, CURLcode code);
-    void redirect(Fetch& fetch, const std::string& target);
-    void fail(Fetch& fetch, const std::string& why);
-    void resumeHeld();
-    void makeRoomForAsked();
-    void beginAnew(Fetch& fetch);
-    void remove(const Transfer& transfer);
-    void dropBody(Fetch& fetch);
+    void redirect(Fetch& fetch, const Reply& reply);
+    void conclude(Fetch& fetch, const std::string& host, const Reply& reply);
+    void retry(Fetch& fetch, const std::string& host, std::chrono::seconds wish);
+    void wakeResting();
+    void end(Fetch& fetch, UrlFailure failure);
+    void endAll();
 
     FetchLimits limits_;
+    FetchManners manners_;
+    Clock::time_point start_ = Clock::now();
     CurlMulti multi_;
-    Fetches fetches_;
-    Fetches::iterator asked_ = fetches_.end();
+    std::unordered_map<std::string, Fetch> fetches_;
+    std::size_t ended_ = 0;
     HostQueue waiting_;
-    KeptAhead kept_;
-    std::vector<std::unique_ptr<Transfer>> running_; ///< In the order of their start.
+    std::multimap<Clock::time_point, Fetch*> resting_; ///< Until when.
+    std::map<const Transfer*, std::unique_ptr<Transfer>> running_;
 };
 
 } // namespace quillmark

@@ -1,33 +1,30 @@
 #include "platform/http/HostQueue.h"
 
+#include <algorithm>
+
 namespace quillmark {
 
-void HostQueue::push(Fetch& fetch) {
-    Host& host = hosts_[fetch.host];
-    withdraw(host);
-    host.waiting.emplace(fetch.order, &fetch);
-    offer(host);
+void HostQueue::push(const std::string& host, Fetch& fetch) {
+    Host& at = hosts_[host];
+    withdraw(at);
+    at.waiting.emplace(fetch.order, &fetch);
+    offer(at);
 }
 
-void HostQueue::putFirst(Fetch& fetch) {
-    Host& host = hosts_[fetch.host];
+Fetch* HostQueue::takeFirst(Clock::time_point now) {
+    const auto first = std::find_if(ready_.begin(), ready_.end(), [now](const auto& ready) {
+        return ready.second->restsUntil <= now;
+    });
+    if (first == ready_.end()) {
+        return nullptr;
+    }
+    Host& host = *first->second;
     withdraw(host);
-    host.waiting.erase(fetch.order);
-    fetch.order = 0;
-    host.waiting.emplace(fetch.order, &fetch);
-    offer(host);
-}
-
-Fetch* HostQueue::first() const {
-    return ready_.empty() ? nullptr : ready_.begin()->second->waiting.begin()->second;
-}
-
-void HostQueue::takeFirst() {
-    Host& host = *ready_.begin()->second;
-    withdraw(host);
+    Fetch* const fetch = host.waiting.begin()->second;
     host.waiting.erase(host.waiting.begin());
     ++host.running;
     offer(host);
+    return fetch;
 }
 
 void HostQueue::leave(const std::string& host) {
@@ -37,9 +34,9 @@ void HostQueue::leave(const std::string& host) {
     offer(left);
 }
 
-bool HostQueue::full(const std::string& host) const {
-    const auto found = hosts_.find(host);
-    return found != hosts_.end() && found->second.running >= toOneHost_;
+void HostQueue::rest(const std::string& host, Clock::time_point until) {
+    Host& resting = hosts_[host];
+    resting.restsUntil = std::max(resting.restsUntil, until);
 }
 
 void HostQueue::withdraw(const Host& host) {

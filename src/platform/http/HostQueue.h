@@ -2,6 +2,7 @@
 
 #include "platform/http/Fetch.h"
 
+#include <chrono>
 #include <cstddef>
 #include <map>
 #include <string>
@@ -12,22 +13,23 @@ namespace quillmark {
 /// other hosts need not wait behind it.
 class HostQueue {
 public:
+    using Clock = std::chrono::steady_clock;
+
     explicit HostQueue(std::size_t toOneHost) : toOneHost_(toOneHost) {}
 
-    void push(Fetch& fetch);
-    /// Puts a fetch that waits before all others.
-    void putFirst(Fetch& fetch);
-    /// The first in order whose host has room, or nullptr.
-    Fetch* first() const;
-    /// Takes first() out of the queue; it occupies its host until leave().
-    void takeFirst();
+    void push(const std::string& host, Fetch& fetch);
+    /// Takes out the first in order whose host has room, or nullptr. It occupies its host until
+    /// leave().
+    Fetch* takeFirst(Clock::time_point now);
     void leave(const std::string& host);
-    bool full(const std::string& host) const;
+    /// Leaves a host alone until then.
+    void rest(const std::string& host, Clock::time_point until);
 
 private:
     struct Host {
         std::map<std::size_t, Fetch*> waiting;
         std::size_t running = 0;
+        Clock::time_point restsUntil;
     };
 
     void withdraw(const Host& host);

@@ -1,7 +1,5 @@
 #include "platform/http/Inet.h"
 
-#include "platform/http/WebFailure.h"
-
 #include <chrono>
 
 namespace quillmark {
@@ -14,31 +12,32 @@ constexpr std::chrono::milliseconds Slice{25};
 } // namespace
 
 Inet::Inet(EventLoop& events, const RunState& state, const FetchLimits& limits)
-    : events_(events), state_(state), limits_(limits),
-      fetches_(std::make_unique<FetchAhead>(limits_, std::vector<std::string>())) {}
-
-void Inet::expect(std::vector<std::string> urls) {
-    fetches_ = std::make_unique<FetchAhead>(limits_, urls);
+    : events_(events), state_(state), limits_(limits) {
+    expect({}, {});
 }
 
-std::string Inet::OpenURL(std::string_view url) {
-    const Fetch& fetch = fetches_->ask(url);
+void Inet::expect(const std::vector<UrlRequest>& requests, const FetchManners& manners) {
+    fetches_ = std::make_unique<FetchAhead>(limits_, manners, requests);
+}
+
+UrlAnswer Inet::OpenURL(const UrlRequest& request) {
+    const Fetch& fetch = fetches_->find(request);
     fetches_->drive();
-    breathe();
-    while (!fetch.ended()) {
+    while (breathe()) {
+        if (fetch.ended) {
+            return fetch.answer;
+        }
         fetches_->wait(Slice);
         fetches_->drive();
-        breathe();
     }
-    return fetches_->deliver();
+    expect({}, {});
+    return {UrlFailure::NotAsked, 0, {}};
 }
 
-void Inet::breathe() {
+bool Inet::breathe() {
     events_.DoEvents();
-    if (state_.abort) {
-        expect({});
-        throw noAnswerFromTheWeb("the run was stopped");
-    }
+    fetches_->showProgress();
+    return !state_.abort;
 }
 
 } // namespace quillmark

@@ -7,25 +7,23 @@
 #include "run/UrlFetcher.h"
 
 #include <memory>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace quillmark {
 
-/// Fetches over http and https, other schemes never; certificates must be good, cookies and stored
-/// passwords are not used, the environment's proxies are. Events run while it waits, and an abort
-/// ends everything under way at once.
+/// Asks over http and https, other schemes never; certificates must be good, cookies and stored
+/// passwords are not used, the environment's proxies are. An abort ends everything under way at
+/// once.
 class Inet : public UrlFetcher {
 public:
     Inet(EventLoop& events, const RunState& state, const FetchLimits& limits = {});
 
-    /// Also forgets what was expected before, and closes its connections.
-    void expect(std::vector<std::string> urls) override;
-    std::string OpenURL(std::string_view url) override;
+    void expect(const std::vector<UrlRequest>& requests, const FetchManners& manners) override;
+    UrlAnswer OpenURL(const UrlRequest& request) override;
 
 private:
-    void breathe();
+    /// Lets events run; false if the run is being aborted.
+    bool breathe();
 
     EventLoop& events_;
     const RunState& state_;

@@ -1,9 +1,13 @@
 #include "platform/http/Transfer.h"
 
-#include "base/UpperCase.h"
 #include "base/Version.h"
+#include "platform/http/PrivateNetwork.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <utility>
+
+#include <sys/socket.h>
 
 namespace quillmark {
 
@@ -13,41 +17,66 @@ std::string userAgent() {
     return std::string(ApplicationTitle) + "/" + std::string(ApplicationVersion) + " (link check)";
 }
 
+template <typename Value> Value info(CURL* easy, CURLINFO which) {
+    Value value{};
+    curl_easy_getinfo(easy, which, &value);
+    return value;
+}
+
+std::string textInfo(CURL* easy, CURLINFO which) {
+    const char* const text = info<const char*>(easy, which);
+    return text == nullptr ? std::string() : text;
+}
+
+CurlList headersFor(const WebAddress& address, const std::vector<HeaderRule>& rules) {
+    CurlList list;
+    for (const HeaderRule& rule : rules) {
+        const auto prefix = WebAddress::parse(rule.prefix);
+        if (prefix && address.comparable().starts_with(prefix->comparable())) {
+            list.reset(curl_slist_append(list.release(), rule.line.c_str()));
+        }
+    }
+    return list;
+}
+
 } // namespace
 
-Transfer::Transfer(CURLM* multi, Fetch& fetch, const FetchLimits& limits, KeptAhead& kept)
-    : multi_(multi), fetch_(fetch), limits_(limits), kept_(kept), address_(fetch.address),
+Transfer::Transfer(CURLM* multi, Fetch& fetch, WebAddress address, const FetchLimits& limits,
+                   const FetchManners& manners)
+    : multi_(multi), fetch_(fetch), limits_(limits), address_(std::move(address)),
+      host_(address_.host()), headers_(headersFor(address_, manners.headers)),
       easy_(curl_easy_init()) {
     setOptions();
     setReceivers();
+    setManners(manners);
+    if (fetch_.request.reader != nullptr) {
+        fetch_.request.reader->begin();
+    }
     curl_multi_add_handle(multi_, easy_.get());
-    fetch_.clock.run();
 }
 
 Transfer::~Transfer() {
     curl_multi_remove_handle(multi_, easy_.get());
-    fetch_.clock.stop();
 }
 
 Transfer& Transfer::of(CURL* easy) {
-    char* transfer = nullptr;
-    curl_easy_getinfo(easy, CURLINFO_PRIVATE, &transfer);
-    return *reinterpret_cast<Transfer*>(transfer);
+    return *reinterpret_cast<Transfer*>(info<char*>(easy, CURLINFO_PRIVATE));
 }
 
-// Compressed bodies are kept as they come: libcurl would unpack a whole piece at once, and a piece
-// of a few bytes can unpack to more than the memory. HTTP/1.1, since requests that share a
-// connection would evade the limit of a host. Without a quick exit, Stop would wait for the name
-// server.
+// HTTP/1.1, since requests that share a connection would evade the limit of a host. Without a quick
+// exit, Stop would wait for the name server.
 void Transfer::setOptions() {
     CURL* const easy = easy_.get();
+    const auto left = std::max(limits_.wholeFetch - fetch_.spent, std::chrono::milliseconds(1));
     curl_easy_setopt(easy, CURLOPT_CURLU, address_.handle());
     curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
     curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
+    curl_easy_setopt(easy, CURLOPT_NOBODY, fetch_.head ? 1L : 0L);
     curl_easy_setopt(easy, CURLOPT_USERAGENT, userAgent().c_str());
+    curl_easy_setopt(easy, CURLOPT_HTTPHEADER, headers_.get());
     curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "gzip");
-    curl_easy_setopt(easy, CURLOPT_HTTP_CONTENT_DECODING, 0L);
     curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, long{limits_.connect.count()});
+    curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, long{left.count()});
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
 }
@@ -61,58 +90,95 @@ void Transfer::setReceivers() {
     curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
 }
 
-void Transfer::resume() {
-    held_ = false;
-    fetch_.clock.run();
-    curl_easy_pause(easy_.get(), CURLPAUSE_CONT);
-}
-
-std::string Transfer::redirectTarget() const {
-    const char* target = nullptr;
-    curl_easy_getinfo(easy_.get(), CURLINFO_REDIRECT_URL, &target);
-    return target == nullptr ? std::string() : std::string(target);
-}
-
-bool Transfer::gzipped() const {
-    curl_header* header = nullptr;
-    if (curl_easy_header(easy_.get(), "Content-Encoding", 0, CURLH_HEADER, -1, &header) !=
-        CURLHE_OK) {
-        return false;
+// A proxy would look up the name by itself, out of sight: addresses are asked without one.
+void Transfer::setManners(const FetchManners& manners) {
+    if (manners.excludePrivate) {
+        curl_easy_setopt(easy_.get(), CURLOPT_PROXY, "");
+        curl_easy_setopt(easy_.get(), CURLOPT_OPENSOCKETFUNCTION, &Transfer::openSocket);
+        curl_easy_setopt(easy_.get(), CURLOPT_OPENSOCKETDATA, this);
     }
-    const std::string encoding = upperAscii(header->value);
-    return encoding == "GZIP" || encoding == "X-GZIP";
+}
+
+Reply Transfer::reply(CURLcode code) const {
+    CURL* const easy = easy_.get();
+    Reply reply;
+    reply.status = answered_ ? status() : 0;
+    reply.failure = cut_ ? UrlFailure::None : failureOf(code);
+    reply.redirect = textInfo(easy, CURLINFO_REDIRECT_URL);
+    reply.contentType = textInfo(easy, CURLINFO_CONTENT_TYPE);
+    reply.retryAfter = std::chrono::seconds(info<curl_off_t>(easy, CURLINFO_RETRY_AFTER));
+    reply.taken = std::chrono::milliseconds(info<curl_off_t>(easy, CURLINFO_TOTAL_TIME_T) / 1000);
+    return reply;
+}
+
+int Transfer::status() const {
+    return static_cast<int>(info<long>(easy_.get(), CURLINFO_RESPONSE_CODE));
+}
+
+// A host that no network leads to from here may answer others.
+UrlFailure Transfer::failureOf(CURLcode code) const {
+    switch (code) {
+    case CURLE_OK:
+        return UrlFailure::None;
+    case CURLE_COULDNT_RESOLVE_HOST:
+        return UrlFailure::UnknownName;
+    case CURLE_COULDNT_CONNECT:
+        if (private_) {
+            return UrlFailure::PrivateNetwork;
+        }
+        return info<long>(easy_.get(), CURLINFO_OS_ERRNO) == ECONNREFUSED ? UrlFailure::Refused
+                                                                          : UrlFailure::Broken;
+    case CURLE_OPERATION_TIMEDOUT:
+        return UrlFailure::TimedOut;
+    case CURLE_SSL_CONNECT_ERROR:
+    case CURLE_PEER_FAILED_VERIFICATION:
+    case CURLE_SSL_CIPHER:
+    case CURLE_SSL_ISSUER_ERROR:
+    case CURLE_SSL_INVALIDCERTSTATUS:
+        return UrlFailure::Untrusted;
+    default:
+        return UrlFailure::Broken;
+    }
 }
 
 std::size_t Transfer::receiveBody(const char* bytes, std::size_t /*one*/, std::size_t count,
                                   void* transfer) {
-    return static_cast<Transfer*>(transfer)->body(bytes, count);
+    return static_cast<Transfer*>(transfer)->body({bytes, count}) ? count : 0;
+}
+
+std::size_t Transfer::receiveHeader(const char* bytes, std::size_t /*one*/, std::size_t count,
+                                    void* transfer) {
+    return static_cast<Transfer*>(transfer)->header({bytes, count}) ? count : 0;
+}
+
+curl_socket_t Transfer::openSocket(void* transfer, curlsocktype /*purpose*/,
+                                   curl_sockaddr* address) {
+    if (isPrivate(address->addr)) {
+        static_cast<Transfer*>(transfer)->private_ = true;
+        return CURL_SOCKET_BAD;
+    }
+    return ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+}
+
+// libcurl ends a transfer when it is told that fewer bytes were taken than it offered. What nobody
+// reads is taken as far as that is cheaper than a new connection.
+bool Transfer::body(std::string_view bytes) {
+    BodyReader* const reader = fetch_.request.reader;
+    const std::size_t limit = reader == nullptr ? limits_.unread : limits_.body;
+    const std::string_view wanted = bytes.substr(0, limit - bodyBytes_);
+    bodyBytes_ += wanted.size();
+    const bool goesOn = reader == nullptr || reader->take(wanted);
+    cut_ = !goesOn || wanted.size() < bytes.size();
+    return !cut_;
 }
 
 // libcurl remembers each header line by itself, which takes more memory than the line's bytes.
-std::size_t Transfer::receiveHeader(const char* /*bytes*/, std::size_t /*one*/, std::size_t count,
-                                    void* transfer) {
+bool Transfer::header(std::string_view line) {
     constexpr std::size_t LineCost = 128;
-    Transfer& self = *static_cast<Transfer*>(transfer);
-    self.headerBytes_ += count + LineCost;
-    return self.headerBytes_ > self.limits_.header ? 0 : count;
-}
-
-// libcurl ends a transfer when it is told that fewer bytes were taken than it offered.
-std::size_t Transfer::body(const char* bytes, std::size_t count) {
-    const std::size_t wanted = std::min(count, limits_.body - fetch_.body.size());
-    if (fetch_.ahead && !kept_.admit(wanted)) {
-        return hold();
-    }
-    fetch_.body.append({bytes, wanted});
-    cut_ = wanted < count;
-    return wanted;
-}
-
-std::size_t Transfer::hold() {
-    held_ = true;
-    wasHeld_ = true;
-    fetch_.clock.stop();
-    return CURL_WRITEFUNC_PAUSE;
+    headerBytes_ += line.size() + LineCost;
+    const bool ends = line == "\r\n" || line == "\n";
+    answered_ = answered_ || (ends && status() >= 200);
+    return headerBytes_ <= limits_.header;
 }
 
 } // namespace quillmark

@@ -3,21 +3,30 @@
 #include "platform/curl/CurlHandle.h"
 #include "platform/http/Fetch.h"
 #include "platform/http/FetchLimits.h"
-#include "platform/http/KeptAhead.h"
 #include "platform/http/WebAddress.h"
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 
 namespace quillmark {
 
-/// One request under way: what arrives goes into the fetch's body. It is held, its connection left
-/// unread, while no more may be kept ahead. Its end, early or not, takes it out of the multi
-/// handle.
+/// What one request came to.
+struct Reply {
+    int status = 0; ///< 0 unless a whole header arrived.
+    UrlFailure failure = UrlFailure::None;
+    std::string redirect; ///< Where it sends the asker on to; may be empty.
+    std::string contentType;
+    std::chrono::seconds retryAfter{}; ///< The pause that the server wants.
+    std::chrono::milliseconds taken{};
+};
+
+/// One request under way. Its end, early or not, takes it out of the multi handle.
 class Transfer {
 public:
-    /// Throws a Failure when the fetch's address is none. All arguments outlive the transfer.
-    Transfer(CURLM* multi, Fetch& fetch, const FetchLimits& limits, KeptAhead& kept);
+    /// All arguments but the address outlive the transfer.
+    Transfer(CURLM* multi, Fetch& fetch, WebAddress address, const FetchLimits& limits,
+             const FetchManners& manners);
     ~Transfer();
     Transfer(const Transfer&) = delete;
     Transfer& operator=(const Transfer&) = delete;
@@ -26,39 +35,37 @@ public:
     static Transfer& of(CURL* easy);
 
     Fetch& fetch() const { return fetch_; }
-    bool held() const { return held_; }
-    /// Whether it was ever held: a host may have lost its patience meanwhile.
-    bool wasHeld() const { return wasHeld_; }
-    /// Whether the body has been cut at the longest that is kept.
-    bool cut() const { return cut_; }
-    bool late() const { return fetch_.clock.spent() > limits_.wholeFetch; }
-    void resume();
-
-    /// Where the answer sends the asker to, or an empty text.
-    std::string redirectTarget() const;
-    /// Whether the answer is marked as a gzip stream.
-    bool gzipped() const;
+    /// The host that is asked, in upper case.
+    const std::string& host() const { return host_; }
+    /// What it came to, once libcurl said how it ended.
+    Reply reply(CURLcode code) const;
 
 private:
     static std::size_t receiveBody(const char* bytes, std::size_t one, std::size_t count,
                                    void* transfer);
     static std::size_t receiveHeader(const char* bytes, std::size_t one, std::size_t count,
                                      void* transfer);
+    static curl_socket_t openSocket(void* transfer, curlsocktype purpose, curl_sockaddr* address);
     void setOptions();
     void setReceivers();
-    std::size_t body(const char* bytes, std::size_t count);
-    std::size_t hold();
+    void setManners(const FetchManners& manners);
+    bool body(std::string_view bytes);
+    bool header(std::string_view line);
+    int status() const;
+    UrlFailure failureOf(CURLcode code) const;
 
     CURLM* multi_;
     Fetch& fetch_;
     const FetchLimits& limits_;
-    KeptAhead& kept_;
     WebAddress address_;
+    std::string host_;
+    CurlList headers_;
     CurlEasy easy_;
+    std::size_t bodyBytes_ = 0;
     std::size_t headerBytes_ = 0;
-    bool held_ = false;
-    bool wasHeld_ = false;
-    bool cut_ = false;
+    bool answered_ = false; ///< The header has ended.
+    bool cut_ = false;      ///< Nobody wants more of the body.
+    bool private_ = false;  ///< A connection into a private network was refused.
 };
 
 } // namespace quillmark

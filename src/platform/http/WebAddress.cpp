@@ -1,28 +1,37 @@
 #include "platform/http/WebAddress.h"
 
 #include "base/UpperCase.h"
-#include "platform/http/WebFailure.h"
 
 namespace quillmark {
 
-WebAddress::WebAddress(const std::string& text) : url_(curl_url()) {
-    if (text.find('\0') != std::string::npos) {
-        throw noAnswerFromTheWeb(curl_url_strerror(CURLUE_MALFORMED_INPUT));
+std::optional<WebAddress> WebAddress::parse(const std::string& text) {
+    WebAddress address{CurlUrl(curl_url())};
+    const CURLUcode code = curl_url_set(address.handle(), CURLUPART_URL, text.c_str(),
+                                        CURLU_URLENCODE | CURLU_ALLOW_SPACE);
+    const std::string scheme = address.part(CURLUPART_SCHEME);
+    if (code != CURLUE_OK || text.find('\0') != std::string::npos ||
+        (scheme != "http" && scheme != "https")) {
+        return std::nullopt;
     }
-    const CURLUcode code =
-        curl_url_set(url_.get(), CURLUPART_URL, text.c_str(), CURLU_URLENCODE | CURLU_ALLOW_SPACE);
-    if (code != CURLUE_OK) {
-        throw noAnswerFromTheWeb(curl_url_strerror(code));
-    }
+    return address;
 }
 
 std::string WebAddress::host() const {
-    char* part = nullptr;
-    if (curl_url_get(url_.get(), CURLUPART_HOST, &part, 0) != CURLUE_OK) {
+    return upperAscii(part(CURLUPART_HOST));
+}
+
+std::string WebAddress::comparable() const {
+    const std::string query = part(CURLUPART_QUERY);
+    return part(CURLUPART_SCHEME) + "://" + host() + ":" + part(CURLUPART_PORT) +
+           part(CURLUPART_PATH) + (query.empty() ? "" : "?" + query);
+}
+
+std::string WebAddress::part(CURLUPart which) const {
+    char* text = nullptr;
+    if (curl_url_get(url_.get(), which, &text, CURLU_DEFAULT_PORT) != CURLUE_OK) {
         return {};
     }
-    const CurlText name(part);
-    return upperAscii(name.get());
+    return CurlText(text).get();
 }
 
 } // namespace quillmark

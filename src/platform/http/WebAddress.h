@@ -2,22 +2,30 @@
 
 #include "platform/curl/CurlHandle.h"
 
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace quillmark {
 
-/// An absolute address as libcurl takes it apart. Blanks and bytes beyond ASCII are
-/// percent-encoded, as browsers do. Throws a Failure for what is no absolute address: without a
-/// scheme, with one that libcurl does not know, or with control bytes.
+/// An absolute address of http or https as libcurl takes it apart. Blanks and bytes beyond ASCII
+/// are percent-encoded, as browsers do.
 class WebAddress {
 public:
-    explicit WebAddress(const std::string& text);
+    /// Nothing for other schemes, addresses that are not absolute, and control bytes.
+    static std::optional<WebAddress> parse(const std::string& text);
 
     /// The host's name in upper case, without the port.
     std::string host() const;
+    /// "https://www.site.example:443/path?query": whoever compares the beginnings of two compares
+    /// hosts as a whole, since each is followed by ":" and its port.
+    std::string comparable() const;
     CURLU* handle() const { return url_.get(); }
 
 private:
+    explicit WebAddress(CurlUrl url) : url_(std::move(url)) {}
+    std::string part(CURLUPart which) const;
+
     CurlUrl url_;
 };
 

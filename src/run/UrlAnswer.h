@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quillmark {
+
+/// Why an address gave no whole answer.
+enum class UrlFailure : std::uint8_t {
+    None,
+    NoAddress,        ///< It is no address of http or https.
+    UnknownName,      ///< Its host has no entry in the name system.
+    Refused,          ///< Nobody listens there.
+    Untrusted,        ///< No secure connection, or a certificate that is not good.
+    PrivateNetwork,   ///< It leads into a network that must not be asked.
+    EndlessRedirects, ///< It is sent on more often than browsers follow.
+    RedirectNowhere,  ///< It is sent on to what is no address of http or https.
+    TimedOut,
+    Broken,  ///< The connection was lost, or what came is no HTTP.
+    NotAsked ///< The time for all addresses was over, or the run is being aborted.
+};
+
+/// Where a server sent the asker on to.
+struct Redirect {
+    int status = 0;
+    std::string to; ///< Absolute.
+};
+
+/// What became of a request. A whole answer has a status and no failure; an answer whose body was
+/// damaged or late has both.
+struct UrlAnswer {
+    UrlFailure failure = UrlFailure::None;
+    int status = 0;                  ///< Of the last answer; 0 where there was none.
+    std::vector<Redirect> redirects; ///< The last one leads to the address that answered.
+};
+
+} // namespace quillmark
