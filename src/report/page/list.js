@@ -3,7 +3,36 @@
 const firstChunk = 200;
 const largestChunk = 2000;
 const mostPrinted = 2000;
-const mostTableRows = 250; // A long table is laid out again with each row that comes: begin another.
+// The browser lays a long table out again with each row that comes, so another one follows it.
+const mostTableRows = 250;
+
+function isIn(path, folderOrFile) {
+    const isFolder = folderOrFile === '' || folderOrFile.endsWith('/');
+    return isFolder ? path.startsWith(folderOrFile) : path === folderOrFile;
+}
+
+/** The items by the group that `groupOf` gives, as {name, items}. */
+function grouped(items, groupOf) {
+    const groups = new Map();
+    for (const item of items) {
+        const name = groupOf(item);
+        if (!groups.has(name)) {
+            groups.set(name, {name, items: []});
+        }
+        groups.get(name).items.push(item);
+    }
+    return [...groups.values()];
+}
+
+function sorted(groups, sort) {
+    if (sort.groups) {
+        groups.sort(sort.groups);
+    }
+    if (sort.items) {
+        groups.forEach((group) => group.items.sort(sort.items));
+    }
+    return groups;
+}
 
 /** The list of one view: what a search and the chosen folder leave of it, in groups, row by row. */
 class FindingList {
@@ -11,18 +40,18 @@ class FindingList {
         this.search = document.getElementById('search');
         this.group = document.getElementById('group');
         this.sort = document.getElementById('sort');
+        this.rows = document.getElementById('rows');
         this.more = document.getElementById('more');
         this.search.addEventListener('input', () => this.#refresh());
         this.group.addEventListener('change', () => this.#refresh());
         this.sort.addEventListener('change', () => this.#refresh());
         this.more.addEventListener('click', () => this.#addRows(largestChunk));
-        new IntersectionObserver(([seen]) => seen.isIntersecting && this.#addRows(this.chunk), {
-            rootMargin: '1500px',
-        }).observe(this.more);
+        const addSeen = ([seen]) => seen.isIntersecting && this.#addRows(this.chunk);
+        new IntersectionObserver(addSeen, {rootMargin: '1500px'}).observe(this.more);
         addEventListener('beforeprint', () => this.#preparePrint());
     }
 
-    /** Shows a view of what lies in a folder ("" for the site) or in one file. */
+    /** Shows a view of what lies in a folder ("" for the site), or of one file. */
     show(view, path) {
         if (view !== this.view) {
             this.view = view;
@@ -41,126 +70,108 @@ class FindingList {
     #refresh() {
         const found = this.#found();
         this.grouping = this.view.groups[this.group.selectedIndex];
-        const groups = this.#grouped(found);
-        this.rows = groups.flatMap((group) => [{group}, ...group.items.map((item) => ({item}))]);
+        const groups = grouped(found, this.grouping.of);
+        const sort = this.view.sorts[this.sort.selectedIndex];
+        this.lines = sorted(groups, sort).flatMap((group) => [{group}, ...group.items]);
         this.next = 0;
         this.chunk = firstChunk;
         this.#tell(found.length);
-        document.getElementById('rows').replaceChildren(found.length > 0 ? '' : this.#nothing());
+        this.rows.replaceChildren(found.length > 0 ? '' : this.#nothing());
         this.#addRows(firstChunk);
     }
 
     /** The items in the chosen folder that hold all words of the search. */
     #found() {
         const words = this.search.value.toLowerCase().split(/\s+/).filter(Boolean);
-        const isHere = (path) =>
-            this.path === '' || this.path.endsWith('/') ? path.startsWith(this.path) : path === this.path;
-        return (this.view.items ?? []).filter(
-            (item) => isHere(item.path) && words.every((word) => textOf(item).includes(word)),
-        );
-    }
-
-    #grouped(items) {
-        const groups = new Map();
-        for (const item of items) {
-            const name = this.grouping.of(item);
-            if (!groups.has(name)) {
-                groups.set(name, {name, items: []});
-            }
-            groups.get(name).items.push(item);
-        }
-        const sort = this.view.sorts[this.sort.selectedIndex];
-        const sorted = [...groups.values()];
-        if (sort.groups) {
-            sorted.sort(sort.groups);
-        }
-        if (sort.items) {
-            sorted.forEach((group) => group.items.sort(sort.items));
-        }
-        return sorted;
+        const holdsWords = (item) => words.every((word) => textOf(item).includes(word));
+        const items = this.view.items ?? [];
+        return items.filter((item) => isIn(item.path, this.path) && holdsWords(item));
     }
 
     #tell(number) {
         const {items, one, many} = this.view;
         const all = items?.length ?? 0;
-        const said = number === all ? counted(all, one, many) : number.toLocaleString('en') + ' of ' + counted(all, one, many);
+        const some = number === all ? '' : number.toLocaleString('en') + ' of ';
         const where = this.path === '' ? [] : [', in ', shown(this.path)];
-        document.getElementById('count').replaceChildren(said, ...where);
+        const count = document.getElementById('count');
+        count.replaceChildren(some + counted(all, one, many), ...where);
         document.getElementById('everywhere').hidden = this.path === '';
         document.getElementById('list-title').textContent = many[0].toUpperCase() + many.slice(1);
     }
 
     #nothing() {
         const {items, many, praise} = this.view;
+        const said = (text, className = 'nothing') => element('p', {className}, text);
         if (items === null) {
-            return element('p', {className: 'nothing'}, 'The check did not look for ' + many + '.');
+            return said('The check did not look for ' + many + '.');
         }
         if (items.length > 0) {
-            return element('p', {className: 'nothing'}, 'Nothing here. Look elsewhere, or search for less.');
+            const isSearch = this.search.value.trim() !== '';
+            return said(isSearch ? 'Nothing holds these words.' : 'No ' + many + ' here.');
         }
-        const said = results.finished ? praise : undefined;
-        return element('p', {className: said ? 'nothing praise' : 'nothing'}, said ?? 'No ' + many + '.');
+        const isSound = praise && results.finished;
+        return isSound ? said(praise, 'nothing praise') : said('No ' + many + '.');
     }
 
-    /** Appends the next rows; each time more, so that the end of a long list is soon reached. */
+    /** Appends the next rows. */
     #addRows(number) {
-        const end = Math.min(this.next + number, this.rows.length);
         const added = document.createDocumentFragment();
-        for (; this.next < end; ++this.next) {
-            const {group, item} = this.rows[this.next];
-            if (group) {
-                this.heading = this.#heading(group);
-                added.append(this.#newTable());
-            } else {
-                if (this.body.childElementCount === mostTableRows) {
-                    added.append(this.#newTable());
-                }
-                this.body.append(this.#itemRow(item));
+        for (const line of this.lines.slice(this.next, this.next + number)) {
+            if (line.group) {
+                const heading = this.#heading(line.group);
+                this.label = heading.textContent;
+                added.append(this.#newTable(heading));
+                continue;
             }
+            if (this.body.childElementCount === mostTableRows) {
+                added.append(this.#newTable(''));
+            }
+            this.body.append(this.#row(line));
         }
-        document.getElementById('rows').append(added);
-        const left = this.rows.length - this.next;
+        this.rows.append(added);
+        this.next = Math.min(this.next + number, this.lines.length);
+        // More each time, so that the end of a long list is soon reached.
         this.chunk = Math.min(2 * this.chunk, largestChunk);
+        this.#offerMore();
+    }
+
+    #offerMore() {
+        const left = this.lines.length - this.next;
         this.more.hidden = left === 0;
         this.more.textContent = 'Show more (' + left.toLocaleString('en') + ' left)';
     }
 
     #heading(group) {
         const title = this.grouping.title?.(group);
-        const number = element('span', {className: 'number'}, ' ' + group.items.length.toLocaleString('en'));
-        return element('h3', {}, title ?? shown(group.name), title ? '' : number);
+        if (title) {
+            return element('h3', {}, title);
+        }
+        const number = ' ' + group.items.length.toLocaleString('en');
+        return element('h3', {}, shown(group.name), element('span', {className: 'number'}, number));
     }
 
-    /** A table under the heading of its group. The browser leaves out those that are out of sight. */
-    #newTable() {
-        const heads = this.grouping.columns.map(([className, title]) =>
-            element('th', {scope: 'col', className}, title),
-        );
+    /**
+     * A table for the rows to come, in a section that the browser leaves out while nobody sees it.
+     */
+    #newTable(heading) {
         this.body = element('tbody');
-        const head = element('thead', {}, element('tr', {}, ...heads));
-        const heading = this.heading;
-        this.heading = '';
-        return element('section', {}, heading, element('table', {}, head, this.body));
+        const table = newTable(this.label, this.grouping.columns, this.body);
+        return element('section', {}, heading, table);
     }
 
-    #itemRow(item) {
-        const cells = this.grouping.cells(item);
-        return element(
-            'tr',
-            {},
-            ...cells.map((cell, i) =>
-                element('td', {className: this.grouping.columns[i][0]}, ...cell),
-            ),
-        );
+    #row(item) {
+        const {columns, cells} = this.grouping;
+        const made =
+            cells(item).map((cell, i) => element('td', {className: columns[i][0]}, ...cell));
+        return element('tr', {}, ...made);
     }
 
     #preparePrint() {
         this.#addRows(Math.max(0, mostPrinted - this.next));
-        const left = this.rows.length - this.next;
+        const left = this.lines.length - this.next;
         const note = document.getElementById('unprinted');
         note.hidden = left === 0;
-        note.textContent =
-            counted(left, 'more line is', 'more lines are') +
+        note.textContent = counted(left, 'more line is', 'more lines are') +
             ' not printed. Search, or choose a folder, to print what you need.';
     }
 }

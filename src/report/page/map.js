@@ -1,6 +1,11 @@
 'use strict';
 
+const paper = {
+    width: 700,
+    height: 340
+}; // Pixels: #rectangles on paper.
 const titleHeight = 20;
+const shortestName = 56; // Pixels: less shows no more than the beginning of a name.
 const frameEdge = 2;
 const smallestArea = 80; // Square pixels: what is smaller is drawn as one, for nobody could hit it.
 const smallestInside = 12; // Pixels: a folder with less room is drawn as one rectangle.
@@ -57,14 +62,17 @@ function put(made, box, around) {
 
 /** Draws what a folder holds into its frame, folders in folders, as far as there is room. */
 function fillFrame(frame, frameBox, folder, box) {
-    const draw = (state, part) => frame.append(put(element('span', {className: state}), part, frameBox));
+    const draw = (className, part) => {
+        frame.append(put(element('span', {className}), part, frameBox));
+    };
     if (box.width < smallestInside || box.height < smallestInside) {
         draw(folder.state, box);
         return;
     }
     layOut(folder, box, (child, part) => {
         if (child.children) {
-            fillFrame(frame, frameBox, child, folder.children.size > 1 ? inside(part, frameEdge) : part);
+            const isOnly = folder.children.size === 1;
+            fillFrame(frame, frameBox, child, isOnly ? part : inside(part, frameEdge));
         } else {
             draw(child.state, part);
         }
@@ -83,6 +91,8 @@ class SiteMap {
         this.area = document.getElementById('rectangles');
         this.area.addEventListener('keydown', (event) => this.#key(event));
         new ResizeObserver(() => this.#draw()).observe(this.area);
+        addEventListener('beforeprint', () => this.#draw(paper));
+        addEventListener('afterprint', () => this.#draw());
     }
 
     /** Shows a folder, or the folder of a file. */
@@ -93,7 +103,8 @@ class SiteMap {
         this.folder = folderAt(path);
         this.#draw();
         if (hadFocus && left !== this.folder.path) {
-            this.#focus(this.#drawn().find((made) => left === made.dataset.path) ?? this.#drawn()[0]);
+            const drawn = this.#drawn();
+            this.#focus(drawn.find((made) => made.dataset.path === left) ?? drawn[0]);
         }
     }
 
@@ -101,10 +112,10 @@ class SiteMap {
         return [...this.area.children];
     }
 
-    #draw() {
+    #draw({width, height} = {width: this.area.clientWidth, height: this.area.clientHeight}) {
         const hadFocus = this.area.contains(document.activeElement);
         const focused = hadFocus ? document.activeElement.dataset.path : this.chosen;
-        const box = {x: 0, y: 0, width: this.area.clientWidth, height: this.area.clientHeight};
+        const box = {x: 0, y: 0, width, height};
         const drawn = [];
         layOut(this.folder, box, (node, part) => {
             drawn.push(put(this.#rectangle(node, part), part, box));
@@ -126,7 +137,7 @@ class SiteMap {
         made.className = node.children ? 'frame' : 'file ' + node.state;
         made.dataset.path = node.path ?? '';
         made.addEventListener('click', () => this.#press(node));
-        if (box.width > 36 && box.height > titleHeight) {
+        if (box.width > shortestName && box.height > titleHeight) {
             made.append(element('span', {className: 'name'}, shown(name)));
         }
         if (node.children) {

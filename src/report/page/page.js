@@ -1,6 +1,9 @@
 'use strict';
 
-const chosen = {view: 'errors', path: ''};
+const chosen = {
+    view: 'errors',
+    path: ''
+};
 const list = new FindingList();
 const map = new SiteMap(choosePath);
 
@@ -14,9 +17,9 @@ function refresh() {
 
 /** Shows a folder, or what is the matter with a file. */
 function choosePath(path) {
-    const view = {errors: 'errors', unused: 'unused', duplicate: 'duplicates'}[files.get(path)?.state];
+    const viewsOfStates = {errors: 'errors', unused: 'unused', duplicate: 'duplicates'};
     chosen.path = path;
-    chooseView(view ?? chosen.view);
+    chooseView(viewsOfStates[files.get(path)?.state] ?? chosen.view);
 }
 
 function chooseView(name) {
@@ -25,26 +28,29 @@ function chooseView(name) {
     refresh();
 }
 
+/** A total, which shows its view. */
 function viewChoice(name) {
-    const view = views[name];
-    const number = view.items ? view.items.length.toLocaleString('en') : '–';
-    const words = view.items ? (view.items.length === 1 ? view.one : view.many) : view.many + ' not looked for';
-    const tone = view.items?.length > 0 ? '' : ' none';
+    const {items, one, many} = views[name];
     const input = element('input', {type: 'radio', name: 'view', id: 'view-' + name});
     input.addEventListener('change', () => chooseView(name));
-    return element('label', {className: 'tone-' + name + tone}, input, element('strong', {}, number), ' ' + words);
+    const number = element('strong', {}, items ? items.length.toLocaleString('en') : '–');
+    const words = items?.length === 1 ? one : many;
+    const className = 'tone-' + name + (items?.length > 0 ? '' : ' none');
+    return element(
+        'label', {className}, input, number, ' ' + words + (items ? '' : ' not looked for')
+    );
 }
 
 function tellCheck() {
     document.title = counted(errors.length, 'error') + ': ' + siteName;
     document.getElementById('site').append(shown(siteName));
-    const folders = counted(results.folders, 'folder');
-    document.getElementById('circumstances').append(
-        shown(results.top),
-        ` · ${counted(results.read, 'file')} read · ${counted(results.references, 'reference')}` +
-            ` · ${counted(files.size, 'file')} in ${folders}` +
-            (hasSizes ? ', ' + sizeOf(site.size) : ''),
-    );
+    const seen = [
+        counted(results.read, 'file') + ' read',
+        counted(results.references, 'reference'),
+        counted(files.size, 'file') + ' in ' + counted(results.folders, 'folder'),
+        ...(hasSizes ? [sizeOf(site.size)] : []),
+    ];
+    document.getElementById('circumstances').append(shown(results.top), ' · ' + seen.join(' · '));
     document.getElementById('map-title').textContent = hasSizes ? 'The site by size' : 'The site';
     document.getElementById('made').textContent = results.made;
     const outcome = document.getElementById('outcome');

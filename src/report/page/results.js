@@ -29,8 +29,8 @@ function ignoredItem([reason, page, line, column, reference]) {
 }
 
 const findings = results.findings.map(findingItem);
-const [errors, notes, known] = [0, 1, 2].map((level) =>
-    findings.filter((finding) => finding.level === level),
+const [errors, notes, known] = [0, 1, 2].map(
+    (level) => findings.filter((finding) => finding.level === level),
 );
 
 /** The files of the site by path: {path, size, state, errors}. */
@@ -40,9 +40,12 @@ for (const [path, size, isUnused] of results.files) {
 }
 const unused = [...files.values()].filter((file) => file.state === 'unused');
 
-const duplicates = (results.duplicates ?? []).flatMap((group, number) =>
-    group.map((file) => ({...files.get(results.files[file][0]), number})),
-);
+const duplicates =
+    (results.duplicates ?? [])
+        .flatMap(
+            (group, number) =>
+                group.map((file) => ({...files.get(results.files[file][0]), number})),
+        );
 for (const {path} of duplicates) {
     files.get(path).state = 'duplicate';
 }
@@ -56,9 +59,9 @@ for (const {path} of errors) {
 
 /** The lower-case text that a search looks into; made when it is first needed. */
 function textOf(item) {
-    item.text ??= [item.path, item.reference, item.kind, item.suggestion, item.before, item.after]
-        .join('\n')
-        .toLowerCase();
+    const {path, reference, target, kind, suggestion, before, after} = item;
+    const texts = [path, reference, target, kind, suggestion, before, after];
+    item.text ??= texts.join('\n').toLowerCase();
     return item.text;
 }
 

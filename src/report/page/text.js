@@ -1,7 +1,8 @@
 'use strict';
 
 // Signs that change how the text around them is shown, or that nobody sees.
-const hiddenSigns = /[\u00ad\u061c\u200b-\u200f\u2028-\u202e\u2060-\u2069\ufeff\u{e0000}-\u{e007f}]/gu;
+const hiddenSigns =
+    /[\u00ad\u061c\u200b-\u200f\u2028-\u202e\u2060-\u2069\ufeff\u{e0000}-\u{e007f}]/gu;
 
 /**
  * Makes an element. Children are nodes, or strings, which become text: names and references of the
@@ -40,6 +41,14 @@ function controlSign(sign) {
 /** The same for attributes, which hold no elements. */
 function plain(text) {
     return text.replace(hiddenSigns, (sign) => controlSign(sign).textContent);
+}
+
+/** A table with a name for those who do not see it; columns are [class, title]. */
+function newTable(name, columns, body) {
+    const heads =
+        columns.map(([className, title]) => element('th', {scope: 'col', className}, title));
+    const head = element('thead', {}, element('tr', {}, ...heads));
+    return element('table', {'aria-label': name}, head, body);
 }
 
 /** "1 error", "41,000 errors" */

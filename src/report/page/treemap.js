@@ -18,11 +18,9 @@ function divide(sizes, {x, y, width, height}) {
         let along = isColumn ? y : x;
         for (const size of row) {
             const length = (size / rowSize) * side;
-            rectangles.push(
-                isColumn
-                    ? {x, y: along, width: thickness, height: length}
-                    : {x: along, y, width: length, height: thickness},
-            );
+            const column = {x, y: along, width: thickness, height: length};
+            const line = {x: along, y, width: length, height: thickness};
+            rectangles.push(isColumn ? column : line);
             along += length;
         }
         if (isColumn) {

@@ -5,8 +5,11 @@
 // the group's name, the columns as [class, title], and the cells of an item. `sorts` holds
 // comparisons of groups, {name, items}, and of items; without one, they stay in their order.
 
-const place = [findings.some((finding) => finding.place) ? 'place' : 'no place', 'Place'];
-const reference = ['', 'Reference'];
+const hasPlaces = findings.some((finding) => finding.place);
+const placeColumn = [hasPlaces ? 'place' : 'no place', 'Place'];
+const pageColumn = ['page place', 'Page'];
+const referenceColumn = ['', 'Reference'];
+const wrongColumn = ['wrong', 'What is wrong'];
 
 /** The line of the page, with the reference marked. */
 function sourceOf({before, after, reference: written}) {
@@ -28,29 +31,33 @@ function meantCell({suggestion}) {
     return suggestion ? ['did you mean ', shown(suggestion, 'meant'), '?'] : [];
 }
 
+function wrongCell(item) {
+    return [element('div', {}, item.kind), ...meantCell(item)];
+}
+
+function pageCell({path, place}) {
+    return [shown(path), ' ', place];
+}
+
 const byPage = {
     name: 'Page',
     of: (item) => item.path,
-    columns: [place, reference, ['wrong', 'What is wrong']],
-    cells: (item) => [
-        [item.place],
-        referenceCell(item),
-        [element('div', {}, item.kind), ...meantCell(item)],
-    ],
+    columns: [placeColumn, referenceColumn, wrongColumn],
+    cells: (item) => [[item.place], referenceCell(item), wrongCell(item)],
 };
 
 const byKind = {
     name: 'Kind',
     of: (item) => item.kind,
-    columns: [['place page', 'Page'], reference, ['wrong', 'What was meant']],
-    cells: (item) => [[shown(item.path), ' ', item.place], referenceCell(item), meantCell(item)],
+    columns: [pageColumn, referenceColumn, ['wrong', 'What was meant']],
+    cells: (item) => [pageCell(item), referenceCell(item), meantCell(item)],
 };
 
 const byTarget = {
     name: 'Target',
     of: (item) => item.target,
-    columns: [['place page', 'Page'], reference, ['wrong', 'What is wrong']],
-    cells: (item) => [[shown(item.path), ' ', item.place], ...byPage.cells(item).slice(1)],
+    columns: [pageColumn, referenceColumn, wrongColumn],
+    cells: (item) => [pageCell(item), referenceCell(item), wrongCell(item)],
 };
 
 const ofFile = {
@@ -58,7 +65,11 @@ const ofFile = {
     cells: (item) => [[shown(item.path)], [sizeOf(item.size)]],
 };
 
-const byFolder = {...ofFile, name: 'Folder', of: (item) => '/' + pathAbove(item.path)};
+const byFolder = {
+    ...ofFile,
+    name: 'Folder',
+    of: (item) => '/' + pathAbove(item.path)
+};
 
 const byContent = {
     ...ofFile,
@@ -69,7 +80,10 @@ const byContent = {
 };
 
 const bytesOf = (group) => group.items.reduce((sum, item) => sum + item.size, 0);
-const byName = {name: 'By name', groups: (a, b) => byText(a.name, b.name)};
+const byName = {
+    name: 'By name',
+    groups: (a, b) => byText(a.name, b.name)
+};
 const sortsOfPages = [
     {name: 'In page order'},
     {name: 'Most first', groups: (a, b) => b.items.length - a.items.length},
@@ -84,7 +98,10 @@ const sortsOfFiles = [
     },
 ];
 
-const ofFindings = {groups: [byPage, byTarget, byKind], sorts: sortsOfPages};
+const ofFindings = {
+    groups: [byPage, byTarget, byKind],
+    sorts: sortsOfPages
+};
 
 const views = {
     errors: {

@@ -23,22 +23,19 @@ function showWay(path, choose) {
 function tableRow(node, choose) {
     const name = node.name + (node.children ? '/' : '');
     const cells = [pathButton(node.path, name, choose), sizeOf(node.size), stateOf(node)];
-    return element('tr', {}, ...cells.map((cell) => element('td', {}, cell)));
+    const classes = ['', 'size', ''];
+    return element(
+        'tr', {}, ...cells.map((cell, i) => element('td', {className: classes[i]}, cell))
+    );
 }
 
 /** Lists what a folder holds, for those who cannot use the map or want to know exactly. */
 function showTable(folder, choose) {
     const nodes = [...folder.children.values()].sort((a, b) => b.size - a.size);
-    const heads = ['Name', 'Size', 'State'].map((name) => element('th', {scope: 'col'}, name));
     const rows = nodes.slice(0, mostFolderRows).map((node) => tableRow(node, choose));
+    const columns = [['', 'Name'], ['size', 'Size'], ['', 'State']];
+    const table = newTable('This folder', columns, element('tbody', {}, ...rows));
     const rest = nodes.length - rows.length;
-    document.querySelector('#contents div').replaceChildren(
-        element(
-            'table',
-            {},
-            element('thead', {}, element('tr', {}, ...heads)),
-            element('tbody', {}, ...rows),
-        ),
-        rest > 0 ? element('p', {className: 'hint'}, 'and ' + counted(rest, 'smaller one')) : '',
-    );
+    const note = element('p', {className: 'hint'}, 'and ' + counted(rest, 'smaller one'));
+    document.querySelector('#contents div').replaceChildren(table, rest > 0 ? note : '');
 }
