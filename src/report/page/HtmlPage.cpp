@@ -50,6 +50,24 @@ std::string now() {
     return text.str();
 }
 
+/// Texts that many findings share, each of which is written once.
+class SharedTexts {
+public:
+    /// Where the text stands among all().
+    std::size_t numberOf(std::string_view text) {
+        const auto number = numbers_.try_emplace(std::string(text), all_.size());
+        if (number.second) {
+            all_.push_back(number.first->first);
+        }
+        return number.first->second;
+    }
+    const std::vector<std::string_view>& all() const { return all_; }
+
+private:
+    std::unordered_map<std::string, std::size_t> numbers_;
+    std::vector<std::string_view> all_;
+};
+
 /// Writes the results as the page's script reads them: rows of values, without names.
 class PageResults {
 public:
@@ -61,9 +79,8 @@ public:
         writeNames();
         writeFiles();
         writeFindings();
-        writeArray("targets", targets_, [this](std::string_view target) {
-            out_ << pageText(report_.shownPath(target));
-        });
+        writeTexts("explanations", explanations_.all());
+        writeTexts("targets", targets_.all());
         writeArray("ignored", site_.ignored, [this](const IgnoredReference& ignored) {
             out_ << "[" << static_cast<int>(ignored.reason) << ",";
             writePlace(ignored.at);
@@ -83,21 +100,16 @@ private:
              << ",\"made\":" << pageText(made) << ",\"read\":" << report_.counts.pages
              << ",\"references\":" << report_.counts.references
              << ",\"folders\":" << report_.counts.folders
+             << ",\"addresses\":" << site_.addresses.size()
              << ",\"unusedKnown\":" << bit(report_.run->unusedPass == PassProgress::Done);
     }
 
     void writeNames() {
-        std::vector<std::string_view> kinds;
-        for (std::size_t kind = 0; kind < FindingKinds; ++kind) {
-            kinds.push_back(explanationOf(static_cast<FindingKind>(kind)));
-        }
         std::vector<std::string_view> reasons;
         for (std::size_t reason = 0; reason < IgnoredReasons; ++reason) {
             reasons.push_back(nameOf(static_cast<IgnoredReason>(reason)));
         }
-        const auto text = [this](std::string_view name) { out_ << pageText(name); };
-        writeArray("kinds", kinds, text);
-        writeArray("reasons", reasons, text);
+        writeTexts("reasons", reasons);
         writeArray("pages", site_.pages, [this](const SitePage& page) {
             out_ << pageText(report_.shownPath(site_.path(page.target)));
         });
@@ -131,11 +143,11 @@ private:
             const int level =
                 report_.isKnown(next++) ? KnownLevel : static_cast<int>(finding.level);
             const Excerpt source = sourceOf(finding.at);
-            out_ << "[" << static_cast<int>(finding.kind) << "," << level << ",";
+            out_ << "[" << explanations_.numberOf(explanationOf(finding)) << "," << level << ",";
             writePlace(finding.at);
-            out_ << "," << pageText(finding.reference) << "," << numberOf(finding.target) << ","
-                 << pageText(finding.suggestion) << "," << sourceText(source.before) << ","
-                 << sourceText(source.after) << "]";
+            out_ << "," << pageText(finding.reference) << ","
+                 << targets_.numberOf(targetOf(finding)) << "," << pageText(finding.suggestion)
+                 << "," << sourceText(source.before) << "," << sourceText(source.after) << "]";
         });
     }
 
@@ -153,16 +165,14 @@ private:
         return source_->around(at.line, at.column);
     }
 
-    /// Where a target stands in targets_; -1 for none.
-    int numberOf(std::string_view target) {
-        if (target.empty()) {
-            return -1;
-        }
-        const auto number = numbers_.emplace(target, static_cast<int>(targets_.size()));
-        if (number.second) {
-            targets_.push_back(target);
-        }
-        return number.first->second;
+    /// What findings of one cause have in common.
+    std::string targetOf(const Finding& finding) const {
+        return finding.target.empty() ? std::string(finding.reference)
+                                      : report_.shownPath(finding.target);
+    }
+
+    void writeTexts(std::string_view name, const std::vector<std::string_view>& texts) {
+        writeArray(name, texts, [this](std::string_view text) { out_ << pageText(text); });
     }
 
     template <typename Items, typename Write>
@@ -182,8 +192,8 @@ private:
     std::ostream& out_;
     const CheckReport& report_;
     const SiteResults& site_;
-    std::vector<std::string_view> targets_;
-    std::unordered_map<std::string_view, int> numbers_;
+    SharedTexts explanations_;
+    SharedTexts targets_;
     std::optional<SourceLines> source_; ///< Of the page sourcePage_.
     std::uint32_t sourcePage_ = 0;
 };

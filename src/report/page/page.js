@@ -48,6 +48,7 @@ function tellCheck() {
         counted(results.read, 'file') + ' read',
         counted(results.references, 'reference'),
         counted(files.size, 'file') + ' in ' + counted(results.folders, 'folder'),
+        ...(results.addresses ? [counted(results.addresses, 'web address', 'web addresses')] : []),
         ...(hasSizes ? [sizeOf(site.size)] : []),
     ];
     document.getElementById('circumstances').append(shown(results.top), ' · ' + seen.join(' · '));

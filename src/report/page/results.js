@@ -9,14 +9,15 @@ function placeOf(line, column) {
 }
 
 function findingItem(row) {
-    const [kind, level, page, line, column, reference, target, suggestion, before, after] = row;
+    const [explanation, level, page, line, column, reference, target, suggestion, before, after] =
+        row;
     return {
         path: results.pages[page],
-        kind: results.kinds[kind],
+        kind: results.explanations[explanation],
         level,
         place: placeOf(line, column),
         reference,
-        target: target < 0 ? reference : results.targets[target],
+        target: results.targets[target],
         suggestion,
         before,
         after,
