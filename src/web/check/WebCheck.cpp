@@ -6,7 +6,7 @@
 #include "web/address/PathSegments.h"
 #include "web/check/Phases.h"
 #include "web/discovery/Discovery.h"
-#include "web/judge/PageQueue.h"
+#include "web/judge/PageJudge.h"
 #include "web/site/HostSource.h"
 #include "web/site/InventoryWalk.h"
 #include "web/verdict/Diagnosis.h"
@@ -89,8 +89,8 @@ private:
         outside_.messages.post("Taking the Inventory");
         std::vector<std::string> troubles;
         phases_.perform("Taking the Inventory", [&] {
-            web::takeInventory(source_, {profile_.MAX_LEVELS}, phases_, results_, inventory_,
-                               troubles);
+            web::takeInventory(source_, {profile_.MAX_LEVELS, threads()}, phases_, results_,
+                               inventory_, troubles);
         });
         postTroubles(troubles);
     }
@@ -119,7 +119,7 @@ private:
     }
 
     void readFrom(std::uint32_t start) {
-        PageQueue queue(judge_, threads());
+        PageQueue queue(pageJudges(judge_), threads());
         Discovery discovery(results_, inventory_, kinds_, queue, found_,
                             {phases_.done, phases_.known});
         results_.files[start].used = true;
@@ -136,7 +136,7 @@ private:
 
     unsigned threads() const {
         if (!source_.severalAtOnce()) {
-            return 0;
+            return 1;
         }
         return options_.threads > 0 ? options_.threads
                                     : std::max(1U, std::thread::hardware_concurrency());

@@ -6,6 +6,7 @@
 #include "web/judge/Fragment.h"
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
 
 namespace quillmark::web {
@@ -246,6 +247,13 @@ void PageJudge::addIgnored(IgnoredReason reason, const PageReference& reference,
     judged.reason = reason;
     judged.written = keepWritten(reference.text, page);
     page.references.push_back(judged);
+}
+
+std::function<PageQueue::Work()> pageJudges(const JudgeContext& context) {
+    return [&context]() -> PageQueue::Work {
+        return [judge = std::make_shared<PageJudge>(context)](
+                   const PageTask& task, JudgedPage& page) { judge->judge(task, page); };
+    };
 }
 
 } // namespace quillmark::web

@@ -2,10 +2,11 @@
 
 #include "run/SiteSource.h"
 #include "web/address/Address.h"
-#include "web/judge/JudgedPage.h"
+#include "web/judge/PageQueue.h"
 #include "web/judge/Patterns.h"
 #include "web/judge/TargetFinder.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -50,5 +51,8 @@ private:
     Address address_;
     std::string path_; ///< What was found for the address.
 };
+
+/// What a PageQueue has its threads do.
+std::function<PageQueue::Work()> pageJudges(const JudgeContext& context);
 
 } // namespace quillmark::web

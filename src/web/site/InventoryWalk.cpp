@@ -1,6 +1,7 @@
 #include "web/site/InventoryWalk.h"
 
 #include "base/Failure.h"
+#include "base/OrderedQueue.h"
 #include "web/address/PathSegments.h"
 
 #include <algorithm>
@@ -15,19 +16,39 @@ namespace {
 constexpr std::size_t LongestPath = 4096;
 constexpr int MostLinks = 40;
 
+/// A folder's entries, by name.
+struct ListedFolder {
+    std::vector<SiteEntry> entries;
+    std::string trouble; ///< Why it could not be listed; empty if it was.
+};
+using FolderQueue = OrderedQueue<std::string, ListedFolder>;
+
+FolderQueue::Work listing(SiteSource& source) {
+    return [&source](const std::string& folder, ListedFolder& listed) {
+        listed = {};
+        try {
+            listed.entries = source.list(folder);
+        } catch (const Failure& failure) {
+            listed.trouble = failure.description();
+        }
+        std::sort(listed.entries.begin(), listed.entries.end(),
+                  [](const SiteEntry& a, const SiteEntry& b) { return a.name < b.name; });
+    };
+}
+
 class InventoryWalk {
 public:
     InventoryWalk(SiteSource& source, const WalkLimits& limits, StopToken& stop,
                   SiteResults& results, Inventory& inventory, std::vector<std::string>& troubles)
         : source_(source), limits_(limits), stop_(stop), results_(results), inventory_(inventory),
-          troubles_(troubles) {}
+          troubles_(troubles), queue_([&source] { return listing(source); }, limits.threads) {}
 
     void perform() {
-        listFolder(results_.top, 0);
+        queue_.add(std::string(results_.top));
+        takeFolder(results_.top, 0);
         for (std::size_t i = 0; i < results_.folders.size() && !stop_.stopped(); ++i) {
-            const int depth = depths_[i];
-            if (limits_.folders == 0 || depth <= limits_.folders) {
-                listFolder(results_.folders[i], depth);
+            if (isEntered(depths_[i])) {
+                takeFolder(results_.folders[i], depths_[i]);
             } else {
                 inventory_.addNotListed(fromTop(results_.folders[i]));
             }
@@ -51,21 +72,18 @@ private:
         return full.substr(results_.top.size());
     }
 
-    void listFolder(std::string_view folder, int depth) {
-        std::vector<SiteEntry> entries;
-        try {
-            entries = source_.list(std::string(folder));
-        } catch (const Failure& failure) {
-            troubles_.push_back("Cannot list " + std::string(folder) + ": " +
-                                failure.description());
+    bool isEntered(int depth) const { return limits_.folders == 0 || depth <= limits_.folders; }
+
+    void takeFolder(std::string_view folder, int depth) {
+        ListedFolder& listed = queue_.take();
+        if (!listed.trouble.empty()) {
+            troubles_.push_back("Cannot list " + std::string(folder) + ": " + listed.trouble);
             inventory_.addNotListed(fromTop(folder));
             return;
         }
-        std::sort(entries.begin(), entries.end(),
-                  [](const SiteEntry& a, const SiteEntry& b) { return a.name < b.name; });
         const bool hidden = isHidden(fromTop(folder));
         std::string path(folder);
-        for (SiteEntry& entry : entries) {
+        for (SiteEntry& entry : listed.entries) {
             path.resize(folder.size());
             path += entry.name;
             if (path.size() > LongestPath) {
@@ -87,6 +105,9 @@ private:
         inventory_.addFolder(fromTop(kept), static_cast<std::uint32_t>(results_.folders.size()));
         results_.folders.push_back(kept);
         depths_.push_back(depth);
+        if (isEntered(depth)) {
+            queue_.add(path);
+        }
     }
 
     void addFile(const std::string& path, SiteEntry&& entry, bool hidden) {
@@ -198,6 +219,7 @@ private:
     SiteResults& results_;
     Inventory& inventory_;
     std::vector<std::string>& troubles_;
+    FolderQueue queue_;
     std::vector<int> depths_; ///< By folder.
     std::vector<Link> links_; ///< By ascending file.
     std::size_t tooLong_ = 0;

@@ -11,7 +11,8 @@ namespace quillmark::web {
 
 /// How the inventory is taken.
 struct WalkLimits {
-    int folders = 0; ///< How many folders below the top are entered, 0 for all.
+    int folders = 0;      ///< How many folders below the top are entered, 0 for all.
+    unsigned threads = 1; ///< That list folders.
 };
 
 /// Lists the site below `results.top` into files and folders, hidden ones too, each folder's names

@@ -68,7 +68,7 @@ void Diagnosis::diagnoseMissing(const OpenFinding& open, Finding& finding) {
     std::optional<std::string> meant = encodedName(open);
     if (isOnThisComputer(open, path)) {
         finding.kind = FindingKind::ThisComputerOnly;
-        const std::string absolute = "/" + std::string(path);
+        const std::string absolute = std::string("/").append(path);
         const std::string_view inside = results_.fromTop(absolute);
         meant = inventory_.file(inside) ? std::optional(std::string(inside)) : std::nullopt;
     } else if (!meant) {
@@ -86,7 +86,7 @@ bool Diagnosis::isOnThisComputer(const OpenFinding& open, std::string_view path)
     if (!open.fromTop || machine_ == nullptr || path.empty() || path.ends_with('/')) {
         return false;
     }
-    const std::string absolute = "/" + std::string(path);
+    const std::string absolute = std::string("/").append(path);
     return absolute.starts_with(results_.top) ||
            (machine_->answers(absolute) && !machine_->answers(absolute + '/'));
 }
@@ -104,8 +104,10 @@ std::optional<std::string> Diagnosis::encodedName(const OpenFinding& open) const
 }
 
 std::string Diagnosis::suggestion(const OpenFinding& open, std::string_view path) const {
-    std::string text = open.fromTop ? "/" + asReference(addresses_.topFolder() + std::string(path))
-                                    : relativeReference(baseOf(open.at.page), path);
+    std::string text =
+        open.fromTop
+            ? std::string("/").append(asReference(addresses_.topFolder() + std::string(path)))
+            : relativeReference(baseOf(open.at.page), path);
     return text.append(suffixOf(open.reference));
 }
 
