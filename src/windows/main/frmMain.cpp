@@ -162,10 +162,17 @@ void frmMain::check() {
     closeIfAsked();
 }
 
+// As a browser and most servers see the site: with the web rules, and capital letters count.
 void frmMain::checkAgainWithWebRules() {
-    Rules& rules = context_.workspace.settings.profile.RULES;
+    Settings& settings = context_.workspace.settings;
+    Rules& rules = settings.profile.RULES;
+    std::int16_t& ignoreCase = settings.configuration.IGNORECASE;
+    const auto unchanged = qScopeGuard([&, oldRules = rules, oldIgnoreCase = ignoreCase] {
+        rules = oldRules;
+        ignoreCase = oldIgnoreCase;
+    });
     rules = Rules::Web;
-    const auto unchanged = qScopeGuard([&rules] { rules = Rules::Classic; });
+    ignoreCase = 0;
     guarded(this, [this] {
         run_.requireStartFile();
         check();
@@ -290,6 +297,14 @@ void frmMain::showNotice() {
          readingWarnings(workspace.run.reading, workspace.lists.GetFileList.Count())) {
         notice += shown(warning);
     }
+    const bool web = workspace.site.filled;
+    if (web && workspace.settings.configuration.IGNORECASE == 1) {
+        notice +=
+            "Names that differ in capital letters only were taken for equal, since Ignore Case "
+            "is ticked in the options. Most web servers tell them apart.";
+    }
+    ui_->cmdWebRules->setText(web ? "&Check Again With Letter Case"
+                                  : "&Check Again With Web Rules");
     ui_->lblNotice->setText(notice.join('\n'));
     ui_->noticeBar->setVisible(!notice.isEmpty());
 }

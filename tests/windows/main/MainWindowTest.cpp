@@ -236,6 +236,28 @@ private slots:
         QVERIFY(dialog.acted());
     }
 
+    void offersToTellCapitalLettersApart() {
+        TestProgram program;
+        const TempFolder site;
+        site.write("Team.html", "");
+        const std::string page = site.write("index.html", "<a href=team.html>\n").string();
+        const WhenModal dialog(named("frmProfile"), [&](QWidget& profile) {
+            child<QLineEdit>(profile, "StartPath")
+                .setText(QString::fromStdString(ToBackSlashes(page)));
+            child<QComboBox>(profile, "cmbRules").setCurrentText("Web");
+            press(profile, "cmdStart");
+        });
+        press(program.window(), "cmdStart");
+        QVERIFY(dialog.acted());
+        auto& button = program.control<QPushButton>("cmdWebRules");
+        QVERIFY(button.isVisible());
+        QCOMPARE(button.text(), "&Check Again With Letter Case");
+        QVERIFY(frameAfterChoosing(program, "Invalid References", "All Files").contains("0 "));
+        press(program.window(), "cmdWebRules");
+        QVERIFY(!button.isVisible());
+        QVERIFY(frameAfterChoosing(program, "Invalid References", "All Files").contains("1 Error"));
+    }
+
     void toolTipsOfMessagesShowWhatLooksLikeMarkUp() {
         TestProgram program;
         const std::string start = "C:\\<img src=x.gif>\\index.html";
