@@ -2,8 +2,9 @@
 """A web server with every habit, good and bad, that a link check meets.
 
 Usage: web_server.py PORT [TLS_PORT CERTIFICATE KEY]. It listens on all of 127.0.0.0/8 and counts
-the requests of each path; /report answers with one line "COUNT PATH" for each, and with the most
-requests that were under way at once, in all and to one host.
+the requests of each path; /report answers with one line "COUNT PATH" for each ("COUNT HEAD PATH"
+for those without a body), and with the most requests that were under way at once, in all and to one
+host.
 """
 
 import asyncio
@@ -11,16 +12,20 @@ import functools
 import gzip
 import ssl
 import sys
+import time
 from collections import Counter
+from email.utils import formatdate
 
 NOT_FOUND = b"<h1>404 File Not Found</h1>"
 MEGABYTE = b"x" * 1024 * 1024
 
 REQUESTS, BUSY, MOST = Counter(), Counter(), Counter()
+STAMPS = []  # The pause of the last /later.
+HEADERS = []  # Of the last request: "Name:value".
 
 
-def begin(host, path):
-    REQUESTS[path] += 1
+def begin(host, path, method):
+    REQUESTS[path if method == "GET" else f"{method} {path}"] += 1
     for key, name in (("in all", "in all"), (host, "to one host")):
         BUSY[key] += 1
         MOST[name] = max(MOST[name], BUSY[key])
@@ -28,6 +33,7 @@ def begin(host, path):
 
 def report(*_):
     counts = sorted(REQUESTS.items()) + sorted(MOST.items())
+    counts += [("ms of pause", int(1000 * pause)) for pause in STAMPS]
     return answer("".join(f"{count} {name}\n" for name, count in counts).encode())
 
 
@@ -36,8 +42,8 @@ def answer(body, status="200 OK", *headers):
     return "\r\n".join(head).encode() + b"\r\n\r\n" + body
 
 
-def redirect(target):
-    return answer(b"", "302 Found", f"Location: {target}")
+def redirect(target, status="302 Found"):
+    return answer(b"", status, f"Location: {target}")
 
 
 def zipped(body):
@@ -50,6 +56,53 @@ def page(path, _writer):
 
 def missing(path, _writer):
     return answer(NOT_FOUND if path.endswith("text") else b"Nothing here", "404 Not Found")
+
+
+def status(path, _writer):
+    """/status/404"""
+    return answer(b"", path.split("/")[2] + " So it is")
+
+
+def headless(path, _writer):
+    """/headless/404 answers so to HEAD only."""
+    return answer(b"Here") if REQUESTS[path] else status(path, _writer)
+
+
+async def mute(path, _writer):
+    """Never answers a HEAD."""
+    return answer(b"Here") if REQUESTS[path] else await never(path, _writer)
+
+
+def asked(path):
+    return REQUESTS[path] + REQUESTS[f"HEAD {path}"]
+
+
+def busy(path, _writer):
+    """/busy/503/2 is busy for two requests."""
+    _, _, code, times = path.split("/")
+    return status(f"/status/{code}", None) if asked(path) <= int(times) else answer(b"Here")
+
+
+def later(path, _writer):
+    """/later/2 wants a pause of two seconds, and says so in seconds; /later/date/2 as a date."""
+    if asked(path) > 1:
+        STAMPS.append(time.monotonic() - STAMPS.pop())
+        return answer(b"Here")
+    STAMPS.append(time.monotonic())
+    wish = path.rsplit("/", 1)[1]
+    if "date" in path:
+        wish = formatdate(time.time() + int(wish), usegmt=True)
+    return answer(b"", "429 Too Many Requests", f"Retry-After: {wish}")
+
+
+def wants(path, _writer):
+    """/wants/NAME:VALUE is there for those who send that header."""
+    return answer(b"", "200 OK" if path.split("/")[2] in HEADERS else "404 Not Found")
+
+
+def ids(_path, _writer):
+    return answer(b"<h1 id=here>Here</h1><h1 id=user-content-made>", "200 OK",
+                  "Content-Type: text/html; charset=utf-8")
 
 
 def hop(path, _writer):
@@ -120,7 +173,16 @@ HABITS = {
     "never": never,
     "big": big,
     "to": lambda path, _: redirect(path.split("?", 1)[1]),
+    "good": lambda path, _: redirect(path.split("?", 1)[1], "301 For Good"),
+    "better": lambda path, _: redirect(path.split("?", 1)[1], "308 For Good"),
     "loop": lambda path, _: redirect(path),
+    "status": status,
+    "headless": headless,
+    "mute": mute,
+    "busy": busy,
+    "later": later,
+    "wants": wants,
+    "ids": ids,
     "lie": lambda *_: answer(NOT_FOUND),
     "zipped": lambda *_: zipped(NOT_FOUND),
     "damaged": lambda *_: answer(b"no gzip", "200 OK", "Content-Encoding: gzip"),
@@ -137,14 +199,16 @@ async def serve(reader, writer):
     host = writer.get_extra_info("sockname")[0]
     try:
         while head := await reader.readuntil(b"\r\n\r\n"):
-            path = head.split(b" ", 2)[1].decode("latin-1")
-            begin(host, path)
+            method, path = head.decode("latin-1").split(" ", 2)[:2]
+            HEADERS[:] = head.decode("latin-1").replace(": ", ":").split("\r\n")
+            begin(host, path, method)
             try:
                 whole = HABITS[path.split("/")[1].split("?")[0]](path, writer)
                 whole = await whole if asyncio.iscoroutine(whole) else whole
             finally:
                 BUSY.subtract(("in all", host))
-            writer.write(whole or b"")
+            whole = whole or b""
+            writer.write(whole.split(b"\r\n\r\n")[0] + b"\r\n\r\n" if method == "HEAD" else whole)
             await writer.drain()
     except (ConnectionError, asyncio.IncompleteReadError, KeyError):
         pass

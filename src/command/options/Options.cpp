@@ -4,6 +4,7 @@
 #include "base/Version.h"
 #include "command/options/NamedLists.h"
 #include "command/options/OutputOptions.h"
+#include "command/options/UrlOptions.h"
 #include "settings/Profile.h"
 
 #include <CLI/CLI.hpp>
@@ -101,16 +102,6 @@ void addHost(CLI::App& app, Options& options) {
         ->group(group);
     app.add_option("--trace", options.trace, "Write the conversation with the host to this file")
         ->type_name("FILE")
-        ->group(group);
-    app.add_option("--fetches", options.fetches,
-                   "Fetch at most this many web references at a time (32 if not given)")
-        ->type_name("N")
-        ->check(CLI::Range(1, 1000))
-        ->group(group);
-    app.add_option("--fetches-per-host", options.fetchesToOneHost,
-                   "Fetch at most this many at a time from one server (8 if not given)")
-        ->type_name("N")
-        ->check(CLI::Range(1, 1000))
         ->group(group);
 }
 
@@ -225,6 +216,7 @@ ParsedOptions parseOptions(int argc, const char* const* argv) {
     addSource(app, parsed.options);
     addWebRules(app, parsed.options);
     addHost(app, parsed.options);
+    addUrlOptions(app, parsed.options);
     addProfileCommands(app, parsed.options);
     addOutput(app, parsed.options);
     try {

@@ -62,6 +62,7 @@ struct Options {
     std::optional<std::string> siteUrl;
     std::optional<std::string> root; ///< The top of the site, in the machine's or host's form.
     web::WebOptions web;
+    bool checkUrls = false;
     bool ignoreCase = false;
     bool strict = false;
     bool quiet = false;

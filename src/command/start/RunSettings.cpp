@@ -114,6 +114,9 @@ void applyWebRules(const Options& options, Settings& settings) {
     if (options.rules) {
         setByKey(settings, "RULES", *options.rules);
     }
+    if (options.checkUrls) {
+        profile.CHECK_URL = 1;
+    }
     if (options.siteUrl) {
         profile.SITE_URL = *options.siteUrl;
     }

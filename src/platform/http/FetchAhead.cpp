@@ -9,9 +9,11 @@ namespace {
 
 constexpr int TooManyRequests = 429;
 
-/// Whether the same request may be answered otherwise in a moment.
+/// Whether the same request may be answered otherwise in a moment. A connection is lost by chance,
+/// too, or because its server sends a body after a HEAD.
 bool mayPass(const UrlAnswer& answer) {
-    return answer.failure == UrlFailure::TimedOut || answer.status == TooManyRequests ||
+    return answer.failure == UrlFailure::TimedOut || answer.failure == UrlFailure::Broken ||
+           answer.status == TooManyRequests ||
            (answer.status >= 500 && answer.status < 600);
 }
 

@@ -101,8 +101,8 @@ private:
             const auto sound = std::count_if(all.begin(), all.end(), [](const AskedAddress& asked) {
                 return !asked.verdict.has_value();
             });
-            out_ << counted(all.size(), "web address", "web addresses") << " asked, " << sound
-                 << " sound\n";
+            out_ << counted(all.size(), "web address", "web addresses") << ", " << sound
+                 << " of them sound\n";
         }
     }
 

@@ -2,6 +2,7 @@
 
 #include "web/address/PathSegments.h"
 #include "web/address/PercentCoding.h"
+#include "web/address/ReferenceText.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,44 +12,6 @@ namespace quillmark::web {
 namespace {
 
 constexpr std::uint16_t HttpsPort = 443;
-
-bool isSlash(char c) {
-    return c == '/' || c == '\\';
-}
-
-bool isStripped(char c) {
-    return static_cast<unsigned char>(c) <= 0x20;
-}
-
-bool isLineBreak(char c) {
-    return c == '\t' || c == '\n' || c == '\r';
-}
-
-/// Without the blanks and control characters around it, and the tabs and line breaks in it.
-std::string_view cleanedText(std::string_view text, std::string& cleaned) {
-    while (!text.empty() && isStripped(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isStripped(text.back())) {
-        text.remove_suffix(1);
-    }
-    if (std::none_of(text.begin(), text.end(), isLineBreak)) {
-        return text;
-    }
-    cleaned = text;
-    std::erase_if(cleaned, isLineBreak);
-    return cleaned;
-}
-
-std::optional<std::string_view> cutFragment(std::string_view& text) {
-    const std::size_t hash = text.find('#');
-    if (hash == std::string_view::npos) {
-        return std::nullopt;
-    }
-    std::string_view fragment = text.substr(hash + 1);
-    text = text.substr(0, hash);
-    return fragment.substr(0, fragment.find(":~:"));
-}
 
 bool isDrive(std::string_view text) {
     return text.size() >= 2 && text[1] == '|' && (text[0] | 0x20) >= 'a' &&
@@ -98,7 +61,7 @@ void Addresses::follow(std::string_view text, const Base& base, Address& address
     address.path.clear();
     address.fromTop = false;
     address.unreachable = false;
-    text = cleanedText(text, address.cleaned);
+    text = cleanedReference(text, address.cleaned);
     address.fragment = cutFragment(text);
     if (const std::string_view scheme = schemeOf(text); !scheme.empty()) {
         followAbsolute(scheme, text.substr(scheme.size() + 1), base, address);

@@ -7,6 +7,7 @@
 #include "web/check/Phases.h"
 #include "web/discovery/Discovery.h"
 #include "web/judge/PageJudge.h"
+#include "web/links/LinkCheck.h"
 #include "web/site/HostSource.h"
 #include "web/site/InventoryWalk.h"
 #include "web/verdict/Diagnosis.h"
@@ -69,6 +70,8 @@ public:
         judge();
         findUnused();
         findDuplicates();
+        checkLinks();
+        finishFindings();
         postTroubles(found_.troubles);
         outside_.listener.RemoveThinking();
     }
@@ -170,7 +173,6 @@ private:
             Diagnosis(results_, found_, inventory_, addresses_, meanings,
                       state_.localMode ? &source_ : nullptr)
                 .perform(phases_);
-            std::stable_sort(results_.findings.begin(), results_.findings.end(), isEarlier);
         });
         if (profile_.IGNORE_CGI == 1) {
             std::erase_if(results_.ignored, [](const IgnoredReference& ignored) {
@@ -178,7 +180,6 @@ private:
                        ignored.reference.find(".CGI") != std::string_view::npos;
             });
         }
-        countFindings(results_);
         state_.invalidPass = state_.abort ? PassProgress::Stopped : PassProgress::Done;
     }
 
@@ -203,6 +204,22 @@ private:
             }
         });
         state_.duplicatesPass = state_.abort ? PassProgress::Stopped : PassProgress::Done;
+    }
+
+    /// Last, since it takes longest: a Stop loses nothing else. The run's thread does it itself.
+    void checkLinks() {
+        if (state_.abort || profile_.CHECK_URL != 1) {
+            return;
+        }
+        outside_.messages.post("Checking Web Addresses");
+        outside_.listener.InitializeThinking("Checking Web Addresses");
+        const bool plain = schemeOf(profile_.SITE_URL).size() == std::string_view("http").size();
+        LinkCheck(results_, state_, options_, outside_, plain ? "http" : "https").perform();
+    }
+
+    void finishFindings() {
+        std::stable_sort(results_.findings.begin(), results_.findings.end(), isEarlier);
+        countFindings(results_);
     }
 
     void postTroubles(const std::vector<std::string>& troubles) {

@@ -2,6 +2,7 @@
 
 #include "settings/Profile.h"
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -15,10 +16,16 @@ struct WebOptions {
     bool cleanUrls = false;           ///< "about" finds about.html.
     bool allPages = false;            ///< Reads every page of the inventory.
     unsigned threads = 0;             ///< That read pages; 0 is one a core.
+
+    // Where the profile has web addresses checked:
+    bool urlFragments = false;         ///< Looks for their fragments in the pages that answer.
+    bool excludePrivate = false;       ///< Asks none in private networks.
+    std::vector<std::string> headers;  ///< "https://www.site.example/ Name: value".
+    std::chrono::seconds urlTime{600}; ///< For all of them together.
 };
 
-/// Throws a Failure that names the first pattern that is no regular expression, or a site address
-/// that is none.
+/// Throws a Failure that names the first pattern that is no regular expression, a header that is
+/// none, or a site address that is none.
 void requireSoundOptions(const WebOptions& options, const Profile& profile);
 
 } // namespace quillmark::web

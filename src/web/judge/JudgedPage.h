@@ -3,6 +3,7 @@
 #include "findings/Finding.h"
 #include "web/page/PageContent.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,6 +11,9 @@
 #include <vector>
 
 namespace quillmark::web {
+
+/// A longer reference is shown cut: data: addresses hold whole files.
+inline constexpr std::size_t LongestShown = 4096;
 
 /// A file that is to be read for its references.
 struct PageTask {

@@ -16,9 +16,6 @@ namespace {
 using Target = JudgedReference::Target;
 using What = Found::What;
 
-/// A longer reference is shown cut: data: addresses hold whole files.
-constexpr std::size_t LongestShown = 4096;
-
 JudgedReference::Text keep(std::string_view text, JudgedPage& page) {
     const JudgedReference::Text part{static_cast<std::uint32_t>(page.texts.size()),
                                      static_cast<std::uint32_t>(text.size())};

@@ -1,11 +1,10 @@
 #include "classic/verify/ReferencePasses.h"
+#include "integration/http/WebServer.h"
 #include "platform/http/Inet.h"
-#include "support/Process.h"
 #include "support/RunFakes.h"
 
 #include <algorithm>
 #include <chrono>
-#include <optional>
 #include <string>
 
 #include <malloc.h>
@@ -20,40 +19,6 @@ namespace quillmark::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-/// The web server of the tests, with a certificate that nobody has signed.
-class WebServer {
-public:
-    WebServer() {
-        run({{"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=localhost",
-              "-keyout", key_, "-out", certificate_}});
-        process_.emplace(Command{{"python3", WEB_SERVER, std::to_string(port_),
-                                  std::to_string(tlsPort_), certificate_, key_}});
-        EXPECT_TRUE(waitForPort(tlsPort_)) << process_->errSoFar();
-    }
-    std::string url(const std::string& path, const std::string& host = "127.0.0.1") const {
-        return "http://" + host + ":" + std::to_string(port_) + path;
-    }
-    std::string tlsUrl() const { return "https://localhost:" + std::to_string(tlsPort_) + "/page"; }
-
-private:
-    TempFolder folder_;
-    std::string key_ = (folder_.path() / "key.pem").string();
-    std::string certificate_ = (folder_.path() / "certificate.pem").string();
-    int port_ = freePort();
-    int tlsPort_ = freePort();
-    std::optional<Process> process_;
-};
-
-class WholeBody : public BodyReader {
-public:
-    void begin() override { text.clear(); }
-    bool take(std::string_view bytes) override {
-        text += bytes;
-        return true;
-    }
-    std::string text;
-};
 
 /// One URL pass with the real fetcher, and the server that it meets.
 struct UrlPass {
@@ -74,19 +39,7 @@ struct UrlPass {
         ReferencePasses(context, bench.limit, references, files).checkURLs();
     }
     int passed() const { return bench.lists.ReferenceList.Count(); }
-    /// What the server says of the path, or of the most requests at once.
-    int reported(const std::string& what) {
-        WholeBody body;
-        inet.expect({}, {});
-        inet.OpenURL({server.url("/report"), &body});
-        std::istringstream report(body.text);
-        for (std::string line; std::getline(report, line);) {
-            if (line.substr(line.find(' ') + 1) == what) {
-                return std::stoi(line);
-            }
-        }
-        return 0;
-    }
+    int reported(const std::string& what) { return server.reported(inet, what); }
 
     WebServer server;
     RunBench bench;

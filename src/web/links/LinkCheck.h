@@ -1,0 +1,53 @@
+#pragma once
+
+#include "findings/SiteResults.h"
+#include "run/Outside.h"
+#include "run/RunState.h"
+#include "web/check/WebOptions.h"
+#include "web/links/LinkPage.h"
+#include "web/links/LinkVerdict.h"
+
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmark::web {
+
+/// Asks the web addresses among the ignored references, each once, and files what is wrong with
+/// them.
+class LinkCheck {
+public:
+    /// `ownScheme` is that of the site: "https".
+    LinkCheck(SiteResults& results, const RunState& state, const WebOptions& options,
+              Outside& outside, std::string_view ownScheme);
+
+    /// Appends addresses and findings, and takes the references that were judged off the ignored
+    /// ones. The abort flag ends it; what was judged until then stays.
+    void perform();
+
+private:
+    struct Link {
+        std::string address;
+        LinkPage* page = nullptr; ///< Looks for fragments in it.
+        bool asked = false;
+        LinkVerdict verdict;
+    };
+    void gather();
+    void wantFragment(Link& link, std::string_view fragment);
+    void ask();
+    void take(Link& link, const UrlAnswer& answer);
+    void fileOccurrences();
+    void file(const IgnoredReference& ignored, const Link& link);
+
+    SiteResults& results_;
+    const RunState& state_;
+    const WebOptions& options_;
+    Outside& outside_;
+    std::string_view ownScheme_;
+    std::deque<Link> links_;
+    std::vector<Link*> linkOf_; ///< By ignored reference; null where it leads to no web address.
+    std::deque<LinkPage> pages_;
+};
+
+} // namespace quillmark::web

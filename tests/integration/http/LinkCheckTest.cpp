@@ -1,0 +1,209 @@
+#include "integration/http/WebServer.h"
+#include "platform/http/Inet.h"
+#include "support/RunFakes.h"
+#include "web/check/WebCheck.h"
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace quillmark::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A check of one page with the real fetcher, and the server that its links lead to.
+struct LinkBench {
+    explicit LinkBench(FetchLimits limits = {}) : inet(bench.events, bench.state, quick(limits)) {
+        bench.settings.profile.RULES = Rules::Web;
+        bench.settings.profile.CHECK_URL = 1;
+        bench.state.localMode = true;
+    }
+    static FetchLimits quick(FetchLimits limits) {
+        limits.pause = 10ms;
+        return limits;
+    }
+    /// Each link stands on a line of its own.
+    void check(const std::vector<std::string>& links) {
+        std::string page;
+        for (const std::string& link : links) {
+            page += link.starts_with('<') ? link : "<a href='" + link + "'>";
+            page += "\n";
+        }
+        bench.site.write("index.html", page);
+        bench.settings.profile.START_PATH = ToBackSlashes(bench.path("index.html"));
+        Outside outside{bench.messages, bench.disk,   bench.host,    inet,
+                        bench.window,   bench.events, bench.siteDisk};
+        bench.siteResults = {};
+        web::WebCheck(bench.siteResults, bench.state, bench.settings, options, outside, "")
+            .perform();
+    }
+    /// "error moved 301 -> http://..." for what was found on a line; several follow each other.
+    std::string foundOn(std::size_t line) const {
+        std::string text;
+        for (const Finding& finding : bench.siteResults.findings) {
+            if (finding.at.line == line) {
+                text +=
+                    std::string(nameOf(finding.level)) + " " + std::string(nameOf(finding.kind));
+                text += finding.status == 0 ? "" : " " + std::to_string(finding.status);
+                text += finding.suggestion.empty() ? "" : " -> " + std::string(finding.suggestion);
+            }
+        }
+        return text;
+    }
+    int reported(const std::string& what) { return server.reported(inet, what); }
+
+    WebServer server;
+    RunBench bench;
+    web::WebOptions options;
+    Inet inet;
+};
+
+struct LinkRow {
+    std::string link;
+    std::string found; ///< As LinkBench says it.
+};
+
+void expectRows(LinkBench& bench, const std::vector<LinkRow>& rows) {
+    std::vector<std::string> links;
+    for (const LinkRow& row : rows) {
+        links.push_back(row.link);
+    }
+    bench.check(links);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        EXPECT_EQ(bench.foundOn(i + 1), rows[i].found) << rows[i].link;
+    }
+}
+
+TEST(LinkCheck, JudgesEachAnswer) {
+    LinkBench bench;
+    const auto url = [&bench](const std::string& path) { return bench.server.url(path); };
+    const std::string page = url("/page");
+    // A body after a HEAD spoils what shares its connection: such servers have a host of their own.
+    expectRows(bench, {
+                          {page, ""},
+                          {url("/page/a b\xC3\xBC#part"), ""},
+                          {"HTTP:\\\\127.0.0.1" + url("\\page").substr(16), ""},
+                          {url("/status/204"), ""},
+                          {url("/status/404"), "error address-missing 404"},
+                          {url("/status/410"), "error address-missing 410"},
+                          {url("/status/400"), "error address-refused 400"},
+                          {url("/status/451"), "error address-refused 451"},
+                          {url("/status/401"), "note undetermined 401"},
+                          {url("/status/403"), "note undetermined 403"},
+                          {url("/status/407"), "note undetermined 407"},
+                          {url("/status/429"), "note undetermined 429"},
+                          {url("/status/500"), "note undetermined 500"},
+                          {url("/status/999"), "note undetermined 999"},
+                          {"<form action=" + url("/status/405") + ">", "note address-refused 405"},
+                          {url("/headless/404"), ""},
+                          {url("/headless/500"), ""},
+                          {url("/busy/503/3"), ""},
+                          {url("/to?/page"), ""},
+                          {url("/good?/page") + "#part", "note moved 301 -> " + page + "#part"},
+                          {url("/better?/page"), "note moved 308 -> " + page},
+                          {url("/good?/good?/to?/page"), "note moved 301 -> " + url("/to?/page")},
+                          {url("/to?/good?/page"), ""},
+                          {url("/good?/status/404"), "error address-missing 404"},
+                          {url("/hop/10"), ""},
+                          {url("/hop/11"), "error redirect-loop"},
+                          {url("/loop"), "error redirect-loop"},
+                          {url("/to?file:///etc/passwd"), "error redirect-nowhere"},
+                          {url("/to?ftp://127.0.0.1/"), "error redirect-nowhere"},
+                          {url("/status/302"), "error redirect-nowhere 302"},
+                          {url("/unknown"), "note no-answer"},
+                          {url("/header"), "note no-answer"},
+                          {bench.server.url("/endless", "127.0.0.2"), ""},
+                          {url("/bomb"), ""},
+                          {url("/damaged"), ""},
+                          {bench.server.url("/short", "127.0.0.2"), ""},
+                          {bench.server.tlsUrl(), "error insecure"},
+                          {"http://127.0.0.1:1/", "error host-refuses"},
+                          {"http://nobody.invalid/", "error host-unknown"},
+                          {"ftp://127.0.0.1/", ""},
+                          {"mailto:me@site.example", ""},
+                      });
+    EXPECT_EQ(bench.reported("HEAD /page"), 6); // Once for itself, and for five redirects.
+    EXPECT_EQ(bench.reported("/page"), 0);
+    EXPECT_EQ(bench.bench.siteResults.ignored.size(), 2U);
+    EXPECT_EQ(bench.bench.siteResults.addresses.size(), 38U);
+}
+
+TEST(LinkCheck, WaitsAsLongAsServersWish) {
+    for (const char* path : {"/later/2", "/later/date/3"}) {
+        LinkBench bench;
+        bench.check({bench.server.url(path)});
+        EXPECT_EQ(bench.foundOn(1), "") << path;
+        EXPECT_GE(bench.reported("ms of pause"), 1900) << path;
+    }
+    LinkBench bench;
+    expectRows(bench, {{bench.server.url("/later/61"), "note undetermined 429"}});
+    EXPECT_EQ(bench.reported("HEAD /later/61"), 1);
+    EXPECT_EQ(bench.reported("/later/61"), 0);
+}
+
+TEST(LinkCheck, EndsWhatHasNoEnd) {
+    LinkBench bench({.wholeFetch = 300ms});
+    expectRows(bench, {{bench.server.url("/never"), "note timed-out"}});
+    EXPECT_EQ(bench.reported("HEAD /never"), 1);
+    EXPECT_EQ(bench.reported("/never"), 3);
+    LinkBench limited;
+    limited.options.urlTime = 1s;
+    expectRows(limited, {{limited.server.url("/never"), "note not-asked"},
+                         {limited.server.url("/mute"), "note not-asked"}});
+}
+
+TEST(LinkCheck, AsksAgainWhereHeadIsNotAnswered) {
+    LinkBench bench({.wholeFetch = 5s});
+    expectRows(bench, {{bench.server.url("/mute"), ""}});
+}
+
+TEST(LinkCheck, SendsHeadersToTheirPrefixOnly) {
+    LinkBench bench;
+    const auto to = [&bench](const std::string& path, const std::string& host = "127.0.0.1") {
+        return bench.server.url(path, host);
+    };
+    bench.options.headers = {to("/wants") + " X-Key: secret", to("/to") + " X-Key: secret",
+                             "http://127.0.0.1:1 X-Other: x", "http://127.0.0.1 X-Third: x"};
+    const std::string wants = "/wants/X-Key:secret";
+    expectRows(bench, {
+                          {to(wants), ""},
+                          {to(wants, "127.0.0.2"), "error address-missing 404"},
+                          {to("/to?" + to(wants)), ""},
+                          {to("/to?" + to(wants, "127.0.0.2")), "error address-missing 404"},
+                          {to("/wants/X-Other:x"), "error address-missing 404"},
+                          {to("/wants/X-Third:x"), "error address-missing 404"},
+                      });
+}
+
+TEST(LinkCheck, LooksForFragmentsInPages) {
+    LinkBench bench;
+    bench.options.urlFragments = true;
+    const std::string page = bench.server.url("/ids");
+    expectRows(bench, {
+                          {page + "#here", ""},
+                          {page + "#made", ""},
+                          {page + "#h%65re", ""},
+                          {page + "#top", ""},
+                          {page + "#/route", ""},
+                          {page + "#her", "error fragment-missing -> " + page + "#here"},
+                          {bench.server.url("/to?/ids") + "#gone", "error fragment-missing"},
+                          {bench.server.url("/page") + "#page=2", ""},
+                          {bench.server.url("/status/404") + "#gone", "error address-missing 404"},
+                      });
+    EXPECT_EQ(bench.reported("/ids"), 2);
+}
+
+TEST(LinkCheck, LooksIntoNoPrivateNetwork) {
+    LinkBench bench;
+    bench.options.excludePrivate = true;
+    expectRows(bench, {{bench.server.url("/page"), "note private-address"},
+                       {bench.server.url("/page", "localhost"), "note private-address"}});
+    EXPECT_EQ(bench.reported("HEAD /page"), 0);
+}
+
+} // namespace
+} // namespace quillmark::test

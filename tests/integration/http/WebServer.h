@@ -1,0 +1,59 @@
+#pragma once
+
+#include "run/UrlFetcher.h"
+#include "support/Process.h"
+
+#include <optional>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace quillmark::test {
+
+/// The web server of the tests, with a certificate that nobody has signed.
+class WebServer {
+public:
+    WebServer() {
+        run({{"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=localhost",
+              "-keyout", key_, "-out", certificate_}});
+        process_.emplace(Command{{"python3", WEB_SERVER, std::to_string(port_),
+                                  std::to_string(tlsPort_), certificate_, key_}});
+        EXPECT_TRUE(waitForPort(tlsPort_)) << process_->errSoFar();
+    }
+    std::string url(const std::string& path, const std::string& host = "127.0.0.1") const {
+        return "http://" + host + ":" + std::to_string(port_) + path;
+    }
+    std::string tlsUrl() const { return "https://localhost:" + std::to_string(tlsPort_) + "/page"; }
+
+    /// What the server says of the path, or of the most requests at once.
+    int reported(UrlFetcher& inet, const std::string& what) const {
+        struct Text : BodyReader {
+            void begin() override { text.clear(); }
+            bool take(std::string_view bytes) override {
+                text += bytes;
+                return true;
+            }
+            std::string text;
+        } report;
+        inet.expect({}, {});
+        inet.OpenURL({url("/report"), &report});
+        std::istringstream lines(report.text);
+        for (std::string line; std::getline(lines, line);) {
+            if (line.substr(line.find(' ') + 1) == what) {
+                return std::stoi(line);
+            }
+        }
+        return 0;
+    }
+
+private:
+    TempFolder folder_;
+    std::string key_ = (folder_.path() / "key.pem").string();
+    std::string certificate_ = (folder_.path() / "certificate.pem").string();
+    int port_ = freePort();
+    int tlsPort_ = freePort();
+    std::optional<Process> process_;
+};
+
+} // namespace quillmark::test
