@@ -42,6 +42,7 @@ public:
         return {};
     }
     std::optional<std::filesystem::path> openPage(QWidget* /*owner*/) override { return {}; }
+    std::optional<std::filesystem::path> openKeyFile(QWidget* /*owner*/) override { return {}; }
     bool available() const override { return false; }
     void print(const QStringList& /*lines*/) override {}
 };

@@ -71,6 +71,15 @@ std::optional<std::filesystem::path> DesktopFileDialogs::openPage(QWidget* owner
     return asked(dialog);
 }
 
+std::optional<std::filesystem::path> DesktopFileDialogs::openKeyFile(QWidget* owner) {
+    QFileDialog dialog(owner, "Select Key File");
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setFilter(dialog.filter() | QDir::Hidden);
+    // Where ssh keeps them; the folder of the other dialogs has none.
+    dialog.setDirectory(QDir::home().filePath(".ssh"));
+    return chosenIn(dialog);
+}
+
 void DesktopFileDialogs::beginIn(QFileDialog& dialog, const std::filesystem::path& folder) const {
     if (!folder.empty()) {
         dialog.setDirectory(nameOf(folder));
@@ -82,12 +91,18 @@ void DesktopFileDialogs::beginIn(QFileDialog& dialog, const std::filesystem::pat
 }
 
 std::optional<std::filesystem::path> DesktopFileDialogs::asked(QFileDialog& dialog) {
+    auto file = chosenIn(dialog);
+    if (file) {
+        folder_ = nameOf(file->parent_path());
+    }
+    return file;
+}
+
+std::optional<std::filesystem::path> DesktopFileDialogs::chosenIn(QFileDialog& dialog) {
     if (dialog.exec() != QDialog::Accepted) {
         return std::nullopt;
     }
-    const QString file = dialog.selectedFiles().constFirst();
-    folder_ = QFileInfo(file).absolutePath();
-    return QFile::encodeName(file).toStdString();
+    return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
 }
 
 } // namespace quillmark

@@ -75,6 +75,8 @@ void Program::requireStartFile() {
     }
     if (profile.START_PATH.find('\\') != std::string::npos) {
         requireListedStartFile(profile.START_PATH, profile.RULES);
+    } else {
+        requireKeyFile(profile);
     }
 }
 

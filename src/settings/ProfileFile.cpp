@@ -110,4 +110,14 @@ void SaveProfile(const Settings& settings, SettingsFiles& files, std::string_vie
     files.replace(profileFileName(name), bytes, FileAccess::OwnerOnly);
 }
 
+void TrustHost(Settings& settings, SettingsFiles& files, std::string_view name,
+               std::string_view fingerprint) {
+    settings.profile.TRUSTED = fingerprint;
+    Settings stored;
+    if (!name.empty() && LoadProfile(stored, files, name)) {
+        stored.profile.TRUSTED = fingerprint;
+        SaveProfile(stored, files, name);
+    }
+}
+
 } // namespace quillmark

@@ -25,4 +25,10 @@ bool LoadProfile(Settings& settings, SettingsFiles& files, std::string_view name
 /// Failure if the file cannot be written.
 void SaveProfile(const Settings& settings, SettingsFiles& files, std::string_view name);
 
+/// Trusts the certificate or key with this fingerprint from now on: in the current profile, and in
+/// the file of the profile of that name, where it changes nothing else. Throws a Failure if the
+/// file cannot be written.
+void TrustHost(Settings& settings, SettingsFiles& files, std::string_view name,
+               std::string_view fingerprint);
+
 } // namespace quillmark

@@ -4,32 +4,46 @@ namespace quillmark {
 
 namespace {
 
-std::string certificateText(const HostIdentity& identity) {
-    std::string names;
-    for (const std::string& name : identity.names) {
-        names += (names.empty() ? "" : ", ") + name;
+std::string joined(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names) {
+        text += (text.empty() ? "" : ", ") + name;
     }
-    return "The certificate of " + identity.host + " is refused: " + identity.reason + ".\n" +
-           "  made out for  " + (names.empty() ? "nobody" : names) + "\n" + "  valid from    " +
-           identity.validFrom + "\n" + "  valid until   " + identity.validUntil + "\n";
+    return text.empty() ? "nobody" : text;
+}
+
+std::string certificateText(const HostIdentity& identity) {
+    return "The certificate of " + identity.host + " is refused: " + identity.reason +
+           ".\n\nMade out for: " + joined(identity.names) + "\nValid: " + identity.validFrom +
+           " to " + identity.validUntil + "\n";
 }
 
 std::string keyText(const HostIdentity& identity) {
+    return "The key of " + identity.host +
+           (identity.keyChanged() ? " has changed.\n" : " is not known.\n");
+}
+
+/// A new certificate is nothing rare, a new key is.
+std::string advice(const HostIdentity& identity) {
     return identity.keyChanged()
-               ? "The key of " + identity.host + " has changed. Somebody may be listening in.\n"
-               : "The key of " + identity.host + " is not known: " + identity.reason + ".\n";
+               ? "Somebody else may answer in the host's place: no password was sent. Ask those "
+                 "who "
+                 "run the host. If the new key is theirs, remove the old one from known_hosts, or "
+                 "forget it in the profile.\n"
+               : "Compare the SHA-256 with the one that those who run the host tell you. Another "
+                 "one means that somebody else may answer in its place.\n";
 }
 
 } // namespace
 
 std::string hostTrustText(const HostIdentity& identity) {
-    std::string text =
-        identity.kind == HostIdentity::Kind::Key ? keyText(identity) : certificateText(identity);
-    text += "  SHA-256       " + identity.printed(identity.sha256) + "\n";
+    const bool key = identity.kind == HostIdentity::Kind::Key;
+    std::string text = key ? keyText(identity) : certificateText(identity);
+    text += "\nIt shows the SHA-256\n" + identity.printed(identity.sha256) + "\n";
     if (identity.knownSha256) {
-        text += "  known so far  " + identity.printed(*identity.knownSha256) + "\n";
+        text += "It was known by\n" + identity.printed(*identity.knownSha256) + "\n";
     }
-    return text;
+    return text + "\n" + advice(identity);
 }
 
 } // namespace quillmark

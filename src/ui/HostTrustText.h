@@ -6,8 +6,9 @@
 
 namespace quillmark {
 
-/// What a person has to know of a host whose identity was refused: why, and what it showed, in
-/// lines that end in "\n".
+/// What a person has to know of a host whose identity was refused: why, what it showed, and what to
+/// think of it, in lines that end in "\n", empty ones between the parts. A fingerprint stands in a
+/// line of its own.
 std::string hostTrustText(const HostIdentity& identity);
 
 } // namespace quillmark

@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -80,12 +79,6 @@ void requireMatchingEncryption(const Options& options, const Profile& profile) {
     }
     if (options.trusted && profile.ENCRYPTION == Encryption::None) {
         throw CannotStart("--trust needs --encryption tls, implicit or sftp");
-    }
-}
-
-void requireKeyFile(const Profile& profile) {
-    if (profile.logsInByKeyFile() && !std::ifstream(profile.KEY_FILE)) {
-        throw CannotStart("the key file \"" + profile.KEY_FILE + "\" cannot be read");
     }
 }
 

@@ -11,12 +11,14 @@ namespace quillmark {
 bool TerminalTrust::trusts(const HostIdentity& identity) {
     std::istringstream lines(hostTrustText(identity));
     for (std::string line; std::getline(lines, line);) {
-        complain(line);
+        if (!line.empty()) {
+            complain(line);
+        }
     }
-    const std::string sha256 = identity.printed(identity.sha256);
-    complain(identity.keyChanged()
-                 ? "ask the host's owner before you go on; \"ssh-keygen -R\" forgets the old key"
-                 : "if the host's owner confirms that SHA-256, check again with --trust " + sha256);
+    if (!identity.keyChanged()) {
+        complain("If it is the same, check again with: --trust " +
+                 identity.printed(identity.sha256));
+    }
     return false;
 }
 

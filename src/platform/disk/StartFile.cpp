@@ -5,13 +5,15 @@
 #include "platform/NativePath.h"
 #include "platform/disk/Spelling.h"
 
+#include <fstream>
+
 namespace quillmark {
 
 namespace {
 
 namespace fs = std::filesystem;
 
-/// 1032: a file that no check can begin with.
+/// 1032: a file that no check can begin with, or log in with.
 Failure cannotStart(const std::string& reason) {
     return {1032, reason};
 }
@@ -78,6 +80,12 @@ std::string siteRootOf(const fs::path& folder) {
 void requireStartFile(std::string_view startPath, Rules rules) {
     requireFile(Spelling().onDisk(nativePath(startPath)));
     requireListedStartFile(startPath, rules);
+}
+
+void requireKeyFile(const Profile& profile) {
+    if (profile.logsInByKeyFile() && !std::ifstream(profile.KEY_FILE)) {
+        throw cannotStart("the key file " + quoted(fs::path(profile.KEY_FILE)) + " cannot be read");
+    }
 }
 
 void requireListedStartFile(std::string_view startPath, Rules rules) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/Rules.h"
+#include "settings/Profile.h"
 
 #include <filesystem>
 #include <string>
@@ -24,5 +24,8 @@ void requireStartFile(std::string_view startPath, Rules rules);
 /// leaves out, a symbolic link or a hidden file: the check would end as aborted with nothing found.
 /// The web rules know both. What is not there passes, since the run itself tells so.
 void requireListedStartFile(std::string_view startPath, Rules rules);
+
+/// Throws a Failure when a profile logs in by a key file that cannot be read.
+void requireKeyFile(const Profile& profile);
 
 } // namespace quillmark

@@ -50,9 +50,11 @@ constexpr std::array<FlagField, 7> Flags = {{
 }};
 
 /// What a file reads by key: a comma does no harm there.
-constexpr std::array<TextField, 2> TextsByKey = {{
+constexpr std::array<TextField, 4> TextsByKey = {{
     {&ProfileFields::siteUrl, &Profile::SITE_URL},
     {&ProfileFields::siteRoot, &Profile::SITE_ROOT},
+    {&ProfileFields::trusted, &Profile::TRUSTED},
+    {&ProfileFields::keyFile, &Profile::KEY_FILE},
 }};
 
 std::int16_t flagValue(bool on) {
@@ -78,6 +80,8 @@ ProfileFields ShowFields(const Settings& settings) {
     fields.checkDupes = settings.profile.CHECK_DUPES != 0;
     fields.ignoreValue = settings.configuration.IGNORE_VALUE == 1;
     fields.rules = settings.profile.RULES;
+    fields.encryption = settings.profile.ENCRYPTION;
+    fields.connections = settings.profile.CONNECTIONS;
     fields.otherLines = settings.profile.otherLines;
     return fields;
 }
@@ -104,6 +108,8 @@ void StoreFields(const ProfileFields& fields, Settings& settings) {
     }
     profile.CHECK_DUPES = flagValue(fields.checkDupes);
     profile.RULES = fields.rules;
+    profile.ENCRYPTION = fields.encryption;
+    profile.CONNECTIONS = fields.connections;
     profile.otherLines = fields.otherLines;
     settings.profile = profile;
     settings.configuration.IGNORE_VALUE = flagValue(fields.ignoreValue);

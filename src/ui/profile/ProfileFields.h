@@ -33,6 +33,10 @@ struct ProfileFields {
     Rules rules = Rules::Classic;
     std::string siteUrl;
     std::string siteRoot;
+    Encryption encryption = Encryption::None;
+    std::int16_t connections = 4; ///< 1 to MostConnections.
+    std::string trusted;          ///< Shown where it matters, and only taken away there.
+    std::string keyFile;
     std::vector<std::string> otherLines; ///< Shown nowhere.
 
     bool operator==(const ProfileFields&) const = default;

@@ -3,6 +3,7 @@
 #include "base/Paths.h"
 #include "base/UpperCase.h"
 #include "base/Version.h"
+#include "settings/ProfileFile.h"
 #include "store/FileCategory.h"
 #include "ui/ReadingWarnings.h"
 #include "ui_frmMain.h"
@@ -328,7 +329,14 @@ void frmMain::ShowResults() {
 }
 
 bool frmMain::trustsHost(const HostIdentity& identity) {
-    return asksToTrust(this, identity);
+    const bool trusted = asksToTrust(this, identity);
+    if (trusted) {
+        guarded(this, [&] {
+            TrustHost(context_.workspace.settings, context_.files, currentProfile_,
+                      identity.printed(identity.sha256));
+        });
+    }
+    return trusted;
 }
 
 void frmMain::work(const std::function<void()>& work) {

@@ -66,7 +66,8 @@ public:
     void leaveRunState();
     void showTraceWindow();
     void ShowResults();
-    /// Asks whether to trust a host, for the current profile.
+    /// Asks whether to trust a host. The current profile and its file keep the answer, if it is
+    /// yes.
     bool trustsHost(const HostIdentity& identity);
 
 protected:

@@ -50,6 +50,8 @@ public:
                                                           const SaveQuestion& question) = 0;
     /// Asks for a page to start from.
     virtual std::optional<std::filesystem::path> openPage(QWidget* owner) = 0;
+    /// Asks for the file of a private key.
+    virtual std::optional<std::filesystem::path> openKeyFile(QWidget* owner) = 0;
 };
 
 /// The system's default printer.

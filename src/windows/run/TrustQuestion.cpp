@@ -6,8 +6,24 @@
 
 namespace quillmark {
 
+namespace {
+
+/// With the fingerprint of a certificate in two lines: one would not fit a small screen.
+QString wrapped(const HostIdentity& identity, QString text) {
+    constexpr qsizetype HalfOfFingerprint = 48;
+    for (const auto& hash : {std::optional(identity.sha256), identity.knownSha256}) {
+        if (hash && identity.kind == HostIdentity::Kind::Certificate) {
+            const QString line = shown(identity.printed(*hash));
+            text.replace(line, QString(line).insert(HalfOfFingerprint, '\n'));
+        }
+    }
+    return text;
+}
+
+} // namespace
+
 bool asksToTrust(QWidget* owner, const HostIdentity& identity) {
-    const QString text = shownBriefly(hostTrustText(identity));
+    const QString text = wrapped(identity, shownBriefly(hostTrustText(identity)));
     if (identity.keyChanged()) {
         tellError(owner, text);
         return false;

@@ -15,8 +15,10 @@ namespace quillmark {
 frmProfile::frmProfile(const WindowContext& context, std::string& currentProfileName,
                        std::function<void()> requireStartFile, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmProfile>()), context_(context),
-      currentProfileName_(currentProfileName), requireStartFile_(std::move(requireStartFile)) {
+      currentProfileName_(currentProfileName), requireStartFile_(std::move(requireStartFile)),
+      host_(*ui_) {
     ui_->setupUi(this);
+    host_.setUp();
     QSizePolicy keepsRoom = ui_->lblEdited->sizePolicy();
     keepsRoom.setRetainSizeWhenHidden(true);
     ui_->lblEdited->setSizePolicy(keepsRoom);
@@ -37,6 +39,7 @@ void frmProfile::bindFields() {
               {BytesEdit(ui_->HostAlias), &ProfileFields::hostAlias},
               {BytesEdit(ui_->SiteUrl), &ProfileFields::siteUrl},
               {BytesEdit(ui_->SiteRoot), &ProfileFields::siteRoot},
+              {BytesEdit(ui_->KeyFile), &ProfileFields::keyFile},
               {BytesEdit(ui_->txtDepth), &ProfileFields::depth},
               {BytesEdit(ui_->txtStartColumn), &ProfileFields::startColumn},
               {BytesEdit(ui_->txtEndColumn), &ProfileFields::endColumn},
@@ -68,6 +71,15 @@ void frmProfile::connectControls() {
         connect(flag.control, &QCheckBox::toggled, this, &frmProfile::fieldsChanged);
     }
     connect(ui_->cmbRules, &QComboBox::currentIndexChanged, this, &frmProfile::fieldsChanged);
+    connect(ui_->cmbEncryption, &QComboBox::currentIndexChanged, this, [this] {
+        if (!displaying_) {
+            host_.proposePort();
+            fieldsChanged();
+        }
+    });
+    connect(ui_->spnConnections, &QSpinBox::valueChanged, this, &frmProfile::fieldsChanged);
+    connect(ui_->cmdForget, &QPushButton::clicked, this, &frmProfile::forgetTrusted);
+    connect(ui_->cmdKeyFile, &QPushButton::clicked, this, &frmProfile::chooseKeyFile);
     connect(ui_->startPathNote, &StartPathNote::localPageTaken, this, &frmProfile::setStartPath);
     connect(ui_->cmdStart, &QPushButton::clicked, this, &frmProfile::start);
     connect(ui_->cmdNew, &QPushButton::clicked, this, &frmProfile::startNew);
@@ -105,6 +117,7 @@ ProfileFields frmProfile::fields() const {
     }
     // The selector lists the rules in the order of their type.
     fields.rules = static_cast<Rules>(ui_->cmbRules->currentIndex());
+    host_.take(fields);
     return fields;
 }
 
@@ -118,6 +131,7 @@ void frmProfile::display(const ProfileFields& fields) {
         flag.control->setChecked(fields.*flag.field);
     }
     ui_->cmbRules->setCurrentIndex(static_cast<int>(fields.rules));
+    host_.display(fields);
     displaying_ = false;
     fieldsChanged();
 }
@@ -132,6 +146,7 @@ void frmProfile::fieldsChanged() {
     ui_->lblEdited->setVisible(edited);
     ui_->startPathNote->tellOf(shownFields);
     showRules(shownFields.rules);
+    host_.follow(shownFields);
     ui_->lblNote->setText(note(shownFields));
     ui_->cmdStart->setEnabled(!shownFields.startPath.empty());
 }
@@ -285,6 +300,20 @@ void frmProfile::browse() {
     if (const auto page = context_.dialogs.openPage(this)) {
         setStartPath(ToBackSlashes(std::filesystem::absolute(*page).string()));
     }
+}
+
+void frmProfile::chooseKeyFile() {
+    if (const auto file = context_.dialogs.openKeyFile(this)) {
+        ProfileFields chosen = fields();
+        chosen.keyFile = file->string();
+        display(chosen);
+    }
+}
+
+void frmProfile::forgetTrusted() {
+    ProfileFields chosen = fields();
+    chosen.trusted.clear();
+    display(chosen);
 }
 
 void frmProfile::setStartPath(const std::string& startPath) {

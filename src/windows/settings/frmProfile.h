@@ -3,6 +3,7 @@
 #include "ui/profile/ProfileFields.h"
 #include "windows/outside/WindowContext.h"
 #include "windows/settings/BytesEdit.h"
+#include "windows/settings/HostControls.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -95,6 +96,8 @@ private:
     void start();
     bool canBegin();
     void browse();
+    void chooseKeyFile();
+    void forgetTrusted();
     void setStartPath(const std::string& startPath);
     void tellFailure(const std::string& description);
 
@@ -102,6 +105,7 @@ private:
     const WindowContext& context_;
     std::string& currentProfileName_;
     std::function<void()> requireStartFile_;
+    HostControls host_;
     std::vector<Text> texts_;
     std::vector<Flag> flags_;
     std::vector<ClassicFlag> classicFlags_;

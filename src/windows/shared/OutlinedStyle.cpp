@@ -95,6 +95,8 @@ void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptio
     if (control == CC_ComboBox) {
         const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
         drawOutline(*option, *painter, option->rect, box != nullptr && box->editable);
+    } else if (control == CC_SpinBox) {
+        drawOutline(*option, *painter, option->rect, true);
     }
 }
 

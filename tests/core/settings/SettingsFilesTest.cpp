@@ -240,6 +240,18 @@ TEST_F(SettingsFilesTest, ProfileHoldsOptionalLinesOnlyWhereTheyDiffer) {
     }
 }
 
+TEST_F(SettingsFilesTest, TrustingAHostChangesNothingElseInTheFile) {
+    folder.write("site.pro", Texts + "=K" + Numbers + "#HOST_ALIAS=a\r\n#NEW=1\r\n");
+    settings.profile.HOST_ALIAS = "of the run";
+    TrustHost(settings, files, "site", "SHA256:x");
+    EXPECT_EQ(settings.profile.TRUSTED, "SHA256:x");
+    EXPECT_EQ(settings.profile.HOST_ALIAS, "of the run");
+    EXPECT_EQ(folder.read("site.pro"),
+              Texts + "=K" + Numbers + "#HOST_ALIAS=a\r\n#TRUSTED=SHA256:x\r\n#NEW=1\r\n");
+    TrustHost(settings, files, "", "SHA256:x");
+    EXPECT_THAT(ListProfiles(files), testing::ElementsAre("site"));
+}
+
 TEST_F(SettingsFilesTest, ProfileMovedByACommaIsSavedAsNineteenLines) {
     folder.write("site.pro", "#HOST_NAME=h,x\r\n" + Texts.substr(Texts.find("#USER_N")) + Numbers +
                                  "#HOST_ALIAS=a\r\n#RULES=web\r\n");

@@ -11,10 +11,33 @@ namespace quillmark::test {
 namespace {
 
 TEST(ProfileFields, ComeBackAsTheyWereStored) {
-    ProfileFields fields{"host", "user",     "\\a\xE4",    "acct", "p,w",        "alias",
-                         "-3",   "1",        "2",          "8021", true,         false,
-                         true,   false,      true,         false,  true,         false,
-                         true,   Rules::Web, "https://a/", "\\r",  {"#FUTURE=1"}};
+    ProfileFields fields{"host",
+                         "user",
+                         "\\a\xE4",
+                         "acct",
+                         "p,w",
+                         "alias",
+                         "-3",
+                         "1",
+                         "2",
+                         "8021",
+                         true,
+                         false,
+                         true,
+                         false,
+                         true,
+                         false,
+                         true,
+                         false,
+                         true,
+                         Rules::Web,
+                         "https://a/",
+                         "\\r",
+                         Encryption::Sftp,
+                         16,
+                         "SHA256:x",
+                         "/k,",
+                         {"#FUTURE=1"}};
     Settings settings;
     settings.configuration.IGNORE_VALUE = 1;
     StoreFields(fields, settings);

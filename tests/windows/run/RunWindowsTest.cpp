@@ -1,5 +1,9 @@
 #include "windows/run/ThinkingWindow.h"
+#include "windows/run/TrustQuestion.h"
 #include "windows/run/frmDebug.h"
+#include "windows/shared/Text.h"
+#include "windows/support/Answers.h"
+#include "windows/support/Pictures.h"
 #include "windows/support/TestContext.h"
 
 #include <QClipboard>
@@ -26,6 +30,10 @@ bool takesNoKeyboard(const QWidget& window) {
     return window.testAttribute(Qt::WA_ShowWithoutActivating) && !window.isModal();
 }
 
+bool isMessageBox(QWidget& window) {
+    return qobject_cast<QMessageBox*>(&window) != nullptr;
+}
+
 /// A main window with the trace window over it.
 struct TraceBench {
     TraceBench() { window.show(); }
@@ -48,6 +56,48 @@ class RunWindowsTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void asksWhetherToTrustAHost() {
+        HostIdentity identity;
+        identity.host = "ftp.site.example:21";
+        identity.reason = "self-signed certificate";
+        identity.names = {"<b>host</b>", "other.example"};
+        identity.validUntil = "Jan 31 12:00:00 2030 GMT";
+        identity.sha256[31] = 0xAB;
+        for (const bool yes : {true, false}) {
+            QString text;
+            const WhenModal answer(isMessageBox, [&](QWidget& window) {
+                auto& box = dynamic_cast<QMessageBox&>(window);
+                text = box.text();
+                QCOMPARE(box.textFormat(), Qt::PlainText);
+                keepPicture(box, "trust-certificate");
+                yes ? QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton)
+                    : QTest::keyClick(&box, Qt::Key_Enter);
+            });
+            QCOMPARE(asksToTrust(nullptr, identity), yes);
+            for (const char* part :
+                 {"ftp.site.example:21", "self-signed certificate", "<b>host</b>",
+                  "Jan 31 12:00:00 2030 GMT", "\n00:00:", ":00:AB\n"}) {
+                QVERIFY2(text.contains(part), part);
+            }
+        }
+    }
+
+    void tellsOfAKeyThatChanged() {
+        HostIdentity identity;
+        identity.kind = HostIdentity::Kind::Key;
+        identity.knownSha256 = Sha256{1};
+        const WhenModal look(isMessageBox, [&](QWidget& window) {
+            auto& box = dynamic_cast<QMessageBox&>(window);
+            QCOMPARE(box.standardButtons(), QMessageBox::Ok);
+            QVERIFY(box.text().contains(shown(keyFingerprint(identity.sha256))));
+            QVERIFY(box.text().contains(shown(keyFingerprint(*identity.knownSha256))));
+            keepPicture(box, "trust-changed-key");
+            QTest::keyClick(&box, Qt::Key_Enter);
+        });
+        QVERIFY(!asksToTrust(nullptr, identity));
+        QVERIFY(look.acted());
+    }
+
     void traceShowsItsNewestLine() {
         TraceBench bench;
         QVERIFY(takesNoKeyboard(bench.window));

@@ -31,6 +31,7 @@ public:
         return next();
     }
     std::optional<std::filesystem::path> openPage(QWidget* /*owner*/) override { return next(); }
+    std::optional<std::filesystem::path> openKeyFile(QWidget* /*owner*/) override { return next(); }
 
     std::deque<std::optional<std::filesystem::path>> answers; ///< None left: cancelled.
     std::vector<SaveQuestion> asked;
