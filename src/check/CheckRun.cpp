@@ -20,7 +20,8 @@ CheckRun::CheckRun(ResultLists& lists, SiteResults& site, RunState& state, const
 
 RunOutcome CheckRun::start() {
     lists_.Message.Clear();
-    return HostHandler();
+    state_.outcome = HostHandler();
+    return state_.outcome;
 }
 
 void CheckRun::stop() {

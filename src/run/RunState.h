@@ -38,6 +38,7 @@ struct RunState {
     double unusedByteTotal = 0;
     bool statisticsComplete =
         false; ///< The byte totals were computed in this run or an earlier one.
+    RunOutcome outcome = RunOutcome::Finished; ///< Of the latest run.
     ReadingFigures reading;
     PassProgress invalidPass = PassProgress::NotRun;    ///< References compared with the inventory.
     PassProgress unusedPass = PassProgress::NotRun;     ///< Files compared with the references.

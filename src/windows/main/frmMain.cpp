@@ -93,6 +93,8 @@ void frmMain::connectCommands() {
     connect(ui_->mnuSave, &QAction::triggered, this, save);
     connect(ui_->cmdPrint, &QPushButton::clicked, this, print);
     connect(ui_->mnuPrint, &QAction::triggered, this, print);
+    connect(ui_->mnuSavePage, &QAction::triggered, this, [this] { reports_.SaveAsPage(); });
+    connect(ui_->mnuShowPage, &QAction::triggered, this, [this] { reports_.ShowAsPage(); });
     connect(ui_->cmdOptions, &QPushButton::clicked, this, &frmMain::editOptions);
     connect(ui_->mnuOptions, &QAction::triggered, this, &frmMain::editOptions);
     connect(ui_->cmdWebRules, &QPushButton::clicked, this, &frmMain::checkAgainWithWebRules);
@@ -274,6 +276,7 @@ void frmMain::setWorking(bool working) {
 
 void frmMain::enterRunState() {
     stopped_ = false;
+    reports_.keepSettings();
     setWorking(true);
     results_->enterNoResults();
     ui_->noticeBar->hide();

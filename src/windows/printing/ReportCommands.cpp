@@ -1,6 +1,8 @@
 #include "windows/printing/ReportCommands.h"
 
 #include "base/Failure.h"
+#include "base/Paths.h"
+#include "report/formats/Formats.h"
 #include "ui/ReportWriter.h"
 #include "windows/printing/frmPrinting.h"
 #include "windows/shared/MessageBoxes.h"
@@ -8,9 +10,11 @@
 
 #include <QScopeGuard>
 
+#include <cerrno>
 #include <exception>
 #include <fstream>
 #include <string>
+#include <system_error>
 #include <utility>
 
 namespace quillmark {
@@ -57,6 +61,36 @@ void ReportCommands::Print() {
     notice_ = std::make_unique<frmPrinting>(owner_);
     QObject::connect(notice_.get(), &frmPrinting::seen, notice_.get(), [this] { printNow(); });
     notice_->show();
+}
+
+void ReportCommands::SaveAsPage() {
+    guarded(owner_, [this] {
+        const auto path = context_.dialogs.saveFile(
+            owner_, {"Save as a Page", "Quillmark", "html", {"Web Pages (*.html)"}});
+        if (path) {
+            writePage(*path);
+            context_.messages.post("File ", path->string(), " Written");
+        }
+    });
+}
+
+void ReportCommands::ShowAsPage() {
+    guarded(owner_, [this] {
+        const std::filesystem::path page = context_.programFolder / "Quillmark-results.html";
+        writePage(page);
+        context_.shell.open(ToBackSlashes(page.string()));
+    });
+}
+
+void ReportCommands::writePage(const std::filesystem::path& path) const {
+    const Workspace& workspace = context_.workspace;
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    writeHtmlPage(out, makeReport(workspace.run.outcome, workspace.site, workspace.lists,
+                                  workspace.run, checked_));
+    out.close();
+    if (!out) {
+        throw failureFromError({errno, std::generic_category()}, pathNotFound());
+    }
 }
 
 void ReportCommands::printNow() {

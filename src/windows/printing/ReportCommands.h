@@ -11,7 +11,8 @@ namespace quillmark {
 
 class frmPrinting;
 
-/// The commands Save and Print: both write the results of a run as a text report.
+/// The commands that take the results of a run out of the program: Save and Print write a text
+/// report, the others a page for a browser.
 class ReportCommands {
 public:
     /// `owner` is the window that dialogs and notices stand over; it outlives this.
@@ -29,13 +30,26 @@ public:
     /// work begins when the user can see the notice that stands over `owner` until it is done.
     void Print();
 
+    /// Asks for a file and writes the results there as one page. A message box tells what went
+    /// wrong.
+    void SaveAsPage();
+
+    /// Writes that page to "Quillmark-results.html" in the program's folder, where it stays, and
+    /// opens it in the browser. A message box tells what went wrong.
+    void ShowAsPage();
+
+    /// A run begins with the settings as they are: the page of its results tells of these.
+    void keepSettings() { checked_ = context_.workspace.settings; }
+
 private:
+    void writePage(const std::filesystem::path& path) const;
     void printNow();
     void write(const std::filesystem::path& path) const;
     bool printed(const std::filesystem::path& report);
 
     WindowContext context_;
     QWidget* owner_;
+    Settings checked_;                    ///< Of the latest run.
     std::unique_ptr<frmPrinting> notice_; ///< Of the latest print.
 };
 

@@ -119,6 +119,10 @@ private slots:
                  "The check was stopped. Choose a list to see what was found until then");
         QVERIFY(program.control<QPushButton>("cmdStart").isEnabled());
         QVERIFY(program.control<QPushButton>("cmdSave").isEnabled());
+        program.control<QAction>("mnuShowPage").trigger();
+        QCOMPARE(program.shell.opened.size(), 1U);
+        const std::string page = program.folder.read("Quillmark-results.html");
+        QVERIFY(page.find("\"finished\":0") != std::string::npos);
     }
 
     void endsTheRunWhenTheWindowIsClosed() {

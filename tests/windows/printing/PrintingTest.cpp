@@ -120,6 +120,39 @@ private slots:
         QCOMPARE(bench.messages(), written);
     }
 
+    void pageIsSavedAndShown() {
+        CommandBench bench;
+        bench.parts.dialogs.answers = {bench.parts.folder.path() / "my page.html"};
+        ReportCommands commands(bench.parts.context, nullptr);
+        bench.parts.workspace.settings.profile.START_PATH = "\\www\\index.html";
+        commands.keepSettings();
+        bench.parts.workspace.settings.profile.START_PATH = "\\elsewhere\\index.html";
+        commands.SaveAsPage();
+        QCOMPARE(bench.messages(), Lines{"File " + bench.pathOf("my page.html") + " Written"});
+        const std::string page = bench.parts.folder.read("my page.html");
+        QVERIFY(page.find("\"top\":\"/www/\"") != std::string::npos);
+        QVERIFY(page.find("\\\\xE4.html") != std::string::npos);
+        commands.ShowAsPage();
+        QCOMPARE(bench.parts.shell.opened,
+                 Lines{ToBackSlashes(bench.pathOf("Quillmark-results.html"))});
+        QVERIFY(bench.parts.folder.read("Quillmark-results.html").ends_with("</html>\n"));
+    }
+
+    void failedPagesAreTold() {
+        CommandBench bench;
+        bench.parts.dialogs.answers = {"/dev/full"};
+        std::filesystem::create_directory(bench.parts.folder.path() / "Quillmark-results.html");
+        ReportCommands commands(bench.parts.context, nullptr);
+        const Answer full(QMessageBox::Ok);
+        commands.SaveAsPage();
+        QCOMPARE(full.text(), QString("An error has occurred: Disk full"));
+        const Answer folder(QMessageBox::Ok);
+        commands.ShowAsPage();
+        QVERIFY(folder.text().startsWith("An error has occurred: "));
+        QVERIFY(bench.parts.shell.opened.empty());
+        QVERIFY(bench.messages().empty());
+    }
+
     void reportIsPrinted() {
         CommandBench bench;
         bench.parts.folder.write("Quillmark.tmp", "an older report" + std::string(9999, '.'));
