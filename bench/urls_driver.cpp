@@ -30,8 +30,8 @@ int opened(quillmark::Inet& inet, const std::vector<quillmark::UrlRequest>& requ
 
 } // namespace
 
-// urls_driver LIMIT_OF_ONE_HOST LIMIT_IN_ALL <ADDRESSES: fetches them, and prints how many
-// answered, the seconds it took and the peak of the memory in KiB.
+// urls_driver LIMIT_OF_ONE_HOST LIMIT_IN_ALL [head] <ADDRESSES: fetches them, by HEAD if it is told
+// to, and prints how many answered, the seconds it took and the peak of the memory in KiB.
 int main(int argc, char** argv) {
     quillmark::FetchLimits limits;
     limits.toOneHost = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 8;
@@ -44,7 +44,9 @@ int main(int argc, char** argv) {
     const quillmark::RunState state;
     quillmark::Inet inet(events, state, limits);
     const auto start = std::chrono::steady_clock::now();
-    inet.expect(requests, {});
+    quillmark::FetchManners manners;
+    manners.headFirst = argc > 3;
+    inet.expect(requests, manners);
     const int answered = opened(inet, requests);
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     rusage usage{};

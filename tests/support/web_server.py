@@ -121,6 +121,12 @@ async def slow(path, _writer):
     return page(path, _writer)
 
 
+async def after(path, _writer):
+    """/after/50 answers after so many milliseconds."""
+    await asyncio.sleep(int(path.split("/")[2]) / 1000)
+    return page(path, _writer)
+
+
 async def late_redirect(path, _writer):
     await asyncio.sleep(0.3)
     return redirect(path.split("?", 1)[1])
@@ -169,6 +175,7 @@ HABITS = {
     "missing": missing,
     "hop": hop,
     "slow": slow,
+    "after": after,
     "late": late_redirect,
     "never": never,
     "big": big,
