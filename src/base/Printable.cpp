@@ -15,6 +15,13 @@ struct Sign {
     bool isPrintable = false;
 };
 
+/// Characters that turn the direction of the text around them, so that it reads as another.
+bool turnsText(utf8proc_int32_t codePoint) {
+    return codePoint == 0x61C || codePoint == 0x200E || codePoint == 0x200F ||
+           (codePoint >= 0x202A && codePoint <= 0x202E) ||
+           (codePoint >= 0x2066 && codePoint <= 0x2069);
+}
+
 Sign firstSign(std::string_view text) {
     utf8proc_int32_t codePoint = 0;
     const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
@@ -24,7 +31,8 @@ Sign firstSign(std::string_view text) {
     }
     const bool isControl = codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
     return {static_cast<std::size_t>(length),
-            static_cast<std::size_t>(utf8proc_charwidth(codePoint)), !isControl};
+            static_cast<std::size_t>(utf8proc_charwidth(codePoint)),
+            !isControl && !turnsText(codePoint)};
 }
 
 /// Most names have no other characters, and need no look at the tables of Unicode.

@@ -89,5 +89,9 @@ std::string_view nameOf(IgnoredReason reason);
 std::string_view explanationOf(FindingKind kind);
 /// The same with the server's status: "the server has no such page (404)".
 std::string explanationOf(const Finding& finding);
+/// The level of a kind's findings but for exceptions.
+FindingLevel usualLevelOf(FindingKind kind);
+/// What to do about it, in sentences: "Write the name of a file that is there, or ...".
+std::string_view helpOf(FindingKind kind);
 
 } // namespace quillmark

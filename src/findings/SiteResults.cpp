@@ -4,7 +4,7 @@
 
 namespace quillmark {
 
-std::size_t SiteResults::errors() const {
+std::size_t totalErrors(const KindTotals& totals) {
     std::size_t count = 0;
     for (const KindTotal& total : totals) {
         count += total.errors;
@@ -12,18 +12,23 @@ std::size_t SiteResults::errors() const {
     return count;
 }
 
-void countFindings(SiteResults& results) {
+KindTotals countFindings(const std::vector<Finding>& findings, const std::vector<bool>& known) {
     std::array<std::unordered_set<std::string_view>, FindingKinds> targets;
-    results.totals = {};
-    for (const Finding& finding : results.findings) {
+    KindTotals totals{};
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        if (i < known.size() && known[i]) {
+            continue;
+        }
+        const Finding& finding = findings[i];
         const auto kind = static_cast<std::size_t>(finding.kind);
-        KindTotal& total = results.totals.at(kind);
+        KindTotal& total = totals.at(kind);
         ++(finding.level == FindingLevel::Error ? total.errors : total.notes);
         targets.at(kind).insert(finding.target.empty() ? finding.reference : finding.target);
     }
     for (std::size_t kind = 0; kind < FindingKinds; ++kind) {
-        results.totals.at(kind).targets = static_cast<std::uint32_t>(targets.at(kind).size());
+        totals.at(kind).targets = static_cast<std::uint32_t>(targets.at(kind).size());
     }
+    return totals;
 }
 
 } // namespace quillmark

@@ -49,6 +49,11 @@ struct KindTotal {
     std::uint32_t targets = 0; ///< Different targets among the errors and notes.
 };
 
+using KindTotals = std::array<KindTotal, FindingKinds>; ///< By kind.
+
+/// How many of these are errors.
+std::size_t totalErrors(const KindTotals& totals);
+
 /// All that a check with the web rules finds. Paths are full paths in "/" form, as bytes; every
 /// text lives as long as the results do.
 struct SiteResults {
@@ -68,7 +73,7 @@ struct SiteResults {
     std::vector<std::uint32_t> unused;     ///< Indices of files.
     std::vector<std::vector<std::uint32_t>> duplicates; ///< Groups of files with equal bytes.
     bool duplicatesKnown = false;                       ///< They were looked for.
-    std::array<KindTotal, FindingKinds> totals{};       ///< By kind.
+    KindTotals totals{};
 
     TextStore texts;
 
@@ -82,10 +87,10 @@ struct SiteResults {
         return fullPath.starts_with(top) ? fullPath.substr(top.size()) : fullPath;
     }
     /// How many findings are errors.
-    std::size_t errors() const;
+    std::size_t errors() const { return totalErrors(totals); }
 };
 
-/// Fills the totals from the findings.
-void countFindings(SiteResults& results);
+/// The totals of the findings, but for those that `known` names by their index.
+KindTotals countFindings(const std::vector<Finding>& findings, const std::vector<bool>& known = {});
 
 } // namespace quillmark

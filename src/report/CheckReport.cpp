@@ -5,6 +5,23 @@
 
 namespace quillmark {
 
+namespace {
+
+std::size_t sizeOf(const ResultList& list) {
+    return static_cast<std::size_t>(list.Count());
+}
+
+std::unique_ptr<SiteResults> resultsOfCheck(const ResultLists& lists, const std::string& start,
+                                            const RunState& run, const Settings& settings) {
+    auto results = std::make_unique<SiteResults>(
+        resultsOfLists(lists, start, settings.configuration.IGNORECASE == 1));
+    results->duplicatesKnown =
+        settings.profile.CHECK_DUPES != 0 && run.duplicatesPass == PassProgress::Done;
+    return results;
+}
+
+} // namespace
+
 std::string CheckReport::shownPath(std::string_view fullPath) const {
     const std::string_view path = site().fromTop(fullPath);
     return path.size() == fullPath.size() ? std::string(path) : pathPrefix + std::string(path);
@@ -22,16 +39,13 @@ CheckReport makeReport(RunOutcome outcome, const SiteResults& site, const Result
         report.results = &site;
         report.counts = {site.pages.size(), site.references.size(), site.files.size(),
                          site.folders.size() + 1};
-        return report;
+    } else {
+        report.ofLists = resultsOfCheck(lists, report.start, run, settings);
+        report.results = report.ofLists.get();
+        report.counts = {sizeOf(lists.GetFileList), sizeOf(lists.ReferenceList),
+                         sizeOf(lists.FileList), sizeOf(lists.DirectoryList) + 1};
     }
-    report.ofLists = std::make_unique<SiteResults>(
-        resultsOfLists(lists, report.start, settings.configuration.IGNORECASE == 1));
-    report.ofLists->duplicatesKnown =
-        settings.profile.CHECK_DUPES != 0 && run.duplicatesPass == PassProgress::Done;
-    report.results = report.ofLists.get();
-    const auto size = [](const ResultList& list) { return static_cast<std::size_t>(list.Count()); };
-    report.counts = {size(lists.GetFileList), size(lists.ReferenceList), size(lists.FileList),
-                     size(lists.DirectoryList) + 1};
+    report.totals = report.site().totals;
     return report;
 }
 

@@ -26,8 +26,11 @@ struct ReportCounts {
 struct CheckReport {
     const SiteResults& site() const { return *results; }
     bool byWebRules() const { return settings->profile.RULES == Rules::Web; }
-    /// Whether a baseline has finding i. Such a finding does not count.
-    bool isKnown(std::size_t i) const { return !known.empty() && known[i]; }
+    /// Whether the baseline has finding i. Such a finding counts among knownCount only.
+    bool isKnown(std::size_t i) const { return hasBaseline && known[i]; }
+    /// Errors and notes that no baseline has.
+    std::size_t errors() const { return totalErrors(totals); }
+    std::size_t notes() const { return site().findings.size() - knownCount - errors(); }
     /// A full path as the report names it: from the top of the site, behind the prefix. Paths
     /// outside of the site stay as they are.
     std::string shownPath(std::string_view fullPath) const;
@@ -43,9 +46,13 @@ struct CheckReport {
     const SiteResults* results = nullptr;
     std::string start; ///< The start page, full path in "/" form.
     ReportCounts counts;
-    std::string pathPrefix;  ///< The folder of the site within the user's repository, ends in "/".
-    std::vector<bool> known; ///< By finding; empty without a baseline.
-    bool color = false;      ///< A person reads it on a terminal with colours.
+    std::string pathPrefix; ///< The folder of the site within the user's repository, ends in "/".
+    KindTotals totals;      ///< Of what no baseline has.
+    bool hasBaseline = false;
+    std::vector<bool> known; ///< By finding, with a baseline.
+    std::size_t knownCount = 0;
+    std::size_t mendedCount = 0; ///< In the baseline and not found any more.
+    bool color = false;          ///< A person reads it on a terminal with colours.
 
     std::unique_ptr<SiteResults> ofLists; ///< Holds the results of classic rules.
 };

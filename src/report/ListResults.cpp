@@ -36,7 +36,7 @@ public:
         readReferences();
         readUnused();
         readDuplicates();
-        countFindings(results_);
+        results_.totals = countFindings(results_.findings);
         return std::move(results_);
     }
 

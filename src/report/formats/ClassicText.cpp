@@ -43,17 +43,23 @@ private:
     void writeInvalid() {
         std::map<std::uint32_t, std::size_t> places;
         std::vector<std::pair<std::uint32_t, std::vector<std::string_view>>> pages;
-        for (const Finding& finding : site_.findings) {
+        for (std::size_t i = 0; i < site_.findings.size(); ++i) {
+            if (report_.isKnown(i)) {
+                continue;
+            }
+            const Finding& finding = site_.findings[i];
             const auto place = places.emplace(finding.at.page, pages.size());
             if (place.second) {
                 pages.push_back({finding.at.page, {}});
             }
             pages[place.first->second].second.push_back(finding.target);
         }
-        const std::size_t count = site_.findings.size();
+        const std::size_t count = report_.errors();
+        const std::string state = report_.hasBaseline ? "new " : "";
         out_ << styled(report_.color, styleOfInvalid(count),
-                       found(report_.run->invalidPass, count, "invalid reference",
-                             "invalid references"))
+                       found(report_.run->invalidPass, count, state + "invalid reference",
+                             state + "invalid references") +
+                           baselineCounts(report_))
              << "\n";
         for (const auto& page : pages) {
             out_ << "  " << printable(report_.shownPath(site_.pagePath(page.first))) << "\n";
@@ -74,7 +80,7 @@ private:
                    found(report_.run->unusedPass, unused, "unused file", "unused files"),
                    unused > 0 ? "--list UnusedList" : "");
         if (report_.settings->profile.CHECK_DUPES == 0) {
-            writeCount(out_, report_, "duplicates not looked for", "--set CHECK_DUPES=1");
+            writeCount(out_, report_, "duplicates not looked for", "--duplicates");
             return;
         }
         const std::size_t duplicates = countOfDuplicates(site_);

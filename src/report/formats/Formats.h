@@ -30,6 +30,27 @@ void writeText(std::ostream& out, const CheckReport& report);
 /// not UTF-8 become U+FFFD.
 void writeJsonReport(std::ostream& out, const CheckReport& report);
 
+/// SARIF 2.1.0 (OASIS): a rule for each kind, a result for each finding. A baseline shows as
+/// baselineState.
+void writeSarif(std::ostream& out, const CheckReport& report);
+
+/// JUnit's XML: a suite for each page, a failed test for each error, a skipped one for each note, a
+/// passed one for a page without either. Known findings are left out.
+void writeJunit(std::ostream& out, const CheckReport& report);
+
+/// Workflow commands of GitHub Actions, which show as annotations of a pull request: a line a
+/// finding. Known findings are left out.
+void writeGithub(std::ostream& out, const CheckReport& report);
+
+/// The Code Quality report of GitLab. Known findings are left out.
+void writeGitlab(std::ostream& out, const CheckReport& report);
+
+/// A table of the findings (RFC 4180) that a spreadsheet may open: no cell is a formula.
+void writeCsv(std::ostream& out, const CheckReport& report);
+
+/// Markdown that fits into a comment of a pull request; says what was left out. Known findings are.
+void writeMarkdown(std::ostream& out, const CheckReport& report);
+
 /// One page that needs no other file: totals, the site as a map, and the findings to search, group
 /// and print. A check of local files shows the line of each finding, read anew. Nothing in the names
 /// and references of the site takes effect.

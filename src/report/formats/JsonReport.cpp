@@ -50,13 +50,16 @@ private:
              << ",\n  \"start\": " << jsonText(report_.shownPath(report_.start))
              << ",\n  \"counts\": {\"pages\": " << counts.pages
              << ", \"references\": " << counts.references << ", \"files\": " << counts.files
-             << ", \"folders\": " << counts.folders << "}";
+             << ", \"folders\": " << counts.folders << "}"
+             << ",\n  \"summary\": {\"errors\": " << report_.errors()
+             << ", \"notes\": " << report_.notes() << ", \"known\": " << report_.knownCount
+             << ", \"mended\": " << report_.mendedCount << "}";
     }
 
     void writeKinds() {
         out_ << ",\n  \"kinds\": {";
         for (std::size_t kind = 0; kind < FindingKinds; ++kind) {
-            const KindTotal& total = site_.totals.at(kind);
+            const KindTotal& total = report_.totals.at(kind);
             out_ << (kind == 0 ? "\n    " : ",\n    ")
                  << jsonText(nameOf(static_cast<FindingKind>(kind)))
                  << ": {\"errors\": " << total.errors << ", \"notes\": " << total.notes

@@ -1,5 +1,10 @@
 #include "report/formats/JsonText.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <utility>
+
 #include <nlohmann/json.hpp>
 
 namespace quillmark {
@@ -8,26 +13,67 @@ namespace {
 
 using Json = nlohmann::json;
 
-/// JSON lets U+007F to U+009F stand as they are; on a terminal they would steer it.
-void escapeUpperControls(std::string& json) {
-    for (std::size_t i = 0; i < json.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(json[i]);
-        const unsigned next = i + 1 < json.size() ? static_cast<unsigned char>(json[i + 1]) : 0;
-        if (byte == 0x7F) {
-            json.replace(i, 1, "\\u007f");
-        } else if (byte == 0xC2 && next >= 0x80 && next < 0xA0) {
-            const char* const tens = next < 0x90 ? "8" : "9";
-            json.replace(i, 2, std::string("\\u00") + tens + "0123456789abcdef"[next % 16]);
-        }
+struct Span {
+    std::uint32_t first;
+    std::uint32_t last;
+};
+
+/// JSON lets these stand as they are. On a terminal they would steer it, turn the direction of the
+/// text around them, or end a line.
+constexpr std::array<Span, 6> Steering = {{{0x7F, 0x9F},
+                                           {0x61C, 0x61C},
+                                           {0x200E, 0x200F},
+                                           {0x2028, 0x202E},
+                                           {0x2066, 0x2069},
+                                           {0xFEFF, 0xFEFF}}};
+
+bool steers(std::uint32_t codePoint) {
+    return std::any_of(Steering.begin(), Steering.end(), [codePoint](const Span& span) {
+        return codePoint >= span.first && codePoint <= span.last;
+    });
+}
+
+/// The character at `i` of sound UTF-8 and how many bytes it has. Four bytes steer nothing.
+std::pair<std::uint32_t, std::size_t> characterAt(std::string_view text, std::size_t i) {
+    const auto byte = [&](std::size_t k) {
+        return static_cast<std::uint32_t>(static_cast<unsigned char>(text[i + k]));
+    };
+    if (byte(0) < 0x80) {
+        return {byte(0), 1};
     }
+    if (byte(0) < 0xE0) {
+        return {(byte(0) & 0x1F) << 6 | (byte(1) & 0x3F), 2};
+    }
+    if (byte(0) < 0xF0) {
+        return {(byte(0) & 0xF) << 12 | (byte(1) & 0x3F) << 6 | (byte(2) & 0x3F), 3};
+    }
+    return {0x10000, 4};
+}
+
+std::string escapeSteering(std::string json) {
+    if (std::all_of(json.begin(), json.end(), [](char c) { return c >= 0 && c < 0x7F; })) {
+        return json;
+    }
+    std::string result;
+    for (std::size_t i = 0; i < json.size();) {
+        const auto character = characterAt(json, i);
+        if (steers(character.first)) {
+            result += "\\u";
+            for (int shift = 12; shift >= 0; shift -= 4) {
+                result += "0123456789abcdef"[(character.first >> shift) % 16];
+            }
+        } else {
+            result.append(json, i, character.second);
+        }
+        i += character.second;
+    }
+    return result;
 }
 
 } // namespace
 
 std::string jsonText(std::string_view bytes) {
-    std::string json = Json(bytes).dump(-1, ' ', false, Json::error_handler_t::replace);
-    escapeUpperControls(json);
-    return json;
+    return escapeSteering(Json(bytes).dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 std::string jsonTextOrNull(std::string_view bytes) {
@@ -43,6 +89,13 @@ std::string jsonAddress(const AskedAddress& asked) {
            ", \"verdict\": " + jsonText(asked.verdict ? nameOf(*asked.verdict) : "sound") +
            ", \"status\": " + jsonStatus(asked.status) +
            ", \"leadsTo\": " + jsonTextOrNull(asked.leadsTo) + "}";
+}
+
+std::string soundUtf8(std::string_view bytes) {
+    if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return c >= 0; })) {
+        return std::string(bytes);
+    }
+    return Json::parse(jsonText(bytes)).get<std::string>();
 }
 
 } // namespace quillmark

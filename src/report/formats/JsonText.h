@@ -20,4 +20,7 @@ std::string jsonStatus(std::uint16_t status);
 /// A web address that was asked, as an object.
 std::string jsonAddress(const AskedAddress& asked);
 
+/// The bytes as a JSON string gives them back: what is not UTF-8 has become U+FFFD.
+std::string soundUtf8(std::string_view bytes);
+
 } // namespace quillmark

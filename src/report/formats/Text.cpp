@@ -55,6 +55,21 @@ void writeCount(std::ostream& out, const CheckReport& report, const std::string&
     out << padded(text, width) << styled(report.color, Dim, hint) << "\n";
 }
 
+std::string findingCounts(const CheckReport& report) {
+    const std::string state = report.hasBaseline ? "new " : "";
+    std::string text = counted(report.errors(), state + "error", state + "errors");
+    if (report.notes() > 0) {
+        text += ", " + counted(report.notes(), state + "note", state + "notes");
+    }
+    return text + baselineCounts(report);
+}
+
+std::string baselineCounts(const CheckReport& report) {
+    return report.hasBaseline ? ", " + std::to_string(report.knownCount) + " known, " +
+                                    std::to_string(report.mendedCount) + " mended"
+                              : "";
+}
+
 std::string padded(std::string text, std::size_t width) {
     text.resize(std::max(text.size(), width), ' ');
     return text;

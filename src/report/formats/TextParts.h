@@ -24,6 +24,12 @@ void writeTextHeading(std::ostream& out, const CheckReport& report, const std::s
 void writeCount(std::ostream& out, const CheckReport& report, const std::string& text,
                 const std::string& hint);
 
+/// "2 errors, 1 note", and with a baseline: "2 new errors, 1 new note, 5 known, 1 mended".
+std::string findingCounts(const CheckReport& report);
+
+/// What a baseline adds to the number of findings: ", 5 known, 1 mended", or nothing.
+std::string baselineCounts(const CheckReport& report);
+
 /// The text with blanks up to `width` bytes.
 std::string padded(std::string text, std::size_t width);
 

@@ -38,43 +38,42 @@ private:
     }
 
     void writeFindings() {
-        const std::size_t errors = results_.errors();
-        const std::size_t notes = results_.findings.size() - errors;
-        const bool sound = errors == 0 && report_.outcome == RunOutcome::Finished;
-        out_ << in(sound ? Green : Red, counted(errors, "error", "errors"));
-        if (notes > 0) {
-            out_ << in(Yellow, ", " + counted(notes, "note", "notes"));
-        }
-        out_ << "\n";
-        const std::vector<Finding>& findings = results_.findings;
-        for (std::size_t i = 0; i < findings.size();) {
-            const std::uint32_t page = findings[i].at.page;
-            std::size_t end = i;
-            while (end < findings.size() && findings[end].at.page == page) {
-                ++end;
+        const bool sound = report_.errors() == 0 && report_.outcome == RunOutcome::Finished;
+        out_ << in(sound ? Green : Red, findingCounts(report_)) << "\n";
+        std::vector<const Finding*> page;
+        for (std::size_t i = 0; i < results_.findings.size(); ++i) {
+            if (report_.isKnown(i)) {
+                continue;
             }
-            out_ << "  " << printable(report_.shownPath(results_.pagePath(page))) << "\n";
-            writePage(i, end);
-            i = end;
+            const Finding& finding = results_.findings[i];
+            if (!page.empty() && page.front()->at.page != finding.at.page) {
+                writePage(page);
+                page.clear();
+            }
+            page.push_back(&finding);
         }
+        writePage(page);
         out_ << "\n";
     }
 
     /// The references stand in one column, unless one of them is long.
-    void writePage(std::size_t first, std::size_t end) {
+    void writePage(const std::vector<const Finding*>& findings) {
+        if (findings.empty()) {
+            return;
+        }
+        out_ << "  " << printable(report_.shownPage(findings.front()->at)) << "\n";
         std::size_t width = 0;
-        for (std::size_t i = first; i < end; ++i) {
-            const std::size_t length = printable(results_.findings[i].reference).size();
+        for (const Finding* finding : findings) {
+            const std::size_t length = printable(finding->reference).size();
             width = length <= WidestReference ? std::max(width, length) : width;
         }
-        for (std::size_t i = first; i < end; ++i) {
-            const Finding& finding = results_.findings[i];
-            const bool error = finding.level == FindingLevel::Error;
-            out_ << "    " << padded(position(finding.at), WidestPosition) << "  "
-                 << in(error ? Red : Yellow, padded(printable(finding.reference), width)) << "  "
-                 << (error ? "" : "note: ") << explanationOf(finding);
-            if (!finding.suggestion.empty()) {
-                out_ << " (did you mean " << in(Bold, printable(finding.suggestion)) << "?)";
+        for (const Finding* finding : findings) {
+            const bool error = finding->level == FindingLevel::Error;
+            out_ << "    " << padded(position(finding->at), WidestPosition) << "  "
+                 << in(error ? Red : Yellow, padded(printable(finding->reference), width)) << "  "
+                 << (error ? "" : "note: ") << explanationOf(*finding);
+            if (!finding->suggestion.empty()) {
+                out_ << " (did you mean " << in(Bold, printable(finding->suggestion)) << "?)";
             }
             out_ << "\n";
         }
@@ -83,7 +82,7 @@ private:
     void writeTotals() {
         bool any = false;
         for (std::size_t kind = 0; kind < FindingKinds; ++kind) {
-            const KindTotal& total = results_.totals.at(kind);
+            const KindTotal& total = report_.totals.at(kind);
             if (total.errors + total.notes == 0) {
                 continue;
             }
@@ -139,7 +138,7 @@ private:
 
     void writeDuplicates() {
         if (!results_.duplicatesKnown) {
-            writeCount(out_, report_, "duplicates not looked for", "--set CHECK_DUPES=1");
+            writeCount(out_, report_, "duplicates not looked for", "--duplicates");
             return;
         }
         const std::size_t files = countOfDuplicates(results_);

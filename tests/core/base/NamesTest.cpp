@@ -59,6 +59,7 @@ TEST(Names, ArePrintedWithoutSteeringTheTerminal) {
     constexpr std::size_t All = std::string_view::npos;
     for (const Row& row : {Row{"\x1B[2J\x7F\n", All, R"(\x1B[2J\x7F\x0A)"},
                            {"\xC2\x80\xC2\x9F\xC2\xA0", All, "\\xC2\\x80\\xC2\\x9F\xC2\xA0"},
+                           {"a\xE2\x80\xAEgpj.exe", All, "a\\xE2\\x80\\xAEgpj.exe"},
                            {"\xC3\xA4\xC3", All, "\xC3\xA4\\xC3"},
                            {"\xC3\xA4\xC3\xA4\xC3\xA4", 2, "\xC3\xA4\xC3\xA4"},
                            {"\xE4\xB8\xAD\xE6\x96\x87", 3, "\xE4\xB8\xAD"},
