@@ -3,6 +3,7 @@
 #include "base/Paths.h"
 #include "check/CheckRun.h"
 #include "command/StopSignal.h"
+#include "command/output/BaselineFile.h"
 #include "command/output/Results.h"
 #include "command/start/ProgramPlace.h"
 #include "command/start/RunSettings.h"
@@ -67,8 +68,10 @@ MessageDetail detailFor(const Options& options) {
     if (options.verbose) {
         return MessageDetail::Debug;
     }
-    return isTerminal(Stream::Error) && !options.noProgress ? MessageDetail::Newest
-                                                            : MessageDetail::Lines;
+    if (options.noProgress) {
+        return MessageDetail::Lines;
+    }
+    return isTerminal(Stream::Error) ? MessageDetail::Newest : MessageDetail::None;
 }
 
 RunOutcome performRun(const Options& options, Workspace& workspace,
@@ -98,14 +101,41 @@ void warnOfUnread(const Workspace& workspace) {
     }
 }
 
-int statusOf(const Options& options, RunOutcome outcome, const Workspace& workspace) {
+bool failed(const Options& options, const CheckReport& report) {
+    return report.errors() > 0 || (options.strict && report.notes() > 0);
+}
+
+/// The report of a check, measured against the baseline.
+CheckReport reportOf(const Options& options, RunOutcome outcome, const Workspace& workspace,
+                     const std::optional<Baseline>& baseline) {
+    CheckReport report =
+        makeReport(outcome, workspace.site, workspace.lists, workspace.run, workspace.settings);
+    report.pathPrefix = options.pathPrefix;
+    if (!report.pathPrefix.empty() && !report.pathPrefix.ends_with('/')) {
+        report.pathPrefix += '/';
+    }
+    if (baseline) {
+        applyBaseline(*baseline, report);
+    }
+    return report;
+}
+
+int finish(const Options& options, RunOutcome outcome, Workspace& workspace,
+           const std::optional<Baseline>& baseline) {
+    if (workspace.site.filled && options.needsLists()) {
+        projectLists(workspace.site, workspace.lists);
+    }
+    CheckReport report = reportOf(options, outcome, workspace, baseline);
+    writeResults(options, report, workspace);
+    warnOfUnread(workspace);
     if (outcome != RunOutcome::Finished) {
         return NotFinished;
     }
-    const SiteResults& site = workspace.site;
-    const bool found = site.filled ? site.errors() > 0 || (options.strict && !site.findings.empty())
-                                   : workspace.lists.InvalidReferences.Count() > 0;
-    return found ? InvalidFound : NothingInvalid;
+    if (!options.writeBaseline.empty()) {
+        saveBaseline(options.writeBaseline, report.site());
+        return NothingInvalid;
+    }
+    return failed(options, report) ? InvalidFound : NothingInvalid;
 }
 
 } // namespace
@@ -114,6 +144,7 @@ int runCheck(const Options& options) {
     bool started = false;
     try {
         requireWritableResults(options);
+        const std::optional<Baseline> baseline = loadBaseline(options.baseline);
         ProgramPlace place(options);
         place.claim();
         Workspace workspace;
@@ -121,13 +152,9 @@ int runCheck(const Options& options) {
         started = true;
         TraceFile trace(options.trace);
         const RunOutcome outcome = performRun(options, workspace, place.folder(), trace);
-        if (workspace.site.filled && options.needsLists()) {
-            projectLists(workspace.site, workspace.lists);
-        }
-        writeResults(options, outcome, workspace);
-        warnOfUnread(workspace);
+        const int status = finish(options, outcome, workspace, baseline);
         writing(options.trace, [&trace] { trace.close(); });
-        return statusOf(options, outcome, workspace);
+        return status;
     } catch (const std::exception& error) {
         complain(error.what());
         return started ? NotFinished : NotStarted;

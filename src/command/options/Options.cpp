@@ -2,10 +2,13 @@
 
 #include "base/Printable.h"
 #include "base/Version.h"
+#include "command/options/ConfigFile.h"
 #include "command/options/NamedLists.h"
 #include "command/options/OutputOptions.h"
 #include "command/options/UrlOptions.h"
 #include "settings/Profile.h"
+
+#include <iostream>
 
 #include <CLI/CLI.hpp>
 
@@ -20,7 +23,7 @@ constexpr const char* Description =
 constexpr const char* Footer =
     "Examples:\n"
     "  quillmark-check site/index.html\n"
-    "  quillmark-check --list InvalidReferences --set IGNORECASE=1 site/index.html\n"
+    "  quillmark-check --rules web --output sarif:site.sarif site\n"
     "  quillmark-check --host ftp.site.org --user me --start /www/index.html\n"
     "  quillmark-check profile save \"My Site\" --host ftp.site.org --user me --start "
     "/www/index.html\n"
@@ -36,8 +39,8 @@ constexpr const char* Footer =
 
 void addSource(CLI::App& app, Options& options) {
     auto* start = app.add_option("START", options.start,
-                                 "Check the site on this disk that starts with this page, such as\n"
-                                 "site/index.html")
+                                 "Check the site on this disk that starts with this page, or "
+                                 "with the\nindex page of this folder")
                       ->type_name("");
     auto* profile = app.add_option("--profile", options.profile, "Check the site of this profile")
                         ->type_name("NAME")
@@ -53,10 +56,23 @@ void addSource(CLI::App& app, Options& options) {
            "a profile: --set MAX_LEVELS=3")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
+    app.add_option("--config", options.config,
+                   "Take options that are not given here from this file, instead of\n"
+                   "quillmark.toml beside the start page")
+        ->type_name("FILE");
     app.add_option("--host", options.host, "Check the site on this web host, over FTP or SFTP")
         ->type_name("NAME")
         ->excludes(start)
         ->excludes(profile);
+}
+
+void addChecking(CLI::App& app, Options& options) {
+    app.add_flag("--ignore-case", options.ignoreCase,
+                 "Accept names in other capital or small letters");
+    app.add_flag("--duplicates", options.duplicates, "Look for files that are there twice");
+    app.add_option("--max-levels", options.maxLevels,
+                   "List folders to this depth only; 0 is all of them")
+        ->type_name("N");
 }
 
 void addHost(CLI::App& app, Options& options) {
@@ -137,8 +153,6 @@ void addWebRules(CLI::App& app, Options& options) {
         "REGEX");
     flag("--clean-urls", options.web.cleanUrls, "\"about\" finds about.html");
     flag("--all-pages", options.web.allPages, "Read every page, not only those that are reached");
-    flag("--ignore-case", options.ignoreCase, "Accept names in other capital or small letters");
-    flag("--strict", options.strict, "Notes count as errors, too");
 }
 
 void addProfileCommand(CLI::App& profile, Options& options, const std::string& name,
@@ -172,14 +186,16 @@ void addOutput(CLI::App& app, Options& options) {
                    "tab and the page that makes it:\n" +
                        namesOfLists())
         ->type_name("NAME");
-    auto* quiet = app.add_flag("-q,--quiet", options.quiet,
-                               "Print no messages and no progress bar, but warnings");
+    auto* quiet =
+        app.add_flag("-q,--quiet", options.quiet,
+                     "Print no messages and no progress bar, but warnings; so it is where\n"
+                     "standard error is no terminal");
     app.add_flag("-v,--verbose", options.verbose,
                  "Print every message on a line of its own, debug messages too")
         ->excludes(quiet);
     app.add_flag("--color", options.color, "Use colours even if the output is no terminal");
     app.add_flag("--no-progress", options.noProgress,
-                 "Print messages instead of a progress bar, on a terminal, too");
+                 "Print every message on a line of its own instead of a progress bar");
     app.set_version_flag("--version", "quillmark-check " + std::string(ApplicationVersion),
                          "Print the version and end");
     app.set_help_flag("-h,--help", "Print this help and end");
@@ -189,6 +205,9 @@ void addOutput(CLI::App& app, Options& options) {
 void checkTogether(const Options& options) {
     if (options.action != Action::Check && options.profile.empty()) {
         throw CLI::ValidationError("a profile needs a name");
+    }
+    if (options.action != Action::Check && !options.config.empty()) {
+        throw CLI::ValidationError("--config is for checks, not for profiles");
     }
     if (options.start.empty() && options.profile.empty() && options.host.empty()) {
         throw CLI::RequiredError("a start file, --profile NAME or --host NAME");
@@ -203,27 +222,55 @@ void checkTogether(const Options& options) {
     }
 }
 
-} // namespace
+std::string usageError(const std::string& text) {
+    return "quillmark-check: " + printable(text) + "\nTry \"quillmark-check --help\".\n";
+}
 
-ParsedOptions parseOptions(int argc, const char* const* argv) {
+/// Reads the command line, and what it leaves open from the file. The command line was read by
+/// itself before: what is wrong now is in the file.
+ParsedOptions parseWith(int argc, const char* const* argv, const std::optional<ConfigFile>& file) {
     ParsedOptions parsed;
     CLI::App app(Description, "quillmark-check");
     app.footer(Footer);
-    app.failure_message([](const CLI::App*, const CLI::Error& error) {
-        return "quillmark-check: " + printable(error.what()) +
-               "\nTry \"quillmark-check --help\".\n";
+    app.failure_message([&file](const CLI::App*, const CLI::Error& error) {
+        const std::string text = error.what();
+        const bool named = !file || text.starts_with(file->path);
+        return usageError((named ? "" : file->path + ": ") + text);
     });
     addSource(app, parsed.options);
+    addChecking(app, parsed.options);
     addWebRules(app, parsed.options);
     addHost(app, parsed.options);
     addUrlOptions(app, parsed.options);
     addProfileCommands(app, parsed.options);
     addOutput(app, parsed.options);
+    if (file) {
+        useConfigFile(app, *file);
+    }
     try {
         app.parse(argc, argv);
-        checkTogether(parsed.options);
     } catch (const CLI::ParseError& error) {
         parsed.exitStatus = app.exit(error) == 0 ? NothingInvalid : NotStarted;
+    }
+    return parsed;
+}
+
+} // namespace
+
+ParsedOptions parseOptions(int argc, const char* const* argv) {
+    ParsedOptions parsed = parseWith(argc, argv, std::nullopt);
+    if (!parsed.exitStatus && parsed.options.action == Action::Check) {
+        if (const auto file = configFileFor(parsed.options)) {
+            parsed = parseWith(argc, argv, file);
+        }
+    }
+    try {
+        if (!parsed.exitStatus) {
+            checkTogether(parsed.options);
+        }
+    } catch (const CLI::ParseError& error) {
+        std::cerr << usageError(error.what());
+        parsed.exitStatus = NotStarted;
     }
     return parsed;
 }

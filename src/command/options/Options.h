@@ -43,6 +43,7 @@ struct Options {
     std::optional<std::string> port;
     std::optional<std::string> userName;
     std::optional<std::string> account;
+    std::string config; ///< The file with options that is named.
     std::string passwordFile;
     std::optional<std::string> encryption; ///< "none", "tls", "implicit" or "sftp".
     std::optional<std::string> connections;
@@ -58,12 +59,16 @@ struct Options {
     std::string list; ///< The name of a result list.
     std::vector<Output> outputs;
     std::string pathPrefix; ///< The folder of the site in the user's repository, as given.
+    std::string baseline;   ///< The file of known findings.
+    std::string writeBaseline;
     std::optional<std::string> rules; ///< "classic" or "web".
     std::optional<std::string> siteUrl;
     std::optional<std::string> root; ///< The top of the site, in the machine's or host's form.
     web::WebOptions web;
     bool checkUrls = false;
     bool ignoreCase = false;
+    bool duplicates = false;
+    std::optional<std::string> maxLevels;
     bool strict = false;
     bool quiet = false;
     bool verbose = false;

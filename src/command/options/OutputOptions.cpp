@@ -30,6 +30,9 @@ Output parseOutput(const std::string& text) {
         if (output.file.empty()) {
             throw CLI::ValidationError("\"" + text + "\" names no file behind the colon");
         }
+        if (output.file == "-") {
+            output.file.clear();
+        }
     }
     return output;
 }
@@ -50,9 +53,17 @@ void addOutputOptions(CLI::App& app, Options& options) {
                namesOfFormats())
         ->type_name("FORMAT[:FILE]")
         ->allow_extra_args(false);
+    app.add_option("--baseline", options.baseline,
+                   "Leave the findings in this file out of account: the exit status is that of new "
+                   "ones")
+        ->type_name("FILE");
+    app.add_option("--write-baseline", options.writeBaseline,
+                   "Write all findings of this check to this file, and end with 0")
+        ->type_name("FILE");
+    app.add_flag("--strict", options.strict, "Notes count as errors, too");
     app.add_option("--path-prefix", options.pathPrefix,
                    "The folder of the site in your repository, which --output puts before paths")
-        ->type_name("DIR");
+        ->type_name("PREFIX");
 }
 
 void requireOneStandardOutput(const Options& options) {

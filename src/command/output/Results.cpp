@@ -32,28 +32,6 @@ void requireWritable(const std::string& file) {
     }
 }
 
-/// Gives a program the name as it is, and a terminal what cannot steer it.
-void writeName(std::string_view name) {
-    static const bool toTerminal = isTerminal(Stream::Output);
-    if (toTerminal) {
-        std::cout << printable(name);
-    } else {
-        std::cout << name;
-    }
-}
-
-void writeNamedList(const NamedList& list, const ResultLists& lists) {
-    const ResultList& lines = lists.*list.lines;
-    for (int i = 0; i < lines.Count(); ++i) {
-        writeName(lines.Line(i));
-        if (list.from != nullptr) {
-            std::cout << '\t';
-            writeName((lists.*list.from).Line(i));
-        }
-        std::cout << '\n';
-    }
-}
-
 /// The stream knows that the disk refused, errno knows why.
 void requireGood(const std::ostream& out) {
     if (!out) {
@@ -61,10 +39,35 @@ void requireGood(const std::ostream& out) {
     }
 }
 
+/// Gives a program the name as it is, and a terminal what cannot steer it.
+void writeName(std::ostream& out, std::string_view name) {
+    static const bool toTerminal = isTerminal(Stream::Output);
+    if (toTerminal) {
+        out << printable(name);
+    } else {
+        out << name;
+    }
+}
+
+void writeNamedList(std::ostream& out, const NamedList& list, const ResultLists& lists) {
+    const ResultList& lines = lists.*list.lines;
+    for (int i = 0; i < lines.Count(); ++i) {
+        writeName(out, lines.Line(i));
+        if (list.from != nullptr) {
+            out << '\t';
+            writeName(out, (lists.*list.from).Line(i));
+        }
+        out << '\n';
+    }
+}
+
 /// Calls `write` with the file, or with standard output for "-".
 template <typename Write> void writeTo(const std::string& file, Write write) {
     if (file == "-") {
-        write(std::cout);
+        writing("standard output", [&] {
+            write(std::cout);
+            requireGood(std::cout.flush());
+        });
         return;
     }
     writing(file, [&] {
@@ -90,18 +93,8 @@ std::vector<Output> outputsFor(const Options& options) {
     return outputs;
 }
 
-void writeFormats(const Options& options, RunOutcome outcome, const Workspace& workspace) {
-    const std::vector<Output> outputs = outputsFor(options);
-    if (outputs.empty()) {
-        return;
-    }
-    CheckReport report =
-        makeReport(outcome, workspace.site, workspace.lists, workspace.run, workspace.settings);
-    report.pathPrefix = options.pathPrefix;
-    if (!report.pathPrefix.empty() && !report.pathPrefix.ends_with('/')) {
-        report.pathPrefix += '/';
-    }
-    for (const Output& output : outputs) {
+void writeFormats(const Options& options, CheckReport& report) {
+    for (const Output& output : outputsFor(options)) {
         report.color = output.file.empty() && useColor(options.color);
         writeTo(output.file.empty() ? "-" : output.file,
                 [&](std::ostream& out) { findFormat(output.format)->write(out, report); });
@@ -114,6 +107,7 @@ void requireWritableResults(const Options& options) {
     requireWritable(options.report);
     requireWritable(options.json);
     requireWritable(options.trace);
+    requireWritable(options.writeBaseline);
     for (const Output& output : options.outputs) {
         requireWritable(output.file);
     }
@@ -127,20 +121,22 @@ void writing(const std::string& file, const std::function<void()>& write) {
     }
 }
 
-void writeResults(const Options& options, RunOutcome outcome, const Workspace& workspace) {
+void writeResults(const Options& options, CheckReport& report, const Workspace& workspace) {
     if (!options.report.empty()) {
         writing(options.report, [&] {
             WriteReport(options.report, workspace.lists, workspace.settings, workspace.run);
         });
     }
     if (!options.json.empty()) {
-        writeTo(options.json, [&](std::ostream& out) { writeJson(out, outcome, workspace); });
+        writeTo(options.json,
+                [&](std::ostream& out) { writeJson(out, report.outcome, workspace); });
     }
     if (!options.list.empty()) {
-        writeNamedList(*findList(options.list), workspace.lists);
+        writeTo("-", [&](std::ostream& out) {
+            writeNamedList(out, *findList(options.list), workspace.lists);
+        });
     }
-    writeFormats(options, outcome, workspace);
-    writing("standard output", [] { requireGood(std::cout.flush()); });
+    writeFormats(options, report);
 }
 
 } // namespace quillmark

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "check/CheckRun.h"
 #include "command/options/Options.h"
+#include "report/CheckReport.h"
 #include "ui/Workspace.h"
 
 #include <functional>
@@ -14,8 +14,9 @@ namespace quillmark {
 /// before the run: the check of a large site must not be lost to a mistyped folder.
 void requireWritableResults(const Options& options);
 
-/// Writes what the command line asks for, or the summary. Throws a Failure if that is not possible.
-void writeResults(const Options& options, RunOutcome outcome, const Workspace& workspace);
+/// Writes what the command line asks for, or the summary. Throws a Failure that names what cannot
+/// be written.
+void writeResults(const Options& options, CheckReport& report, const Workspace& workspace);
 
 /// Writes the outcome and every list as one JSON object (RFC 8259). Bytes that are not UTF-8 become
 /// U+FFFD.

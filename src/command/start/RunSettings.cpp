@@ -101,6 +101,19 @@ void applyHost(const Options& options, Settings& settings) {
     }
 }
 
+/// Options that name a setting in plain words.
+void applyPlainNames(const Options& options, Settings& settings) {
+    if (options.ignoreCase) {
+        settings.configuration.IGNORECASE = 1;
+    }
+    if (options.duplicates) {
+        settings.profile.CHECK_DUPES = 1;
+    }
+    if (options.maxLevels) {
+        setByKey(settings, "MAX_LEVELS", *options.maxLevels);
+    }
+}
+
 /// What the options of the web rules say that a profile can hold, too.
 void applyWebRules(const Options& options, Settings& settings) {
     Profile& profile = settings.profile;
@@ -156,6 +169,7 @@ void requireProfile(const std::string& name, SettingsFiles& files) {
 
 void applyOptions(const Options& options, Settings& settings) {
     applyHost(options, settings);
+    applyPlainNames(options, settings);
     applyWebRules(options, settings);
     applySettings(options.set, settings);
     requireMatchingEncryption(options, settings.profile);
@@ -176,7 +190,7 @@ void takeRunSettings(const Options& options, Settings& settings, SettingsFiles& 
     if (!options.profile.empty()) {
         loadNamedProfile(options.profile, settings, files);
     } else if (!options.start.empty()) {
-        profile.START_PATH = startPathOf(options.start);
+        profile.START_PATH = startPathOf(startPageOf(options.start, options.web.indexNames));
     }
     applyOptions(options, settings);
     applyIgnoreCase(options, settings);

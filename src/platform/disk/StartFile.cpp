@@ -60,6 +60,17 @@ void requireListed(const fs::path& file) {
 
 } // namespace
 
+fs::path startPageOf(const fs::path& fileOrFolder, const std::vector<std::string>& indexNames) {
+    std::error_code error;
+    for (const std::string& name : indexNames) {
+        if (fs::is_directory(fileOrFolder, error) &&
+            fs::is_regular_file(fileOrFolder / name, error)) {
+            return fileOrFolder / name;
+        }
+    }
+    return fileOrFolder;
+}
+
 std::string startPathOf(const fs::path& file) {
     requireFile(file);
     const fs::path path = fs::absolute(file).lexically_normal();

@@ -5,8 +5,13 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillmark {
+
+/// The page that a folder's visitors get, one of `indexNames`; any other path is returned as it is.
+std::filesystem::path startPageOf(const std::filesystem::path& fileOrFolder,
+                                  const std::vector<std::string>& indexNames);
 
 /// The START_PATH ("\" form, absolute) of a start file that the user names in the machine's own
 /// form. Throws a Failure that says what to name instead when no check can begin there.

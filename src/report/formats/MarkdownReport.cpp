@@ -65,7 +65,7 @@ private:
             text += std::to_string(finding.at.line) + ":" + std::to_string(finding.at.column) + " ";
         }
         text += code(finding.reference) + (finding.level == FindingLevel::Note ? " note: " : " ");
-        text += explanationOf(finding.kind);
+        text += explanationOf(finding);
         if (!finding.suggestion.empty()) {
             text += "; did you mean " + code(finding.suggestion) + "?";
         }

@@ -219,7 +219,7 @@ private:
 
     void finishFindings() {
         std::stable_sort(results_.findings.begin(), results_.findings.end(), isEarlier);
-        countFindings(results_);
+        results_.totals = countFindings(results_.findings);
     }
 
     void postTroubles(const std::vector<std::string>& troubles) {

@@ -15,9 +15,9 @@ namespace quillmark::web {
 
 namespace {
 
-constexpr std::array<std::string_view, 10> AskedFor = {
-    "robots.txt",   "favicon.ico", "404.html",   "ads.txt",  "humans.txt",
-    "security.txt", "CNAME",       "_redirects", "_headers", "browserconfig.xml"};
+constexpr std::array<std::string_view, 11> AskedFor = {
+    "robots.txt", "favicon.ico", "404.html", "ads.txt",           "humans.txt",    "security.txt",
+    "CNAME",      "_redirects",  "_headers", "browserconfig.xml", "quillmark.toml"};
 
 using Files = std::vector<std::uint32_t>;
 
