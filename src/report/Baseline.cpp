@@ -1,7 +1,7 @@
 #include "report/Baseline.h"
 
 #include "base/Failure.h"
-#include "report/formats/JsonText.h"
+#include "report/JsonText.h"
 
 #include <nlohmann/json.hpp>
 
@@ -35,8 +35,10 @@ Baseline readFindings(const Json& file) {
 Baseline parseBaseline(std::string_view json) {
     try {
         return readFindings(Json::parse(json));
-    } catch (const Json::exception& error) {
-        throw invalidValue(error.what());
+    } catch (const Json::parse_error& error) {
+        throw invalidValue("it is no JSON from byte " + std::to_string(error.byte) + " on");
+    } catch (const Json::exception&) {
+        throw invalidValue("it lacks values that --write-baseline writes");
     }
 }
 

@@ -1,10 +1,11 @@
 #include "command/options/ConfigFile.h"
 
-#include "web/verdict/NearNames.h"
+#include "command/options/ConfigText.h"
 
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <numeric>
 #include <sstream>
 
 #include <CLI/CLI.hpp>
@@ -20,11 +21,10 @@ constexpr const char* FileName = "quillmark.toml";
 /// Not what a check is done with.
 constexpr std::array<std::string_view, 3> CommandLineOnly = {"config", "help", "version"};
 
-/// What a file that came with a site must not decide: where anything is written, which host is
-/// talked to, and which password it gets.
-constexpr std::array<std::string_view, 12> NotInFound = {
-    "account", "folder", "host",  "json",  "password-file", "port",
-    "profile", "report", "start", "trace", "user",          "write-baseline"};
+/// What a file that came with a site must not decide, beside all that goes with a host: where
+/// anything is written, which host is talked to, and which password it gets.
+constexpr std::array<std::string_view, 6> NotInFound = {"folder",  "host",   "json",
+                                                        "profile", "report", "write-baseline"};
 constexpr std::array<std::string_view, 5> SettingsNotInFound = {
     "ACCOUNT_NAME=", "HOST_NAME=", "HOST_PORT=", "START_PATH=", "USER_NAME="};
 
@@ -32,11 +32,27 @@ template <typename Names> bool isAmong(const Names& names, std::string_view name
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
+/// How many characters have to be put in, left out or changed (Levenshtein).
+std::size_t editsBetween(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = row[0]++;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t changed = diagonal + (a[i] == b[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
 /// CLI11's reader of TOML, with what it lets pass held against the options there are.
 class OptionsFile : public CLI::ConfigTOML {
 public:
     OptionsFile(const CLI::App& app, const ConfigFile& file)
         : file_(file), folder_(fs::absolute(file.path).parent_path()) {
+        comment('\n'); // Comments are gone, and a "#" in quotes is none.
         for (const CLI::Option* option : app.get_options()) {
             for (const std::string& name : option->get_lnames()) {
                 if (!isAmong(CommandLineOnly, name)) {
@@ -49,16 +65,15 @@ public:
     std::vector<CLI::ConfigItem> from_config(std::istream& input) const override {
         std::ostringstream text;
         text << input.rdbuf();
-        std::istringstream whole(text.str());
-        std::vector<CLI::ConfigItem> items = CLI::ConfigTOML::from_config(whole);
+        std::vector<CLI::ConfigItem> options = read(text.str());
         std::vector<std::string> seen;
-        for (CLI::ConfigItem& item : items) {
+        for (CLI::ConfigItem& item : options) {
             const std::string place = placeOf(item, text.str());
             requireOption(item, place);
-            requireReadable(item, place);
+            requireFlag(item, place);
             if (isAmong(seen, item.name)) {
                 throw CLI::ValidationError(place + "\"" + item.name +
-                                           "\" is there twice; write its values as [\"a\", \"b\"]");
+                                           "\" is there twice; a list is written as ['a', 'b']");
             }
             seen.push_back(item.name);
             if (file_.found) {
@@ -66,10 +81,20 @@ public:
             }
             resolvePaths(item);
         }
-        return items;
+        return options;
     }
 
 private:
+    std::vector<CLI::ConfigItem> read(const std::string& text) const {
+        try {
+            std::istringstream readable(readableToml(text));
+            return CLI::ConfigTOML::from_config(readable);
+        } catch (const ConfigTextError& error) {
+            throw CLI::ValidationError(file_.path + ":" + std::to_string(error.line()) + ": " +
+                                       error.what());
+        }
+    }
+
     /// "site/quillmark.toml:3: "
     std::string placeOf(const CLI::ConfigItem& item, const std::string& text) const {
         const std::string wanted = isSection(item) ? "[" + item.parents.front() : item.fullname();
@@ -97,31 +122,38 @@ private:
         if (item.parents.empty() && options_.count(item.name) > 0) {
             return;
         }
-        std::vector<std::string_view> names;
-        for (const auto& option : options_) {
-            names.emplace_back(option.first);
-        }
-        const auto nearest = web::NearNames().nearest(item.name, names);
+        const std::string nearest = nearestOption(item.fullname());
         throw CLI::ValidationError(place + "there is no option \"" + item.fullname() + "\"" +
-                                   (nearest
-                                        ? "; did you mean \"" + std::string(names[*nearest]) + "\"?"
-                                        : "; --help names them, write them without \"--\""));
+                                   (nearest.empty()
+                                        ? "; --help names them, write them without \"--\""
+                                        : "; did you mean \"" + nearest + "\"?"));
     }
 
-    /// The reader ends a value at "#" and loses what follows, in quotes, too.
-    static void requireReadable(const CLI::ConfigItem& item, const std::string& place) {
-        for (const std::string& value : item.inputs) {
-            if (!value.empty() && (value.front() == '"' || value.front() == '\'')) {
-                throw CLI::ValidationError(place + "the quotes of \"" + item.name +
-                                           "\" do not end; a value cannot hold \"#\", which begins "
-                                           "a comment: write \\x23 in a pattern");
+    /// The one with the fewest edits, unless that is half of it: "" then.
+    std::string nearestOption(const std::string& name) const {
+        std::string nearest;
+        std::size_t fewest = name.size() / 2 + 1;
+        for (const auto& option : options_) {
+            const std::size_t edits = editsBetween(name, option.first);
+            if (edits < fewest && 2 * edits < option.first.size()) {
+                fewest = edits;
+                nearest = option.first;
             }
         }
+        return nearest;
     }
 
-    static void requireHarmless(const CLI::ConfigItem& item, const std::string& place) {
+    void requireFlag(const CLI::ConfigItem& item, const std::string& place) const {
+        const bool flag = options_.at(item.name)->get_expected_max() == 0;
+        if (flag && item.inputs != std::vector<std::string>{"true"} &&
+            item.inputs != std::vector<std::string>{"false"}) {
+            throw CLI::ValidationError(place + "\"" + item.name + "\" is true or false");
+        }
+    }
+
+    void requireHarmless(const CLI::ConfigItem& item, const std::string& place) const {
         const bool harmful =
-            isAmong(NotInFound, item.name) ||
+            isAmong(NotInFound, item.name) || options_.at(item.name)->get_group() == HostGroup ||
             std::any_of(item.inputs.begin(), item.inputs.end(), [&](const std::string& value) {
                 return (item.name == "output" && value.find(':') != std::string::npos) ||
                        (item.name == "set" &&

@@ -76,7 +76,7 @@ void addChecking(CLI::App& app, Options& options) {
 }
 
 void addHost(CLI::App& app, Options& options) {
-    const std::string group = "On a web host";
+    const std::string group(HostGroup);
     app.add_option("--start", options.startPath,
                    "Start with this page, as the host names it, such as /www/index.html")
         ->type_name("PATH")

@@ -6,6 +6,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillmark {
@@ -26,6 +27,9 @@ public:
 
 /// What quillmark-check is asked to do.
 enum class Action { Check, SaveProfile, ShowProfile };
+
+/// The heading in the help text of what goes with a web host.
+inline constexpr std::string_view HostGroup = "On a web host";
 
 /// Where one format goes.
 struct Output {

@@ -1,6 +1,6 @@
 #include "command/output/FindingsJson.h"
 
-#include "report/formats/JsonText.h"
+#include "report/JsonText.h"
 
 #include <string>
 #include <string_view>

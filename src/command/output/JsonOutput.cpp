@@ -3,7 +3,7 @@
 #include "command/options/NamedLists.h"
 #include "command/output/FindingsJson.h"
 #include "report/CheckReport.h"
-#include "report/formats/JsonText.h"
+#include "report/JsonText.h"
 
 #include <cmath>
 #include <string>

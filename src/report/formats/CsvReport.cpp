@@ -35,9 +35,8 @@ void writeCsv(std::ostream& out, const CheckReport& report) {
             << cell(report.shownPage(finding.at)) << ',' << number(finding.at.line) << ','
             << number(finding.at.column) << ',' << cell(finding.at.element) << ','
             << cell(finding.at.attribute) << ',' << cell(finding.reference) << ','
-            << cell(report.shownPath(finding.target)) << ',' << cell(explanationOf(finding))
-            << ',' << cell(finding.suggestion) << ',' << (report.isKnown(i) ? "yes" : "no")
-            << "\r\n";
+            << cell(report.shownPath(finding.target)) << ',' << cell(explanationOf(finding)) << ','
+            << cell(finding.suggestion) << ',' << (report.isKnown(i) ? "yes" : "no") << "\r\n";
     }
 }
 

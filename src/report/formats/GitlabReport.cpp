@@ -1,6 +1,6 @@
 #include "report/FindingIdentity.h"
+#include "report/JsonText.h"
 #include "report/formats/Formats.h"
-#include "report/formats/JsonText.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "base/Version.h"
+#include "report/JsonText.h"
 #include "report/formats/Formats.h"
-#include "report/formats/JsonText.h"
 
 namespace quillmark {
 

@@ -1,7 +1,7 @@
 #include "base/Version.h"
 #include "report/FindingIdentity.h"
+#include "report/JsonText.h"
 #include "report/formats/Formats.h"
-#include "report/formats/JsonText.h"
 
 namespace quillmark {
 

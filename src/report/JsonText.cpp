@@ -1,4 +1,4 @@
-#include "report/formats/JsonText.h"
+#include "report/JsonText.h"
 
 #include <algorithm>
 #include <array>
