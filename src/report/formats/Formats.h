@@ -52,8 +52,8 @@ void writeCsv(std::ostream& out, const CheckReport& report);
 void writeMarkdown(std::ostream& out, const CheckReport& report);
 
 /// One page that needs no other file: totals, the site as a map, and the findings to search, group
-/// and print. A check of local files shows the line of each finding, read anew. Nothing in the names
-/// and references of the site takes effect.
+/// and print. A check of local files shows the line of each finding, read anew. Nothing in the
+/// names and references of the site takes effect.
 void writeHtmlPage(std::ostream& out, const CheckReport& report);
 
 } // namespace quillmark

@@ -268,7 +268,7 @@ TEST(CheckCommand, EverySignalThatEndsProgramsStopsTheRun) {
 TEST(CheckCommand, InterruptStopsTheOnlyRunOfAFolderAndKeepsItsResults) {
     const CommandBench bench;
     writeLongSite(bench.site);
-    Process process(bench.command({"--json", "r.json", bench.start()}));
+    Process process(bench.command({"--no-progress", "--json", "r.json", bench.start()}));
     waitUntilReading(process);
     const Finished second = bench.check({bench.start()});
     EXPECT_EQ(second.status, 2);
