@@ -91,10 +91,18 @@ std::optional<std::string> readLine(int terminal, int signals) {
     return std::nullopt;
 }
 
+FileDescriptor openTerminal() {
+    return FileDescriptor(open("/dev/tty", O_RDWR | O_CLOEXEC | O_NOCTTY));
+}
+
 } // namespace
 
+bool canPrompt() {
+    return openTerminal().isOpen();
+}
+
 std::optional<std::string> promptForPassword(const std::string& question) {
-    const FileDescriptor terminal(open("/dev/tty", O_RDWR | O_CLOEXEC | O_NOCTTY));
+    const FileDescriptor terminal = openTerminal();
     if (!terminal.isOpen()) {
         return std::nullopt;
     }

@@ -5,6 +5,9 @@
 
 namespace quillmark {
 
+/// Whether there is a terminal to ask on.
+bool canPrompt();
+
 /// Asks for a password on the user's terminal, without showing it. None if there is no terminal, or
 /// if the user gives up with Ctrl-C or Ctrl-D. A signal that ends the program waits until the
 /// terminal shows again what is typed.

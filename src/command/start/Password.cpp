@@ -54,7 +54,8 @@ void takePassword(const Options& options, Profile& profile) {
         return;
     }
     const auto answer = askForPassword(profile);
-    if (!answer && profile.ENCRYPTION != Encryption::Sftp) {
+    const bool canDoWithout = profile.ENCRYPTION == Encryption::Sftp && !canPrompt();
+    if (!answer && !canDoWithout) {
         throw CannotStart("there is no password for " + profile.USER_NAME +
                           "; set QUILLMARK_PASSWORD or name a --password-file");
     }

@@ -13,8 +13,8 @@ namespace quillmark {
 std::optional<std::string> givenPassword(const Options& options);
 
 /// Puts the password of a check into the profile: the given one, or else the stored one. A user
-/// named on the command line is asked for it. Throws CannotStart if nobody answers, but for SFTP,
-/// which may do without.
+/// named on the command line is asked for it. Throws CannotStart if nobody answers; without a
+/// terminal SFTP may do without a password.
 void takePassword(const Options& options, Profile& profile);
 
 /// Asks for the password of the profile's user, or the passphrase of its key file; none if nobody
