@@ -21,6 +21,10 @@ namespace {
 /// The levels of findings for the page's script: errors, notes, and what a baseline knows.
 constexpr int KnownLevel = 2;
 
+constexpr std::size_t MostColumns = 1000;
+constexpr std::size_t MostBytes = 4 * MostColumns;  // Of the longest characters.
+constexpr std::size_t ShortBytes = MostColumns / 4; // Escaped, a byte takes four columns.
+
 /// The bytes as a JSON string within a script element: nothing in it can end that element, and what
 /// would steer a terminal or is not UTF-8 is shown as on a terminal.
 std::string pageText(std::string_view bytes) {
@@ -36,6 +40,17 @@ std::string pageText(std::string_view bytes) {
         text += c;
     }
     return text + '"';
+}
+
+/// A reference may hold megabytes: an image, for one.
+std::string shortText(std::string_view bytes) {
+    if (bytes.size() <= ShortBytes) {
+        return pageText(bytes);
+    }
+    const std::string_view beginning = bytes.substr(0, MostBytes);
+    const std::string text = printable(beginning, MostColumns);
+    const bool isWhole = beginning == bytes && text == printable(bytes);
+    return pageText(isWhole ? text : text + "…");
 }
 
 std::string sourceText(std::string line) {
@@ -84,7 +99,7 @@ public:
         writeArray("ignored", site_.ignored, [this](const IgnoredReference& ignored) {
             out_ << "[" << static_cast<int>(ignored.reason) << ",";
             writePlace(ignored.at);
-            out_ << "," << pageText(ignored.reference) << "]";
+            out_ << "," << shortText(ignored.reference) << "]";
         });
         out_ << "}";
     }
@@ -145,8 +160,8 @@ private:
             const Excerpt source = sourceOf(finding.at);
             out_ << "[" << explanations_.numberOf(explanationOf(finding)) << "," << level << ",";
             writePlace(finding.at);
-            out_ << "," << pageText(finding.reference) << ","
-                 << targets_.numberOf(targetOf(finding)) << "," << pageText(finding.suggestion)
+            out_ << "," << shortText(finding.reference) << ","
+                 << targets_.numberOf(targetOf(finding)) << "," << shortText(finding.suggestion)
                  << "," << sourceText(source.before) << "," << sourceText(source.after) << "]";
         });
     }
@@ -172,7 +187,7 @@ private:
     }
 
     void writeTexts(std::string_view name, const std::vector<std::string_view>& texts) {
-        writeArray(name, texts, [this](std::string_view text) { out_ << pageText(text); });
+        writeArray(name, texts, [this](std::string_view text) { out_ << shortText(text); });
     }
 
     template <typename Items, typename Write>

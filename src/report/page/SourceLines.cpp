@@ -18,7 +18,10 @@ constexpr std::string_view Ellipsis = "…";
 std::string readAll(const std::string& file) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(file, error);
-    std::string bytes(error ? 0 : size, '\0');
+    if (error) {
+        return {}; // What took its place, a pipe for one, could keep us waiting.
+    }
+    std::string bytes(size, '\0');
     std::ifstream in(file, std::ios::binary);
     in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     bytes.resize(static_cast<std::size_t>(in.gcount()));

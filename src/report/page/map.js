@@ -62,6 +62,9 @@ function put(made, box, around) {
 
 /** Draws what a folder holds into its frame, folders in folders, as far as there is room. */
 function fillFrame(frame, frameBox, folder, box) {
+    while (folder.children.size === 1 && [...folder.children.values()][0].children) {
+        [folder] = folder.children.values();
+    }
     const draw = (className, part) => {
         frame.append(put(element('span', {className}), part, frameBox));
     };
@@ -71,8 +74,7 @@ function fillFrame(frame, frameBox, folder, box) {
     }
     layOut(folder, box, (child, part) => {
         if (child.children) {
-            const isOnly = folder.children.size === 1;
-            fillFrame(frame, frameBox, child, isOnly ? part : inside(part, frameEdge));
+            fillFrame(frame, frameBox, child, inside(part, frameEdge));
         } else {
             draw(child.state, part);
         }
