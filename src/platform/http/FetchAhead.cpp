@@ -13,8 +13,7 @@ constexpr int TooManyRequests = 429;
 /// too, or because its server sends a body after a HEAD.
 bool mayPass(const UrlAnswer& answer) {
     return answer.failure == UrlFailure::TimedOut || answer.failure == UrlFailure::Broken ||
-           answer.status == TooManyRequests ||
-           (answer.status >= 500 && answer.status < 600);
+           answer.status == TooManyRequests || (answer.status >= 500 && answer.status < 600);
 }
 
 /// Whether a HEAD says nothing: many servers answer it with less care than a GET.
@@ -25,14 +24,10 @@ bool provesNothing(const UrlAnswer& answer) {
 
 } // namespace
 
-FetchAhead::FetchAhead(const FetchLimits& limits, const FetchManners& manners,
-                       const std::vector<UrlRequest>& requests)
+FetchAhead::FetchAhead(const FetchLimits& limits, const FetchManners& manners)
     : limits_(limits), manners_(manners), multi_(curl_multi_init()),
       waiting_(limits.toOneHost.value_or(manners.toOneHost)) {
     curl_multi_setopt(multi_.get(), CURLMOPT_MAXCONNECTS, static_cast<long>(limits.inAll));
-    for (const UrlRequest& request : requests) {
-        find(request);
-    }
 }
 
 const Fetch& FetchAhead::find(const UrlRequest& request) {

@@ -20,11 +20,9 @@ namespace quillmark {
 /// once however often it is listed, but for what the manners say of HEAD and retries.
 class FetchAhead {
 public:
-    /// `requests` in the order in which they will be asked for.
-    FetchAhead(const FetchLimits& limits, const FetchManners& manners,
-               const std::vector<UrlRequest>& requests);
+    FetchAhead(const FetchLimits& limits, const FetchManners& manners);
 
-    /// The fetch of an address, listed or not; it stays where it is.
+    /// The fetch of an address, added behind all others if it is new; it stays where it is.
     const Fetch& find(const UrlRequest& request);
     /// Starts, receives and ends what can be without waiting.
     void drive();

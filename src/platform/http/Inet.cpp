@@ -1,6 +1,7 @@
 #include "platform/http/Inet.h"
 
 #include <chrono>
+#include <cstddef>
 
 namespace quillmark {
 
@@ -8,6 +9,7 @@ namespace {
 
 // Short enough for the window to stay responsive.
 constexpr std::chrono::milliseconds Slice{25};
+constexpr std::size_t BetweenEvents = 256; // Addresses are taken apart before they are asked.
 
 } // namespace
 
@@ -17,7 +19,13 @@ Inet::Inet(EventLoop& events, const RunState& state, const FetchLimits& limits)
 }
 
 void Inet::expect(const std::vector<UrlRequest>& requests, const FetchManners& manners) {
-    fetches_ = std::make_unique<FetchAhead>(limits_, manners, requests);
+    fetches_ = std::make_unique<FetchAhead>(limits_, manners);
+    for (std::size_t i = 0; i < requests.size(); ++i) {
+        fetches_->find(requests[i]);
+        if (i % BetweenEvents == 0 && !breathe()) {
+            return;
+        }
+    }
 }
 
 UrlAnswer Inet::OpenURL(const UrlRequest& request) {

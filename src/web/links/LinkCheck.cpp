@@ -16,6 +16,7 @@ namespace {
 /// Fewer than browsers ask at once, and enough to be done soon.
 constexpr std::size_t ToOneHost = 4;
 constexpr int Retries = 2;
+constexpr std::size_t StepsBetweenEvents = 1024;
 
 FetchManners mannersFor(const WebOptions& options, Progress& progress) {
     FetchManners manners;
@@ -50,7 +51,7 @@ LinkCheck::LinkCheck(SiteResults& results, const RunState& state, const WebOptio
 
 void LinkCheck::perform() {
     gather();
-    if (!links_.empty()) {
+    if (!links_.empty() && !state_.abort) {
         ask();
         fileOccurrences();
     }
@@ -59,7 +60,10 @@ void LinkCheck::perform() {
 void LinkCheck::gather() {
     std::unordered_map<std::string_view, Link*> known;
     linkOf_.assign(results_.ignored.size(), nullptr);
-    for (std::size_t i = 0; i < results_.ignored.size(); ++i) {
+    for (std::size_t i = 0; i < results_.ignored.size() && !state_.abort; ++i) {
+        if (i % StepsBetweenEvents == 0) {
+            outside_.events.DoEvents();
+        }
         const IgnoredReference& ignored = results_.ignored[i];
         const auto found = linkAddressOf(ignored.reference, ownScheme_);
         if (ignored.reason != IgnoredReason::AnotherSite || !found ||
