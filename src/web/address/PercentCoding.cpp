@@ -9,7 +9,7 @@ namespace {
 bool needsEncoding(char c) {
     const auto code = static_cast<unsigned char>(c);
     return code <= 0x20 || code == 0x7F ||
-           std::string_view("\"#%<>?\\^`{}").find(c) != std::string_view::npos;
+           std::string_view("\"#%<>?\\^`{|}").find(c) != std::string_view::npos;
 }
 
 } // namespace

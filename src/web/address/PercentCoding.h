@@ -11,7 +11,7 @@ void appendPercentDecoded(std::string& result, std::string_view text);
 std::string percentDecoded(std::string_view text);
 
 /// The path as a reference has to write it: percent-encoded where the URL standard says so, and
-/// where "?", "#", "%" or "\" are part of a name; a ":" in the first segment is kept by "./".
+/// where "?", "#", "%", "\" or "|" are part of a name; a ":" in the first segment is kept by "./".
 std::string asReference(std::string_view path);
 
 } // namespace quillmark::web

@@ -76,6 +76,7 @@ TEST(Addresses, ResolveAsBrowsersDo) {
 
 TEST(Addresses, WriteTheReferenceToAFile) {
     EXPECT_EQ(relativeReference("index.html", "a b/c%.html"), "a%20b/c%25.html");
+    EXPECT_EQ(relativeReference("index.html", "c|"), "c%7C"); // "c|" is a drive to browsers.
     EXPECT_EQ(relativeReference("docs/x/a.html", "docs/y/b.html"), "../y/b.html");
     EXPECT_EQ(relativeReference("docs/a.html", "docs/"), "./");
     EXPECT_EQ(relativeReference("docs/a.html", "do/b.html"), "../do/b.html");
