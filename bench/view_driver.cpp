@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 
 #include <algorithm>
 #include <cstdio>
@@ -115,6 +116,20 @@ double timeToShow(DisplayFrame& frame, const char* display, const char* sort) {
     return median(times);
 }
 
+/// Milliseconds until the list is known not to hold a text.
+double timeToFind(DisplayFrame& frame) {
+    frame.findChild<QWidget*>("findBar")->show();
+    auto* text = frame.findChild<QLineEdit*>("txtFind");
+    std::vector<double> times;
+    for (int i = 0; i < Runs; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        text->setText("in no row" + QString::number(i));
+        times.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+    }
+    return median(times);
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -147,4 +162,5 @@ int main(int argc, char* argv[]) {
             std::printf("%-22s %-5s %7.1f ms\n", display, sort, timeToShow(frame, display, sort));
         }
     }
+    std::printf("%-28s %7.1f ms\n", "Find in the last", timeToFind(frame));
 }

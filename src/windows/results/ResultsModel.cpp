@@ -4,6 +4,8 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
+
 namespace quillmark {
 
 ResultsModel::ResultsModel(Workspace& workspace, Messages& messages, Progress& progress)
@@ -27,10 +29,19 @@ void ResultsModel::publish() {
     endResetModel();
 }
 
+namespace {
+
+bool isAscii(const QString& text) {
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+} // namespace
+
 std::optional<int> ResultsModel::find(const QString& text, int from, bool forward) const {
+    const std::string ascii = isAscii(text) ? text.toLower().toStdString() : std::string();
     for (int passed = 0; passed < rows_; ++passed) {
         const int row = (from + (forward ? passed : -passed) + 2 * rows_) % rows_;
-        if (rowHolds(row, text)) {
+        if (ascii.empty() ? rowHolds(row, text) : rowHolds(row, ascii)) {
             return row;
         }
     }
@@ -40,6 +51,22 @@ std::optional<int> ResultsModel::find(const QString& text, int from, bool forwar
 bool ResultsModel::rowHolds(int row, const QString& text) const {
     for (int column = 0; column < columns_; ++column) {
         if (cell(row, column).contains(text, Qt::CaseInsensitive)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The same for a text in small letters of ASCII, which is itself in every encoding of a name: a
+/// list of a million rows need not be decoded for each letter that is typed.
+bool ResultsModel::rowHolds(int row, std::string_view text) const {
+    const auto equal = [](char c, char small) {
+        return c == small || (c >= 'A' && c <= 'Z' && c + ('a' - 'A') == small);
+    };
+    for (int column = 0; column < columns_; ++column) {
+        const std::string bytes = view_.text(row, column);
+        if (std::search(bytes.begin(), bytes.end(), text.begin(), text.end(), equal) !=
+            bytes.end()) {
             return true;
         }
     }

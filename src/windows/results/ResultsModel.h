@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <optional>
+#include <string_view>
 
 namespace quillmark {
 
@@ -39,6 +40,7 @@ private:
     void publish();
     QString cell(int row, int column) const;
     bool rowHolds(int row, const QString& text) const;
+    bool rowHolds(int row, std::string_view text) const;
 
     ResultsView view_;
     int rows_ = 0; ///< What the widgets were told, also while the view is being built.
