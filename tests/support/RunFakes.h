@@ -118,10 +118,14 @@ public:
     void showTraceWindow() override { calls.emplace_back("trace"); }
     void ShowResults() override { calls.emplace_back("results"); }
     void play(std::string_view name) override { calls.emplace_back(name); }
-    void InitializeThinking(std::string_view title) override { titles.emplace_back(title); }
+    void InitializeThinking(std::string_view title) override {
+        titles.emplace_back(title);
+        onTitle(title);
+    }
     void UpdateThinking(int /*current*/, int /*total*/) override {}
     void RemoveThinking() override { titles.emplace_back("-"); }
 
+    std::function<void(std::string_view title)> onTitle = [](std::string_view) {};
     Lines calls;
     Lines titles;
 };

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 #include <sys/stat.h>
@@ -315,6 +316,28 @@ TEST(WebRules, FindOnAHostWhatTheyFindOnTheDisk) {
     EXPECT_EQ(bench.pages(), "index.html s.css");
     EXPECT_EQ(bench.unused(), "left over.txt x/left over.txt");
     EXPECT_EQ(bench.results.duplicates.size(), 1U);
+}
+
+TEST(WebRules, SayThatAPageWasChangedMeanwhile) {
+    for (const auto& [change, message] :
+         {std::pair("<p>", "/index.html was changed while it was checked"),
+          std::pair("", "/index.html again: File not found")}) {
+        WebBench bench;
+        bench.write({{"index.html", "<a href=no.html><a href=a.html#x>"}, {"a.html", ""}});
+        bench.window.onTitle = [&bench, change = std::string(change)](std::string_view title) {
+            if (title == "Checking References" && change.empty()) {
+                std::filesystem::remove(bench.site.path() / "index.html");
+            } else if (title == "Checking References") {
+                bench.write({{"index.html", change}});
+            }
+        };
+        EXPECT_EQ(bench.check(), RunOutcome::Finished);
+        EXPECT_EQ(bench.findings(), "missing 1:9 no.html");
+        const Lines& posted = bench.messages.normals;
+        EXPECT_TRUE(std::any_of(posted.begin(), posted.end(), [message](const std::string& line) {
+            return line.find(message) != std::string::npos;
+        })) << message;
+    }
 }
 
 TEST(WebRules, TellOfWhatCannotBeRead) {
