@@ -22,11 +22,13 @@ constexpr const char* FileName = "quillmark.toml";
 constexpr std::array<std::string_view, 3> CommandLineOnly = {"config", "help", "version"};
 
 /// What a file that came with a site must not decide, beside all that goes with a host: where
-/// anything is written, which host is talked to, and which password it gets.
+/// anything is written, which host is talked to, how it proves who it is, and which password it
+/// gets.
 constexpr std::array<std::string_view, 6> NotInFound = {"folder",  "host",   "json",
                                                         "profile", "report", "write-baseline"};
-constexpr std::array<std::string_view, 5> SettingsNotInFound = {
-    "ACCOUNT_NAME=", "HOST_NAME=", "HOST_PORT=", "START_PATH=", "USER_NAME="};
+constexpr std::array<std::string_view, 8> SettingsNotInFound = {
+    "ACCOUNT_NAME=", "ENCRYPTION=", "HOST_NAME=", "HOST_PORT=",
+    "KEY_FILE=",     "START_PATH=", "TRUSTED=",   "USER_NAME="};
 
 template <typename Names> bool isAmong(const Names& names, std::string_view name) {
     return std::find(names.begin(), names.end(), name) != names.end();

@@ -89,6 +89,17 @@ TEST(HostOptions, AreRefusedWhereTheyWouldDoNothing) {
     EXPECT_THAT(finished.err, HasSubstr("missing\" cannot be read"));
 }
 
+TEST(HostOptions, DoNotComeFromAFileThatCameWithTheSite) {
+    const CommandBench bench;
+    for (const char* line : {"encryption = 'none'", "trust = 'x'", "key = 'x'",
+                             "set = ['ENCRYPTION=none']", "set = ['TRUSTED=x']"}) {
+        bench.site.write("quillmark.toml", line);
+        const Finished finished = bench.check({bench.start()});
+        EXPECT_EQ(finished.status, 2);
+        EXPECT_THAT(finished.err, HasSubstr("cannot stand in a file that may have come")) << line;
+    }
+}
+
 TEST(HostOptions, AskForThePasswordOfTheKeyFile) {
     const CommandBench bench;
     bench.workingFolder.write("key", "no key");
