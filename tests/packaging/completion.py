@@ -28,6 +28,7 @@ ROWS = [
     ("an option", "--rep", ["--report"]),
     ("an option of a group", "--password-f", ["--password-file"]),
     ("a list", "--list Unu", ["--list", "UnusedList"]),
+    ("an encryption", "--encryption im", ["--encryption", "implicit"]),
     ("a file", "--report sum", ["--report", "summary.txt"]),
     ("a folder", "--folder stor", ["--folder", "store"]),
     ("a profile with a blank", "--profile My", ["--profile", "My Site"]),
