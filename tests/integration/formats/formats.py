@@ -5,6 +5,7 @@ import csv
 import html.parser
 import io
 import json
+import os
 import pathlib
 import re
 import subprocess
@@ -14,6 +15,7 @@ import urllib.parse
 import xml.etree.ElementTree
 
 import jsonschema
+import yaml
 
 from bench import Bench, HOSTILE, STEERING
 
@@ -332,6 +334,38 @@ class Streams(unittest.TestCase):
                       ["--output", "csv", "--list", "FileList"], ["--output", "frob"],
                       ["--output", "csv:"], ["--output", "csv:none/x"]):
             self.assertEqual(self.bench.check(*words).returncode, 2, words)
+
+
+class Manual(unittest.TestCase):
+    """The scripts of the CI jobs in the manual, run as their systems run them."""
+
+    def test_its_jobs_work(self):
+        text = (pathlib.Path(SCHEMA).parent / "manual" / "ci.md").read_text()
+        github, gitlab = (yaml.safe_load(block) for block in re.findall(r"```yaml\n(.*?)```", text, re.S))
+        checks = [step["run"] for step in github["jobs"]["site"]["steps"] if step.get("name") == "Check"]
+        for script, results in ((checks[0], ["site.sarif", "summary.md", "shown.md"]),
+                                ("\n".join(gitlab["site"]["script"]),
+                                 gitlab["site"]["artifacts"]["paths"] +
+                                 list(gitlab["site"]["artifacts"]["reports"].values()))):
+            for page, status in (('<a href="gone.html">', 1), ("<p>sound", 0)):
+                with self.subTest(script, page=page):
+                    bench = Bench(self, COMMAND)
+                    bench.write("index.html", page)
+                    bench.site.rename(bench.folder / "public")
+                    (bench.folder / "bin").mkdir()
+                    (bench.folder / "bin" / "quillmark-check").symlink_to(COMMAND)
+                    result = subprocess.run(
+                        ["bash", "-e", "-o", "pipefail", "-c", script], cwd=bench.folder, timeout=600,
+                        env={"PATH": f"{bench.folder}/bin:{os.environ['PATH']}",
+                             "RUNNER_TEMP": str(bench.folder), "CI_PROJECT_DIR": str(bench.folder),
+                             "GITHUB_STEP_SUMMARY": str(bench.folder / "shown.md")},
+                        stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                    self.assertEqual(result.returncode, status, result.stderr)
+                    self.assertIn(b"1 error\n" if status else b"0 errors\n", result.stdout)
+                    for name in results:
+                        self.assertTrue((bench.folder / name).exists(), name)
+                    self.assertEqual(b"::error file=public/index.html,line=1" in result.stdout,
+                                     status == 1 and "annotations" in script)
 
 
 if __name__ == "__main__":
