@@ -177,15 +177,17 @@ void addProfileCommands(CLI::App& app, Options& options) {
 void addOutput(CLI::App& app, Options& options) {
     addOutputOptions(app, options);
     app.add_option("--report", options.report, "Write the text report to this file")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->group(ResultsGroup);
     auto* json = app.add_option("--json", options.json,
                                 "Write every list as JSON to this file (\"-\" is standard output)");
-    json->type_name("FILE");
+    json->type_name("FILE")->group(ResultsGroup);
     app.add_option("--list", options.list,
                    "Print one list, a line an entry; a list of references prints the reference, a\n"
                    "tab and the page that makes it:\n" +
                        namesOfLists())
-        ->type_name("NAME");
+        ->type_name("NAME")
+        ->group(ResultsGroup);
     auto* quiet =
         app.add_flag("-q,--quiet", options.quiet,
                      "Print no messages and no progress bar, but warnings; so it is where\n"

@@ -30,6 +30,7 @@ enum class Action { Check, SaveProfile, ShowProfile };
 
 /// The heading in the help text of what goes with a web host.
 inline constexpr std::string_view HostGroup = "On a web host";
+inline const std::string ResultsGroup = "Results"; ///< What is written, and where.
 
 /// Where one format goes.
 struct Output {

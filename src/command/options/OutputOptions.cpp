@@ -52,18 +52,22 @@ void addOutputOptions(CLI::App& app, Options& options) {
            "be repeated. The formats: " +
                namesOfFormats())
         ->type_name("FORMAT[:FILE]")
-        ->allow_extra_args(false);
+        ->allow_extra_args(false)
+        ->group(ResultsGroup);
     app.add_option("--baseline", options.baseline,
                    "Leave the findings in this file out of account: the exit status is that of new "
                    "ones")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->group(ResultsGroup);
     app.add_option("--write-baseline", options.writeBaseline,
                    "Write all findings of this check to this file, and end with 0")
-        ->type_name("FILE");
-    app.add_flag("--strict", options.strict, "Notes count as errors, too");
+        ->type_name("FILE")
+        ->group(ResultsGroup);
+    app.add_flag("--strict", options.strict, "Notes count as errors, too")->group(ResultsGroup);
     app.add_option("--path-prefix", options.pathPrefix,
                    "The folder of the site in your repository, which --output puts before paths")
-        ->type_name("PREFIX");
+        ->type_name("PREFIX")
+        ->group(ResultsGroup);
 }
 
 void requireOneStandardOutput(const Options& options) {
