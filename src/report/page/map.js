@@ -24,14 +24,10 @@ function drawnChildren(folder, area) {
     return drawn.sort((a, b) => b.size - a.size);
 }
 
+/** What stands for files and folders that are too small: it has no path. */
 function together(nodes) {
-    const count = nodes.length;
-    const made = {name: counted(count, 'smaller one'), size: 0, count, errors: 0, state: 'sound'};
-    for (const node of nodes) {
-        made.size += node.size;
-        made.errors += node.errors;
-        made.state = worseState(made.state, node.state);
-    }
+    const made = {name: counted(nodes.length, 'smaller one'), ...noTotals()};
+    nodes.forEach((node) => addUp(made, node));
     return made;
 }
 

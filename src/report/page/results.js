@@ -34,12 +34,13 @@ const [errors, notes, known] = [0, 1, 2].map(
     (level) => findings.filter((finding) => finding.level === level),
 );
 
-/** The files of the site by path: {path, size, state, errors}. */
+/** The files of the site by path, with their totals: see the tree. */
 const files = new Map();
 for (const [path, size, isUnused] of results.files) {
-    files.set(path, {path, size, errors: 0, state: isUnused ? 'unused' : 'sound'});
+    const state = isUnused ? 'unused' : 'sound';
+    files.set(path, {path, size, count: 1, errors: 0, unused: isUnused, duplicates: 0, state});
 }
-const unused = [...files.values()].filter((file) => file.state === 'unused');
+const unused = [...files.values()].filter((file) => file.unused);
 
 const duplicates =
     (results.duplicates ?? [])
@@ -48,7 +49,9 @@ const duplicates =
                 group.map((file) => ({...files.get(results.files[file][0]), number})),
         );
 for (const {path} of duplicates) {
-    files.get(path).state = 'duplicate';
+    const file = files.get(path);
+    file.state = 'duplicate';
+    file.duplicates = 1;
 }
 for (const {path} of errors) {
     const page = files.get(path);

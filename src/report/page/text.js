@@ -1,8 +1,7 @@
 'use strict';
 
-// Signs that change how the text around them is shown, or that nobody sees.
-const hiddenSigns =
-    /[\u00ad\u061c\u200b-\u200f\u2028-\u202e\u2060-\u2069\ufeff\u{e0000}-\u{e007f}]/gu;
+// Signs that nobody sees: a name with one is another name. What steers a text is escaped already.
+const hiddenSigns = /[\u00ad\u200b\u2028\u2029\u2060\ufeff]/g;
 
 /**
  * Makes an element. Children are nodes, or strings, which become text: names and references of the
@@ -26,21 +25,21 @@ function shown(text, className = '') {
     const made = element('bdi', {className});
     let end = 0;
     for (const sign of text.matchAll(hiddenSigns)) {
-        made.append(text.slice(end, sign.index), controlSign(sign[0]));
+        made.append(text.slice(end, sign.index), hiddenSign(sign[0]));
         end = sign.index + sign[0].length;
     }
     made.append(text.slice(end));
     return made;
 }
 
-function controlSign(sign) {
+function hiddenSign(sign) {
     const code = sign.codePointAt(0).toString(16).toUpperCase().padStart(4, '0');
-    return element('span', {className: 'control'}, 'U+' + code);
+    return element('span', {className: 'hidden-sign'}, 'U+' + code);
 }
 
 /** The same for attributes, which hold no elements. */
 function plain(text) {
-    return text.replace(hiddenSigns, (sign) => controlSign(sign).textContent);
+    return text.replace(hiddenSigns, (sign) => hiddenSign(sign).textContent);
 }
 
 /** A table with a name for those who do not see it; columns are [class, title]. */

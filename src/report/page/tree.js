@@ -1,15 +1,20 @@
 'use strict';
 
-// The site as a tree. A folder is {name, path, size, count, errors, state, children}; its path ends
-// in "/", but for the site's own, which is empty. A file is {name, path, size, errors, state}.
+// The site as a tree. A file is {name, path} and totals: {size, count, errors, unused, duplicates,
+// state}. A folder has `children`, too, and adds their totals up; its path ends in "/", but for the
+// site's own, which is empty.
 
 function worseState(a, b) {
     const states = ['sound', 'duplicate', 'unused', 'errors'];
     return states.indexOf(a) < states.indexOf(b) ? b : a;
 }
 
+function noTotals() {
+    return {size: 0, count: 0, errors: 0, unused: 0, duplicates: 0, state: 'sound'};
+}
+
 function newFolder(name, path) {
-    return {name, path, size: 0, count: 0, errors: 0, state: 'sound', children: new Map()};
+    return {name, path, ...noTotals(), children: new Map()};
 }
 
 /** The folder `name` of a folder, which gets one if there is none. */
@@ -21,11 +26,11 @@ function subfolder(folder, name) {
     return folder.children.get(key);
 }
 
-function addUp(folder, file) {
-    folder.size += file.size;
-    folder.count += 1;
-    folder.errors += file.errors;
-    folder.state = worseState(folder.state, file.state);
+function addUp(sum, node) {
+    for (const total of ['size', 'count', 'errors', 'unused', 'duplicates']) {
+        sum[total] += node[total];
+    }
+    sum.state = worseState(sum.state, node.state);
 }
 
 const site = newFolder('', '');
@@ -64,9 +69,11 @@ function descriptionOf(node) {
     return [...parts, stateOf(node)].join(', ');
 }
 
-function stateOf(node) {
-    if (node.errors > 0) {
-        return counted(node.errors, 'error');
-    }
-    return node.children || node.path === undefined ? 'no errors' : node.state;
+function stateOf({errors, unused, duplicates}) {
+    const parts = [
+        errors > 0 ? counted(errors, 'error') : '',
+        unused > 0 ? unused.toLocaleString('en') + ' unused' : '',
+        duplicates > 0 ? counted(duplicates, 'duplicate') : '',
+    ];
+    return parts.filter(Boolean).join(', ') || 'sound';
 }

@@ -178,7 +178,7 @@ class PageTest(unittest.TestCase):
         end = "</script><script>intruded=1</script>"
         page = self.write_site({
             "index.html": f"<title>x</title><a href='{intrusion}'>a</a> <a href=\"{end}\">b</a>"
-                          "<a href='\u202egnp.exe'>c</a> <a href='a\x07b\"&quot;&#39;'>d</a>"
+                          "<a href='\u202egnp.exe'>c</a> <a href='in\u200bvisible'>c</a> <a href='a\x07b\"&quot;&#39;'>d</a>"
                           "<!--<script>--><a href='<!--<script>'>e</a>"
                           f"<a href='{'f' * 5000}'>f</a><a href='g{chr(7) * 300}'>g</a>",
             intrusion.replace("/", "") + ".html": "x",
@@ -189,12 +189,12 @@ class PageTest(unittest.TestCase):
         })
         self.show(page)
         self.assertEqual(self.browser.texts("#rows .reference"), [
-            intrusion, end, "U+202Egnp.exe", "a\\x07b\"\"'", "<!--<script>",
+            intrusion, end, "\\xE2\\x80\\xAEgnp.exe", "inU+200Bvisible", "a\\x07b\"\"'", "<!--<script>",
             "f" * 1000 + "…", "g" + "\\x07" * 249 + "…"])
         self.browser.one("#view-unused").find_element("xpath", "..").click()
         listed = self.browser.texts("#rows td:first-child")
         self.assertEqual(sorted(listed), sorted([
-            intrusion + ".html", "caf\\xE9.html", "U+202Etxt.html", "__proto__/constructor",
+            intrusion + ".html", "caf\\xE9.html", "\\xE2\\x80\\xAEtxt.html", "__proto__/constructor",
             "d/" * 1500 + "deep.html"]))
 
     def test_policy_stops_what_got_in(self):
