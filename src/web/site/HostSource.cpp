@@ -7,6 +7,15 @@
 
 namespace quillmark::web {
 
+namespace {
+
+/// 1025: what is in the folder cannot be told.
+Failure unknownListing() {
+    return {1025, "The host's listing is of an unknown style"};
+}
+
+} // namespace
+
 std::vector<SiteEntry> HostSource::list(const std::string& folder) {
     HostListing lines;
     const auto takeLine = [&lines](std::string_view line) { lines.takeLine(line); };
@@ -21,6 +30,9 @@ std::vector<SiteEntry> HostSource::list(const std::string& folder) {
     HostListing facts;
     const bool offered =
         ftp_.listFacts(folder, [&facts](std::string_view line) { facts.takeFacts(line); });
+    if (!offered && lines.entries.empty()) {
+        throw unknownListing();
+    }
     return std::move(offered ? facts.entries : lines.entries);
 }
 

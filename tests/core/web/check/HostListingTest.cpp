@@ -124,7 +124,9 @@ public:
     explicit OddHost(bool facts) : facts_(facts) {}
     void list(std::string_view /*directory*/, const DirItem& item) override {
         item("+i8388621.48594,m825718503,r,s280,\tmy page.html");
-        item("-rw-r--r--   1 me  me  12 Jan  1 12:00 other.html");
+        if (more) {
+            item("-rw-r--r--   1 me  me  12 Jan  1 12:00 other.html");
+        }
     }
     bool listFacts(std::string_view /*directory*/, const DirItem& item) override {
         if (facts_) {
@@ -132,6 +134,8 @@ public:
         }
         return facts_;
     }
+
+    bool more = true; ///< One line is of the usual style.
 
 private:
     bool facts_;
@@ -145,6 +149,10 @@ TEST(HostSource, AsksForFactsWhereTheListingIsNotUnderstood) {
         const std::vector<SiteEntry> entries = HostSource(host, disk, "").list("/www/");
         ASSERT_EQ(entries.size(), 1U);
         EXPECT_EQ(entries.front().name, name);
+        host.more = false;
+        if (!facts) {
+            EXPECT_THROW(HostSource(host, disk, "").list("/www/"), Failure);
+        }
     }
 }
 
