@@ -1,4 +1,4 @@
-#include "platform/ftp/FtpXCtl.h"
+#include "platform/host/FtpXCtl.h"
 
 #include "base/Failure.h"
 
@@ -52,6 +52,7 @@ void find(FtpXCtl& ftp, const std::string& start, std::vector<std::string>& file
             const std::string path = directory + std::string(line.substr(line.rfind(' ') + 1));
             if (line.starts_with('d')) {
                 directories.push_back(path + "/");
+                ftp.expectListing(directories.back());
             } else {
                 files.push_back(path);
             }
@@ -71,6 +72,8 @@ int work(const std::vector<std::string>& words, std::int16_t port) {
     login.port = port;
     login.userName = words[3];
     login.password = words[4];
+    const char* connections = std::getenv("FTP_DRIVER_CONNECTIONS");
+    login.connections = connections == nullptr ? 1 : std::atoi(connections);
     ftp.connect(login);
     std::vector<std::string> files;
     if (words[0] == "find") {
@@ -78,6 +81,10 @@ int work(const std::vector<std::string>& words, std::int16_t port) {
         std::cout << files.size() << " files\n";
     } else {
         for (std::string file; std::getline(std::cin, file);) {
+            files.push_back(file);
+            ftp.expectFile(file);
+        }
+        for (const std::string& file : files) {
             if (!ftp.retrieve(file, words[5])) {
                 return EXIT_FAILURE;
             }

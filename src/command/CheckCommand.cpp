@@ -14,7 +14,7 @@
 #include "platform/Console.h"
 #include "platform/disk/DiskAdapter.h"
 #include "platform/disk/SiteDisk.h"
-#include "platform/ftp/FtpXCtl.h"
+#include "platform/host/FtpXCtl.h"
 #include "platform/http/Inet.h"
 #include "ui/LineWriter.h"
 #include "ui/MessageLog.h"

@@ -6,7 +6,7 @@
 #include "platform/ProgramFolder.h"
 #include "platform/disk/DiskAdapter.h"
 #include "platform/disk/SiteDisk.h"
-#include "platform/ftp/FtpXCtl.h"
+#include "platform/host/FtpXCtl.h"
 #include "platform/http/Inet.h"
 #include "run/RunListener.h"
 #include "ui/MessageLog.h"

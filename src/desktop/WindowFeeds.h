@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ftp/connection/FtpTrace.h"
+#include "platform/host/FtpTrace.h"
 #include "ui/MessageSink.h"
 #include "ui/TraceLog.h"
 

@@ -9,7 +9,8 @@ namespace quillmark {
 
 /// The conversation with one web host. Paths are host paths, "/" form, as the bytes that the host
 /// or a page gave. A connection that is lost, and stays lost after one attempt to log in anew, is a
-/// Failure. Once the run is being aborted a waiting operation returns soon, with what it has.
+/// Failure. Once Stop is pressed a waiting operation returns soon, with what it has; a full list
+/// lets a listing come to its end.
 class FtpComponent {
 public:
     using DirItem = std::function<void(std::string_view line)>;
@@ -23,6 +24,11 @@ public:
     virtual bool connected() const = 0;
     /// Never fails.
     virtual void disconnect() = 0;
+
+    /// Tell what will be listed or retrieved next but for what was told before, so that it can be
+    /// had ahead. What is asked for in another order is had all the same.
+    virtual void expectListing(std::string_view /*directory*/) {}
+    virtual void expectFile(std::string_view /*remoteFile*/) {}
 
     /// Lists a directory; each line of the listing, as the host sent it, goes to `item` before the
     /// call returns. Throws a Failure when the listing fails.

@@ -1,52 +1,23 @@
-// What a host sends: replies to commands, listings in any pieces, ports to connect to.
+// What a host sends: lines of replies, listings in any pieces.
 
 #include "classic/inventory/HostInventory.h"
 #include "fuzz/Require.h"
-#include "platform/ftp/ListingLines.h"
-#include "platform/ftp/connection/ControlConnection.h"
-#include "platform/ftp/connection/FtpFailures.h"
+#include "platform/host/HostReply.h"
+#include "platform/host/ListingLines.h"
 #include "support/RunFakes.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
-
-#include <sys/socket.h>
 
 namespace quillmark::test {
 namespace {
 
 constexpr std::string_view Password = "secret";
 
-struct CheckingTrace : FtpTrace {
-    void Trace(std::string_view text) override {
-        require(text.find(Password) == std::string_view::npos);
-    }
-};
-
-/// The host sends these bytes and closes.
+/// No line of a reply shows the password, however the host sends it back.
 void reply(const std::string& bytes) {
-    HookedEvents events;
-    const RunState state;
-    CheckingTrace trace;
-    HostWait wait(events, state, {});
-    std::array<int, 2> sockets{};
-    require(socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, sockets.data()) == 0);
-    ControlConnection control(FileDescriptor(sockets[0]), std::string(Password), wait, trace);
-    {
-        const FileDescriptor host(sockets[1]);
-        if (send(host.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL) < 0) {
-            return;
-        }
-    }
-    try {
-        for (;;) {
-            const FtpReply reply = control.reply();
-            require(reply.code >= 0 && reply.code <= 999);
-            require(reply.text.find(Password) == std::string::npos);
-            portIn(reply);
-        }
-    } catch (const ConnectionLost&) {
-        return;
-    }
+    const int code = finalCode(bytes);
+    require(code >= 0 && code <= 999);
+    require(withoutPassword(bytes, Password).find(Password) == std::string::npos);
 }
 
 /// Enters the lines of a listing into the inventory.

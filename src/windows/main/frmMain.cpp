@@ -349,6 +349,7 @@ void frmMain::work(const std::function<void()>& work) {
         results_->setEnabled(true);
         setWorking(false);
         context_.workspace.run.abort = false;
+        context_.workspace.run.stopped = false;
         workEnded_.ask();
     };
     const std::unique_ptr<void, decltype(end)> working(this, end);

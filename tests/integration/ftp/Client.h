@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ftp/FtpXCtl.h"
+#include "platform/host/FtpXCtl.h"
 #include "support/RunFakes.h"
 
 namespace quillmark::test {

@@ -1,4 +1,4 @@
-#include "platform/ftp/connection/FtpTimeouts.h"
+#include "platform/host/FtpTimeouts.h"
 
 #include "base/Numbers.h"
 
@@ -26,7 +26,8 @@ std::chrono::milliseconds fromVariable(const char* name, std::chrono::millisecon
 FtpTimeouts timeoutsFromEnvironment() {
     return {fromVariable("QUILLMARK_CONNECT_TIMEOUT", FtpTimeouts::Connect),
             fromVariable("QUILLMARK_REPLY_TIMEOUT", FtpTimeouts::Reply),
-            fromVariable("QUILLMARK_TRANSFER_TIMEOUT", FtpTimeouts::Transfer)};
+            fromVariable("QUILLMARK_TRANSFER_TIMEOUT", FtpTimeouts::Transfer),
+            FtpTimeouts::Operation};
 }
 
 } // namespace quillmark

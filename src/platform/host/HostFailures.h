@@ -2,26 +2,9 @@
 
 #include "base/Failure.h"
 
-#include <exception>
-#include <stdexcept>
 #include <string>
 
 namespace quillmark {
-
-/// The run is being aborted, or the taker of the bytes wants no more of them.
-class Stopped : public std::exception {};
-
-/// The control connection is of no use any more, or there is none; what() tells why.
-class ConnectionLost : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
-ConnectionLost hostIsSilent();
-ConnectionLost cannotConnect();
-ConnectionLost closedByHost();
-/// A reply that answers something else than what was sent, or has no end.
-ConnectionLost senselessReply();
 
 /// 1020: a connection with the host that was lost and could not be had again.
 Failure hostConnectionLost(const std::string& reason);

@@ -1,21 +1,7 @@
-#include "platform/ftp/connection/FtpFailures.h"
-
-#include <curl/curl.h>
+#include "platform/host/HostFailures.h"
 
 namespace quillmark {
 
-ConnectionLost hostIsSilent() {
-    return ConnectionLost{curl_easy_strerror(CURLE_OPERATION_TIMEDOUT)};
-}
-ConnectionLost cannotConnect() {
-    return ConnectionLost{curl_easy_strerror(CURLE_COULDNT_CONNECT)};
-}
-ConnectionLost closedByHost() {
-    return ConnectionLost{curl_easy_strerror(CURLE_RECV_ERROR)};
-}
-ConnectionLost senselessReply() {
-    return ConnectionLost{curl_easy_strerror(CURLE_WEIRD_SERVER_REPLY)};
-}
 Failure hostConnectionLost(const std::string& reason) {
     return {1020, "Connection to the host lost: " + reason};
 }

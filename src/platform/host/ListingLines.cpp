@@ -1,4 +1,4 @@
-#include "platform/ftp/ListingLines.h"
+#include "platform/host/ListingLines.h"
 
 namespace quillmark {
 

@@ -1,4 +1,4 @@
-#include "platform/ftp/PageFile.h"
+#include "platform/host/PageFile.h"
 
 #include "base/Failure.h"
 #include "platform/NativePath.h"

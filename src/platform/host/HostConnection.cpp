@@ -1,0 +1,230 @@
+#include "platform/host/HostConnection.h"
+
+#include "platform/host/HostRequest.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillmark {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Kind = HostOutcome::Kind;
+
+constexpr int LongestPoll = 1000; ///< In milliseconds; interrupt() ends a poll.
+constexpr std::chrono::milliseconds Goodbye = 2s;
+
+/// What libcurl reports when the host answered with a refusal and stays reachable.
+bool isAnswered(CURLcode code) {
+    return code == CURLE_OK || code == CURLE_REMOTE_FILE_NOT_FOUND ||
+           code == CURLE_FTP_COULDNT_RETR_FILE || code == CURLE_REMOTE_ACCESS_DENIED ||
+           code == CURLE_PARTIAL_FILE || code == CURLE_FTP_COULDNT_SET_TYPE ||
+           code == CURLE_QUOTE_ERROR;
+}
+
+/// Adds the handle to the multi handle; libcurl closes the connection of an operation that has not
+/// ended when it is taken out.
+class Membership {
+public:
+    Membership(CURLM* multi, CURL* easy) : multi_(multi), easy_(easy) {
+        curl_multi_add_handle(multi_, easy_);
+    }
+    ~Membership() { curl_multi_remove_handle(multi_, easy_); }
+    Membership(const Membership&) = delete;
+    Membership& operator=(const Membership&) = delete;
+
+private:
+    CURLM* multi_;
+    CURL* easy_;
+};
+
+} // namespace
+
+HostConnection::HostConnection(HostTasks& tasks, const FtpLogin& login, const std::string& url,
+                               const FtpTimeouts& timeouts)
+    : tasks_(tasks), login_(login), url_(url), timeouts_(timeouts), multi_(curl_multi_init()),
+      easy_(curl_easy_init()) {
+    CURL* const easy = easy_.get();
+    setLogin(easy, login_, timeouts_);
+    sockets_.watch(easy);
+    curl_easy_setopt(easy, CURLOPT_VERBOSE, 1L);
+    curl_easy_setopt(easy, CURLOPT_DEBUGFUNCTION, &HostConnection::follow);
+    curl_easy_setopt(easy, CURLOPT_DEBUGDATA, this);
+    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &HostConnection::receive);
+    curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
+    thread_ = std::thread([this] { work(); });
+}
+
+// libcurl says goodbye to a connection that still works, and would wait for the answer.
+HostConnection::~HostConnection() {
+    thread_.join();
+    sockets_.shutDown();
+}
+
+void HostConnection::interrupt() {
+    interrupted_ = true;
+    sockets_.shutDown();
+    curl_multi_wakeup(multi_.get());
+}
+
+void HostConnection::work() {
+    while (const HostTasks::Handle task = tasks_.next(*this)) {
+        if (!perform(*task)) {
+            return;
+        }
+    }
+}
+
+bool HostConnection::perform(HostTask& task) {
+    if (task.operation.kind == HostOperation::Kind::Goodbye) {
+        tasks_.end(task,
+                   sockets_.isAlive() ? attempt(task) : HostOutcome{Kind::Lost, {}, false, false},
+                   *this);
+        return false;
+    }
+    HostOutcome outcome = attempt(task);
+    const bool wasOpen = outcome.kind == Kind::Lost && !outcome.openedAnew;
+    if ((outcome.kind == Kind::Broken || wasOpen) && tasks_.mayRetry(task, *this)) {
+        outcome = attempt(task);
+    }
+    return tasks_.end(task, outcome, *this);
+}
+
+HostOutcome HostConnection::attempt(HostTask& task) {
+    exchange_ = {};
+    task_ = &task;
+    sockets_.begin();
+    if (!tasks_.begin(task, *this)) {
+        return {Kind::Ended, {}, false, false};
+    }
+    setConnectLimit(easy_.get(), timeouts_.connect);
+    const CurlList commands = setOperation(easy_.get(), url_, task.operation);
+    const HostOutcome outcome = outcomeOf(drive());
+    noteStranger();
+    if (outcome.kind == Kind::Lost || outcome.kind == Kind::Ended) {
+        sockets_.shutDown();
+    }
+    return outcome;
+}
+
+CURLcode HostConnection::drive() {
+    const Membership membership(multi_.get(), easy_.get());
+    while (!interrupted_) {
+        int left = 0;
+        curl_multi_perform(multi_.get(), &left);
+        if (const CURLMsg* const message = curl_multi_info_read(multi_.get(), &left)) {
+            return message->data.result;
+        }
+        const int time = std::exchange(exchange_.hasWork, false) ? 0 : LongestPoll;
+        curl_multi_poll(multi_.get(), nullptr, 0, time, nullptr);
+    }
+    return CURLE_OPERATION_TIMEDOUT;
+}
+
+HostOutcome HostConnection::outcomeOf(CURLcode code) {
+    const bool openedAnew = sockets_.openedAnew();
+    return {kindOf(code), reasonOf(code), openedAnew, exchange_.loggedIn || !openedAnew};
+}
+
+// A listing that libcurl takes for empty may have a negative reply ("450 No files found"), and a
+// host need not know its current directory to be logged in.
+Kind HostConnection::kindOf(CURLcode code) const {
+    const HostReply& reply = exchange_.reply;
+    if (exchange_.ended) {
+        return Kind::Ended;
+    }
+    if (interrupted_ || exchange_.senseless || reply.isGoodbye() || !isAnswered(code)) {
+        return Kind::Lost;
+    }
+    const HostOperation::Kind kind = task_->operation.kind;
+    const bool isCommand =
+        kind == HostOperation::Kind::Delete || kind == HostOperation::Kind::RemoveDirectory;
+    if (code == CURLE_OK && !(isCommand && reply.negative())) {
+        return Kind::Done;
+    }
+    if (!reply.negative()) {
+        return Kind::Lost;
+    }
+    return reply.brokenTransfer() ? Kind::Broken : Kind::Refused;
+}
+
+std::string HostConnection::reasonOf(CURLcode code) const {
+    if (interrupted_) {
+        return curl_easy_strerror(CURLE_OPERATION_TIMEDOUT);
+    }
+    if (exchange_.senseless) {
+        return curl_easy_strerror(CURLE_WEIRD_SERVER_REPLY);
+    }
+    return exchange_.reply.unsatisfied() ? exchange_.reply.text : curl_easy_strerror(code);
+}
+
+void HostConnection::noteStranger() {
+    if (const std::string stranger = sockets_.takeStranger(); !stranger.empty()) {
+        tasks_.note(*task_, "Refused a connection from " + stranger + ", which is not the host");
+    }
+}
+
+// What libcurl hands out of a listing has other line ends; it shows the bytes here as they came.
+int HostConnection::follow(CURL* /*easy*/, curl_infotype type, char* data, std::size_t size,
+                           void* self) {
+    auto& connection = *static_cast<HostConnection*>(self);
+    const std::string_view bytes(data, size);
+    if (type == CURLINFO_HEADER_OUT) {
+        connection.sent(bytes);
+    } else if (type == CURLINFO_HEADER_IN) {
+        connection.heard(bytes);
+    } else if (type == CURLINFO_DATA_IN) {
+        Exchange& exchange = connection.exchange_;
+        exchange.ended = exchange.ended || !connection.tasks_.keep(*connection.task_, bytes);
+    }
+    return 0;
+}
+
+std::size_t HostConnection::receive(char* /*data*/, std::size_t size, std::size_t count,
+                                    void* self) {
+    return static_cast<HostConnection*>(self)->exchange_.ended ? 0 : size * count;
+}
+
+// libcurl asks for the current directory as soon as it is logged in.
+void HostConnection::sent(std::string_view command) {
+    const bool isPassword = command.starts_with("PASS ");
+    tasks_.trace(*task_, isPassword ? "PASS" : withoutPassword(command, {}));
+    exchange_.reply = {};
+    exchange_.replySize = 0;
+    exchange_.commandSent = true;
+    exchange_.loggedIn = exchange_.loggedIn || command.starts_with("PWD");
+    const bool isGoodbye = command.starts_with("QUIT");
+    tasks_.giveTime(*task_, isGoodbye ? std::min(timeouts_.reply, Goodbye) : timeouts_.reply);
+}
+
+void HostConnection::heard(std::string_view line) {
+    const std::string text = withoutPassword(line, login_.password);
+    tasks_.trace(*task_, text);
+    if (!exchange_.commandSent) {
+        sockets_.established();
+        liftConnectLimit(easy_.get());
+    }
+    exchange_.replySize += line.size();
+    if (exchange_.replySize > LongestReply) {
+        exchange_.senseless = true;
+        sockets_.shutDown();
+    }
+    if (const int code = finalCode(line); code != 0) {
+        exchange_.reply = {code, text};
+        giveTimeAfter(exchange_.reply);
+    }
+}
+
+void HostConnection::giveTimeAfter(const HostReply& reply) {
+    if (reply.namesPort()) {
+        exchange_.hasWork = true; // To open the data connection.
+        tasks_.giveTime(*task_, timeouts_.connect);
+    } else if (reply.announcesTransfer()) {
+        tasks_.giveTime(*task_, timeouts_.transfer);
+    } else {
+        tasks_.giveTime(*task_, timeouts_.reply);
+    }
+}
+
+} // namespace quillmark

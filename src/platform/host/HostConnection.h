@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/curl/CurlHandle.h"
+#include "platform/host/FtpTimeouts.h"
+#include "platform/host/HostReply.h"
+#include "platform/host/HostSockets.h"
+#include "platform/host/HostTasks.h"
+#include "run/FtpComponent.h"
+
+#include <atomic>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <thread>
+
+namespace quillmark {
+
+/// One control connection with the host, on libcurl and a thread of its own: libcurl blocks here
+/// and there while it waits for a reply. It performs one task after the other, logs in by itself
+/// when there is no connection, and attempts once more what a lost connection ended.
+class HostConnection {
+public:
+    /// A reply with more bytes in all its lines is given up; libcurl has room for little more.
+    static constexpr std::size_t LongestReply = std::size_t{48} * 1024;
+
+    /// Everything outlives the connection.
+    HostConnection(HostTasks& tasks, const FtpLogin& login, const std::string& url,
+                   const FtpTimeouts& timeouts);
+    /// Waits for the end of its work: the tasks must be closed.
+    ~HostConnection();
+    HostConnection(const HostConnection&) = delete;
+    HostConnection& operator=(const HostConnection&) = delete;
+
+    /// Ends what it does at once. The tasks call this and rearm(), each under their lock.
+    void interrupt();
+    void rearm() { interrupted_ = false; }
+
+private:
+    /// What was said during one attempt at a task.
+    struct Exchange {
+        HostReply reply; ///< To the last command.
+        std::size_t replySize = 0;
+        bool commandSent = false;
+        bool loggedIn = false;
+        bool senseless = false; ///< A reply without end.
+        bool hasWork = false;   ///< libcurl has something to do that no socket tells of.
+        bool ended = false;     ///< The bytes are not wanted.
+    };
+
+    static int follow(CURL* easy, curl_infotype type, char* data, std::size_t size, void* self);
+    static std::size_t receive(char* data, std::size_t size, std::size_t count, void* self);
+
+    void work();
+    bool perform(HostTask& task);
+    HostOutcome attempt(HostTask& task);
+    CURLcode drive();
+    HostOutcome outcomeOf(CURLcode code);
+    HostOutcome::Kind kindOf(CURLcode code) const;
+    std::string reasonOf(CURLcode code) const;
+    void noteStranger();
+    void sent(std::string_view command);
+    void heard(std::string_view line);
+    void giveTimeAfter(const HostReply& reply);
+
+    HostTasks& tasks_;
+    const FtpLogin& login_;
+    const std::string& url_;
+    const FtpTimeouts& timeouts_;
+    HostSockets sockets_;
+    CurlMulti multi_;
+    CurlEasy easy_;
+    std::atomic<bool> interrupted_ = false;
+    HostTask* task_ = nullptr;
+    Exchange exchange_;
+    std::thread thread_;
+};
+
+} // namespace quillmark

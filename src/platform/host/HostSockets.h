@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/curl/CurlHandle.h"
+
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace quillmark {
+
+/// The sockets that libcurl has open for one connection with the host.
+class HostSockets {
+public:
+    /// Follows the sockets of a handle from now on.
+    void watch(CURL* easy);
+
+    /// The address of whoever opened the data connection in the place of the host, and was refused;
+    /// empty if nobody did. Tells it once.
+    std::string takeStranger();
+    /// An attempt at an operation begins.
+    void begin();
+    /// Whether a control connection was opened, or tried to be, since then.
+    bool openedAnew();
+    /// The host has greeted: the socket that is open is the control connection.
+    void established();
+    /// Whether there is a control connection that the host has not closed.
+    bool isAlive();
+    /// Has every read and write end at once. May be called from any thread.
+    void shutDown();
+
+private:
+    static constexpr curl_socket_t None = CURL_SOCKET_BAD;
+
+    static int opened(void* sockets, curl_socket_t socket, curlsocktype purpose);
+    static int closed(void* sockets, curl_socket_t socket);
+    int add(curl_socket_t socket, curlsocktype purpose);
+
+    std::mutex mutex_;
+    std::vector<curl_socket_t> open_;
+    curl_socket_t control_ = None;
+    bool openedAnew_ = false;
+    std::string stranger_;
+};
+
+} // namespace quillmark
