@@ -30,18 +30,28 @@ void SiteWalk::listDirectories() {
     state.startLevel = StartLevel(state.currentDirectory);
     const ResultList& directories = context_.lists.DirectoryList;
     for (int i = 0; i < directories.Count() && !state.abort; ++i) {
+        expectDirectories();
         state.currentDirectory = directories.Line(i);
-        if (withinDepth()) {
+        if (withinDepth(state.currentDirectory)) {
             inventory_.GetDirectory();
         }
     }
 }
 
+void SiteWalk::expectDirectories() {
+    const ResultList& directories = context_.lists.DirectoryList;
+    for (; expectedDirectories_ < directories.Count(); ++expectedDirectories_) {
+        const std::string_view directory = directories.Line(expectedDirectories_);
+        if (!context_.state.localMode && withinDepth(directory)) {
+            context_.outside.ftp.expectListing(directory);
+        }
+    }
+}
+
 // Users set their depth by the sum of both levels, so a deep start directory leaves fewer levels.
-bool SiteWalk::withinDepth() const {
+bool SiteWalk::withinDepth(std::string_view directory) const {
     const int maximum = context_.settings.profile.MAX_LEVELS;
-    const RunState& state = context_.state;
-    return maximum == 0 || state.startLevel + StartLevel(state.currentDirectory) < maximum;
+    return maximum == 0 || context_.state.startLevel + StartLevel(directory) < maximum;
 }
 
 void SiteWalk::scanStartFile() {
@@ -70,6 +80,16 @@ void SiteWalk::scanReferencedPages() {
     }
 }
 
+void SiteWalk::expectPages() {
+    const ResultList& references = references_.lines();
+    for (; expectedPages_ < references.Count(); ++expectedPages_) {
+        const std::string_view reference = references.Line(expectedPages_);
+        if (isOtherPage(reference)) {
+            retrieval_.expect(reference);
+        }
+    }
+}
+
 bool SiteWalk::isOtherPage(std::string_view reference) const {
     const NameEqual sameName(NameComparison::IgnoreCase);
     return IsHTMLFile(reference, context_.settings.configuration.lstCheckHTML) &&
@@ -80,6 +100,7 @@ bool SiteWalk::isOtherPage(std::string_view reference) const {
 /// references.
 bool SiteWalk::scanReferencedPage(int i) {
     RunState& state = context_.state;
+    expectPages();
     state.currentFile = references_.lines().Line(i);
     state.currentDirectory = PathParser(state.currentFile).Path();
     const std::int16_t code = retrieval_.RetrieveFile(false);
@@ -101,6 +122,7 @@ void SiteWalk::moveToInvalid(int i) {
     limit_.apply(invalid.lines(), "Invalid Reference List");
     limit_.apply(invalid.from(), "Invalid References From List");
     references_.remove(i);
+    --expectedPages_;
 }
 
 } // namespace quillmark

@@ -28,7 +28,9 @@ public:
     void scanReferencedPages();
 
 private:
-    bool withinDepth() const;
+    void expectDirectories();
+    void expectPages();
+    bool withinDepth(std::string_view directory) const;
     bool isOtherPage(std::string_view reference) const;
     bool scanReferencedPage(int i);
     void moveToInvalid(int i);
@@ -39,6 +41,8 @@ private:
     HostInventory& inventory_;
     PageRetrieval& retrieval_;
     Scanner& scanner_;
+    int expectedDirectories_ = 0; ///< So many lines of the list were looked at for the host.
+    int expectedPages_ = 0;
 };
 
 } // namespace quillmark

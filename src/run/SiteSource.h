@@ -23,6 +23,11 @@ class SiteSource {
 public:
     virtual ~SiteSource() = default;
 
+    /// Tell what will be listed or read next but for what was told before, so that a source that is
+    /// far away can have it ahead.
+    virtual void expectListing(const std::string& /*folder*/) {}
+    virtual void expectRead(const std::string& /*file*/) {}
+
     /// The names in a folder, in any order. Throws a Failure when it cannot be listed.
     virtual std::vector<SiteEntry> list(const std::string& folder) = 0;
 

@@ -14,6 +14,7 @@ import socket
 import struct
 import sys
 import threading
+import time
 
 LISTING = b"-rw-r--r--   1 ftp      ftp            14 Jan 01 12:00 index.html\r\n"
 PAGE = b"<a href=\"x\">\r\n\r\n"
@@ -130,6 +131,52 @@ def failed_late(content):
     return fault
 
 
+def first_one_only(reply):
+    """Whoever comes after the first connection waits in vain."""
+    return lambda it, _: it.say(reply) if it.number == 1 else it.stall()
+
+
+def cut_on_second(it, _):
+    it.pages += 1
+    if it.number == 2 and it.pages == 1:
+        it.send(PAGE[:5])
+        it.reset()
+    it.transfer(PAGE)
+
+
+def drip(it, _):
+    with it.connection() as data:
+        it.say("150 here it comes")
+        while True:
+            data.sendall(b"x")
+            time.sleep(0.1)
+
+
+def announce(it, _):
+    while True:
+        it.say("150 here it comes")
+        time.sleep(0.1)
+
+
+def big_page(it, path):
+    it.transfer(path.ljust(1 << 20, b"x"))
+
+
+def overtaken(it, argument):
+    """Somebody else is first at the port of the first connection."""
+    it.activate(int(argument.split(b"|")[3]))
+    if it.number == 1:
+        it.stranger = socket.create_connection(it.active, source_address=("127.0.0.2", 0))
+
+
+def listing_of_a_stranger(it, _):
+    if it.number > 1:
+        return it.transfer(LISTING)
+    it.say("150 here it comes")
+    it.stranger.sendall(LISTING.replace(b"index", b"planted"))
+    it.stall()
+
+
 def delete(it, _):
     """The port that was announced last is closed, too."""
     it.data.close()
@@ -209,6 +256,12 @@ SCENARIOS = {
     "both-replies": {"RETR": lambda it, _: it.send(PAGE, "150 here it comes\r\n226 done")},
     "no-goodbye": {"QUIT": stall},
     "refused": {"RETR": "550 no such page", "LIST": "550 no such directory"},
+    "one-connection": {"USER": first_one_only("331 password")},
+    "cut-on-second": {"RETR": cut_on_second},
+    "dripping": {"RETR": drip},
+    "announcing": {"RETR": announce},
+    "big-pages": {"RETR": big_page},
+    "overtaken": {"EPRT": overtaken, "LIST": listing_of_a_stranger},
     "no-files": {"LIST": "450 No files found"},
     "bare-lf": {"LIST": transfer(LISTING.replace(b"\r", b""))},
     "no-last-lf": {"LIST": transfer(LISTING + LISTING[:-2])},

@@ -48,10 +48,13 @@ void HostInventory::leaveOutPathsForNames(std::vector<std::string>& names) {
     });
 }
 
-/// Returns whether the path is too long for the inventory, and tells of the first one.
+/// Returns whether the path is too long for the inventory, and tells of the first one. Once a list
+/// is full, the rest of the listing still comes in, but a listing without end must not fill the
+/// memory.
 bool HostInventory::leavesOut(std::string_view path) {
     if (path.size() <= LongestPath) {
-        return false;
+        beyondFull_ += context_.state.abort ? path.size() : 0;
+        return beyondFull_ > MostBeyondFull;
     }
     if (!toldOfLongPaths_) {
         toldOfLongPaths_ = true;

@@ -21,6 +21,8 @@ public:
     /// A longer path is left out, with one message a run: no file system takes it, and a folder of
     /// a host that holds itself leads to ever longer ones.
     static constexpr std::size_t LongestPath = 4096;
+    /// The bytes of all paths that a listing may add after it has filled a list.
+    static constexpr std::size_t MostBeyondFull = std::size_t{8} * 1024 * 1024;
 
     /// Lists the run's current directory; nothing once the run is being aborted. A directory that
     /// cannot be listed keeps what was found of it, and the run goes on. A local name with a "\" in
@@ -47,6 +49,7 @@ private:
     ListLimit& limit_;
     RunSounds& sounds_;
     bool toldOfLongPaths_ = false;
+    std::size_t beyondFull_ = 0;
 };
 
 } // namespace quillmark

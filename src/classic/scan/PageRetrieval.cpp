@@ -6,7 +6,17 @@ namespace quillmark {
 
 PageRetrieval::PageRetrieval(RunContext& context, ListLimit& limit, LineIndex& files)
     : context_(context), limit_(limit), files_(files),
-      retrieved_(context.lists.GetFileList, context.comparison()) {}
+      retrieved_(context.lists.GetFileList, context.comparison()),
+      expected_(expectedFiles_, context.comparison()) {}
+
+void PageRetrieval::expect(std::string_view file) {
+    if (context_.state.localMode || expected_.contains(file) || retrieved_.contains(file) ||
+        !files_.contains(file)) {
+        return;
+    }
+    expectedFiles_.AppendView(file);
+    context_.outside.ftp.expectFile(file);
+}
 
 std::int16_t PageRetrieval::RetrieveFile(bool skipCheck) {
     if (context_.state.abort) {

@@ -19,6 +19,10 @@ public:
     static constexpr std::int16_t NotInInventory = 1;
     static constexpr std::int16_t AlreadyRetrieved = 2;
 
+    /// Lets the host fetch ahead a page that RetrieveFile will be asked for, after those that were
+    /// expected before. The bytes of the path must stay where they are.
+    void expect(std::string_view file);
+
     /// Makes the run's current file available as the working copy. CopyReady also when the run is
     /// being aborted (nothing is done then) and when the host refuses the transfer (there is no
     /// copy then); NotInInventory also when a local copy failed. With `skipCheck`, which is the
@@ -35,6 +39,8 @@ private:
     ListLimit& limit_;
     LineIndex& files_;
     LineIndex retrieved_;
+    ResultList expectedFiles_;
+    LineIndex expected_;
 };
 
 } // namespace quillmark

@@ -16,9 +16,6 @@ struct CurlMultiDelete {
 struct CurlUrlDelete {
     void operator()(CURLU* handle) const { curl_url_cleanup(handle); }
 };
-struct CurlListDelete {
-    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-};
 struct CurlTextDelete {
     void operator()(char* text) const { curl_free(text); }
 };
@@ -30,7 +27,6 @@ struct CurlListDelete {
 using CurlEasy = std::unique_ptr<CURL, CurlEasyDelete>;
 using CurlMulti = std::unique_ptr<CURLM, CurlMultiDelete>;
 using CurlUrl = std::unique_ptr<CURLU, CurlUrlDelete>;
-using CurlList = std::unique_ptr<curl_slist, CurlListDelete>;
 using CurlText = std::unique_ptr<char, CurlTextDelete>;
 using CurlList = std::unique_ptr<curl_slist, CurlListDelete>;
 

@@ -84,8 +84,7 @@ bool HostConnection::perform(HostTask& task) {
         return false;
     }
     HostOutcome outcome = attempt(task);
-    const bool wasOpen = outcome.kind == Kind::Lost && !outcome.openedAnew;
-    if ((outcome.kind == Kind::Broken || wasOpen) && tasks_.mayRetry(task, *this)) {
+    if (tasks_.mayRetry(task, outcome, *this)) {
         outcome = attempt(task);
     }
     return tasks_.end(task, outcome, *this);

@@ -225,9 +225,15 @@ bool HostTasks::mustGiveWay(const HostTask& task) const {
                         [](const HostTask* other) { return other->gaveWay; });
 }
 
-bool HostTasks::mayRetry(const HostTask& task, const HostConnection& connection) {
+// With one connection, the first one after the login was there before.
+bool HostTasks::mayRetry(const HostTask& task, const HostOutcome& outcome,
+                         const HostConnection& connection) {
     const Lock lock(mutex_);
-    return !task.cancelled && !task.gaveWay && !(task.late && hasOthers(connection));
+    if (task.cancelled || task.gaveWay || (task.late && hasOthers(connection))) {
+        return false;
+    }
+    const bool wasOpen = !outcome.openedAnew || (outcome.loggedIn && hasOthers(connection));
+    return outcome.kind == Kind::Broken || (outcome.kind == Kind::Lost && wasOpen);
 }
 
 bool HostTasks::hasOthers(const HostConnection& connection) const {
@@ -249,7 +255,7 @@ bool HostTasks::end(HostTask& task, const HostOutcome& outcome, const HostConnec
     if (task.cancelled) {
         return true;
     }
-    const bool isRefused = isLost && (task.late || outcome.openedAnew) && !loggedIn_.empty();
+    const bool isRefused = isLost && (task.late || !outcome.loggedIn) && !loggedIn_.empty();
     if (isRefused && refusal_.empty()) {
         refusal_ = outcome.reason;
     }

@@ -66,8 +66,9 @@ public:
     void note(HostTask& task, std::string text);
     /// Takes bytes, once there is room for them. False if the transfer is to end.
     bool keep(HostTask& task, std::string_view bytes);
-    /// Whether a lost connection is worth a second attempt at the task.
-    bool mayRetry(const HostTask& task, const HostConnection& connection);
+    /// Whether the task is worth a second attempt after this outcome.
+    bool mayRetry(const HostTask& task, const HostOutcome& outcome,
+                  const HostConnection& connection);
     /// Ends the task, or gives it back for another attempt. False if the connection is to end,
     /// since the host serves others but not this one.
     bool end(HostTask& task, const HostOutcome& outcome, const HostConnection& connection);

@@ -123,7 +123,7 @@ private:
 
     void readFrom(std::uint32_t start) {
         PageQueue queue(pageJudges(judge_), threads());
-        Discovery discovery(results_, inventory_, kinds_, queue, found_,
+        Discovery discovery(results_, inventory_, kinds_, source_, queue, found_,
                             {phases_.done, phases_.known});
         results_.files[start].used = true;
         results_.files[inventory_.realFile(start)].used = true;

@@ -31,9 +31,10 @@ FindingKind kindOf(Target target) {
 } // namespace
 
 Discovery::Discovery(SiteResults& results, const Inventory& inventory, const PageKinds& kinds,
-                     PageQueue& queue, Discovered& found, const ReadingProgress& progress)
-    : results_(results), inventory_(inventory), kinds_(kinds), queue_(queue), found_(found),
-      progress_(progress) {
+                     SiteSource& source, PageQueue& queue, Discovered& found,
+                     const ReadingProgress& progress)
+    : results_(results), inventory_(inventory), kinds_(kinds), source_(source), queue_(queue),
+      found_(found), progress_(progress) {
     found_.pageOfTarget.assign(results.files.size(), NoTarget);
     kindOfTarget_.reserve(results.files.size());
     for (const SiteFile& file : results.files) {
@@ -178,6 +179,7 @@ void Discovery::enqueue(std::uint32_t target, PageKind kind) {
     found_.notes.push_back({kind, false, {}});
     results_.pages.push_back({target, 0});
     const std::string_view full = results_.path(target);
+    source_.expectRead(std::string(full));
     queue_.add({std::string(full), std::string(results_.fromTop(full)), kind});
     progress_.known = static_cast<int>(results_.pages.size());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "findings/SiteResults.h"
+#include "run/SiteSource.h"
 #include "run/StopToken.h"
 #include "web/discovery/Discovered.h"
 #include "web/discovery/PageKinds.h"
@@ -26,7 +27,8 @@ struct ReadingProgress {
 class Discovery {
 public:
     Discovery(SiteResults& results, const Inventory& inventory, const PageKinds& kinds,
-              PageQueue& queue, Discovered& found, const ReadingProgress& progress);
+              SiteSource& source, PageQueue& queue, Discovered& found,
+              const ReadingProgress& progress);
 
     /// Adds a file as a page, read as its name says or, without that, as `otherwise`.
     void addPage(std::uint32_t file, PageKind otherwise);
@@ -51,6 +53,7 @@ private:
     SiteResults& results_;
     const Inventory& inventory_;
     const PageKinds& kinds_;
+    SiteSource& source_;
     PageQueue& queue_;
     Discovered& found_;
     ReadingProgress progress_;

@@ -16,6 +16,8 @@ public:
     HostSource(FtpComponent& ftp, LocalDisk& disk, std::string workingCopy)
         : ftp_(ftp), disk_(disk), workingCopy_(std::move(workingCopy)) {}
 
+    void expectListing(const std::string& folder) override { ftp_.expectListing(folder); }
+    void expectRead(const std::string& file) override { ftp_.expectFile(file); }
     std::vector<SiteEntry> list(const std::string& folder) override;
     std::string_view read(const std::string& file, std::string& buffer) override;
     std::string_view readBlock(const std::string& file, std::uint64_t offset,

@@ -106,6 +106,7 @@ private:
         results_.folders.push_back(kept);
         depths_.push_back(depth);
         if (isEntered(depth)) {
+            source_.expectListing(path);
             queue_.add(path);
         }
     }

@@ -33,7 +33,7 @@ struct Visit : FaultServer, Client {
                    const std::string& account = "")
         : FaultServer(scenario), Client(timeouts) {
         login_.account = account;
-        login_.passiveDisabled = scenario == "no-eprt"; // A command of the active mode.
+        login_.passiveDisabled = scenario == "no-eprt" || scenario == "overtaken";
         ftp.connect(login_);
     }
 };
@@ -245,6 +245,22 @@ TEST(FtpFaults, ALostHostIsNotWaitedForTwice) {
     EXPECT_FALSE(client.ftp.connected());
     EXPECT_THROW(client.retrieve("/page"), Failure);
     EXPECT_EQ(client.messages.normals, Lines{"Host: Couldn't connect to server"});
+}
+
+TEST(FtpFaults, AnOperationHasAClockOfItsOwn) {
+    const FtpTimeouts whole{60s, 60s, 60s, 1s};
+    for (const char* scenario : {"dripping", "announcing"}) {
+        Visit visit(scenario, whole);
+        EXPECT_THROW(visit.retrieve("/page"), Failure) << scenario;
+        EXPECT_EQ(visit.messages.normals, Lines{TimedOut});
+    }
+}
+
+TEST(FtpFaults, WhoeverIsFirstAtAnActivePortIsRefusedUnlessItIsTheHost) {
+    Visit visit("overtaken");
+    EXPECT_EQ(visit.list("/"), Lines{Index});
+    EXPECT_EQ(visit.messages.normals,
+              Lines{"Host: Refused a connection from 127.0.0.2, which is not the host"});
 }
 
 TEST(FtpFaults, UnsendablePathsSendNothing) {

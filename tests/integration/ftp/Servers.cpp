@@ -78,6 +78,11 @@ void Server::startProftpd(const std::string& more) {
     start({{PROFTPD, "-n", "-c", file.string()}, {}, {}});
 }
 
+LimitedServer::LimitedServer(int clients) {
+    login_.port = static_cast<std::int16_t>(freePort());
+    startVsftpd("max_clients=" + std::to_string(clients) + "\n");
+}
+
 FaultServer::FaultServer(const std::string& scenario) {
     process_.emplace(
         Command{{PYTHON, FAULTS, scenario, (settings_.path() / "log").string()}, {}, {}});

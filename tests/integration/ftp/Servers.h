@@ -37,6 +37,12 @@ public:
                         const std::string& address = "127.0.0.1");
 };
 
+/// A vsftpd that lets so many log in at once.
+class LimitedServer : public Server {
+public:
+    explicit LimitedServer(int clients);
+};
+
 /// A server and a mode of transfer, under the name of a test's row.
 struct RealSetting {
     std::string name;
