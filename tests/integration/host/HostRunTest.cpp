@@ -98,13 +98,13 @@ TEST(HostRunRefused, TellsWhyTheLoginFailed) {
     command.environment["QUILLMARK_PASSWORD"] = "wrong-one";
     const Finished result = run(command);
     EXPECT_EQ(result.status, 3);
-    EXPECT_THAT(result.err, HasSubstr("Host: 530 Login incorrect.\nUnable to connect\n"));
+    EXPECT_THAT(result.out, HasSubstr("Host: 530 Login incorrect.\n  Unable to connect\n"));
     EXPECT_THAT(result.err + result.out, Not(HasSubstr("wrong-one")));
     command.environment.clear();
     command.environment["QUILLMARK_FOLDER"] = bench.program.path();
     bench.workingFolder.write("password", "secret\r\nmore");
     command.words.insert(command.words.end(), {"--password-file", "password"});
-    EXPECT_THAT(run(command).err, HasSubstr("Unable to retrieve start file"));
+    EXPECT_THAT(run(command).out, HasSubstr("Unable to retrieve start file"));
     std::filesystem::create_symlink("/dev/full", bench.workingFolder.path() / "full");
     command.words.insert(command.words.end(), {"--trace", "full"});
     EXPECT_THAT(run(command).err, HasSubstr("full could not be written: Disk full"));
