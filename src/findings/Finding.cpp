@@ -57,7 +57,7 @@ constexpr std::array<KindTexts, FindingKinds> Kinds = {{
     {"timed-out", FindingLevel::Note, "no answer in time", "Check again later."},
     {"no-answer", FindingLevel::Note, "no answer that makes sense",
      "Open it in a browser, or check again later."},
-    {"not-asked", FindingLevel::Note, "not asked: the time for web addresses was over",
+    {"not-asked", FindingLevel::Note, "not judged: the time for web addresses was over",
      "Give the check more time."},
     {"private-address", FindingLevel::Note, "not asked: it is in a private network",
      "Visitors cannot reach it. Write a public address, or remove the reference."},
