@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """A web server with every habit, good and bad, that a link check meets.
 
-Usage: web_server.py PORT [TLS_PORT CERTIFICATE KEY]. It listens on all of 127.0.0.0/8 and counts
-the requests of each path; /report answers with one line "COUNT PATH" for each ("COUNT HEAD PATH"
-for those without a body), and with the most requests that were under way at once, in all and to one
-host.
+Usage: web_server.py PORT [TLS_PORT CERTIFICATE KEY]; 0 is any free port. It prints the ports in one
+line and listens on all of 127.0.0.0/8. It counts the requests of each path; /report answers with one
+line "COUNT PATH" for each ("COUNT HEAD PATH" for those without a body), and with the most requests
+that were under way at once, in all and to one host.
 """
 
 import asyncio
@@ -229,6 +229,7 @@ async def main(port, tls_port=None, certificate=None, key=None):
         context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
         context.load_cert_chain(certificate, key)
         servers.append(await asyncio.start_server(serve, "0.0.0.0", int(tls_port), ssl=context))
+    print(*(server.sockets[0].getsockname()[1] for server in servers), flush=True)
     await asyncio.gather(*(server.serve_forever() for server in servers))
 
 

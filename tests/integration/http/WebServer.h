@@ -3,9 +3,11 @@
 #include "run/UrlFetcher.h"
 #include "support/Process.h"
 
+#include <chrono>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -17,9 +19,10 @@ public:
     WebServer() {
         run({{"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=localhost",
               "-keyout", key_, "-out", certificate_}});
-        process_.emplace(Command{{"python3", WEB_SERVER, std::to_string(port_),
-                                  std::to_string(tlsPort_), certificate_, key_}});
-        EXPECT_TRUE(waitForPort(tlsPort_)) << process_->errSoFar();
+        process_.emplace(Command{{"python3", WEB_SERVER, "0", "0", certificate_, key_}});
+        std::istringstream ports(firstLine());
+        ports >> port_ >> tlsPort_;
+        EXPECT_GT(tlsPort_, 0) << process_->errSoFar();
     }
     std::string url(const std::string& path, const std::string& host = "127.0.0.1") const {
         return "http://" + host + ":" + std::to_string(port_) + path;
@@ -48,11 +51,24 @@ public:
     }
 
 private:
+    /// Of what the server prints, once it listens; empty if it ended before.
+    std::string firstLine() {
+        using namespace std::chrono_literals;
+        const auto end = std::chrono::steady_clock::now() + 2min;
+        std::string printed;
+        while (printed.find('\n') == std::string::npos && process_->running() &&
+               std::chrono::steady_clock::now() < end) {
+            std::this_thread::sleep_for(10ms);
+            printed = process_->outSoFar();
+        }
+        return printed;
+    }
+
     TempFolder folder_;
     std::string key_ = (folder_.path() / "key.pem").string();
     std::string certificate_ = (folder_.path() / "certificate.pem").string();
-    int port_ = freePort();
-    int tlsPort_ = freePort();
+    int port_ = 0;
+    int tlsPort_ = 0;
     std::optional<Process> process_;
 };
 
