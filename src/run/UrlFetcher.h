@@ -42,6 +42,7 @@ struct FetchManners {
     std::size_t toOneHost = 8; ///< Requests at once to one host name, whatever the port.
     bool headFirst = false; ///< Asks without the body, and with it only where that proves nothing.
     int retries = 0; ///< After a time-out, a lost connection, 429 and 5xx, with growing pauses.
+    bool keepCookies = false;    ///< From redirect to redirect, never from address to address.
     bool excludePrivate = false; ///< Refuses what lies in this computer or its own network.
     std::vector<HeaderRule> headers;
     std::chrono::seconds overall{0}; ///< For all addresses together; 0 is without end.

@@ -100,6 +100,13 @@ def wants(path, _writer):
     return answer(b"", "200 OK" if path.split("/")[2] in HEADERS else "404 Not Found")
 
 
+def cookie(path, _writer):
+    """Redirects to itself until it gets its cookie back."""
+    if "Cookie:seen=yes" in HEADERS:
+        return answer(b"Here")
+    return answer(b"", "302 Found", f"Location: {path}", "Set-Cookie: seen=yes; Path=/")
+
+
 def ids(_path, _writer):
     return answer(b"<h1 id=here>Here</h1><h1 id=user-content-made>", "200 OK",
                   "Content-Type: text/html; charset=utf-8")
@@ -189,6 +196,7 @@ HABITS = {
     "busy": busy,
     "later": later,
     "wants": wants,
+    "cookie": cookie,
     "ids": ids,
     "lie": lambda *_: answer(NOT_FOUND),
     "zipped": lambda *_: zipped(NOT_FOUND),

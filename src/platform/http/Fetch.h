@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace quillmark {
 
@@ -17,6 +18,7 @@ struct Fetch {
     int retries = 0;                   ///< So many were made.
     std::chrono::milliseconds spent{}; ///< Of the time that it has, by this try.
     UrlAnswer answer;
+    std::vector<std::string> cookies; ///< As libcurl writes them, from redirect to redirect.
 
     /// To be requested next: as the page wrote it, or where it was sent to.
     const std::string& address() const {
@@ -26,6 +28,7 @@ struct Fetch {
     void restart() {
         answer = {};
         spent = {};
+        cookies.clear();
     }
 };
 

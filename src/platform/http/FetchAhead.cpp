@@ -116,6 +116,7 @@ void FetchAhead::redirect(Fetch& fetch, const Reply& reply) {
         return;
     }
     fetch.answer.redirects.push_back({reply.status, reply.redirect});
+    fetch.cookies = reply.cookies;
     enqueue(fetch);
 }
 
@@ -158,6 +159,7 @@ void FetchAhead::wakeResting() {
 
 void FetchAhead::end(Fetch& fetch, UrlFailure failure) {
     fetch.answer.failure = failure;
+    fetch.cookies = {};
     fetch.ended = true;
     ++ended_;
 }

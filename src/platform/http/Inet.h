@@ -11,9 +11,8 @@
 
 namespace quillmark {
 
-/// Asks over http and https, other schemes never; certificates must be good, cookies and stored
-/// passwords are not used, the environment's proxies are. An abort ends everything under way at
-/// once.
+/// Asks over http and https, other schemes never; certificates must be good, stored passwords are
+/// not used, the environment's proxies are. An abort ends everything under way at once.
 class Inet : public UrlFetcher {
 public:
     Inet(EventLoop& events, const RunState& state, const FetchLimits& limits = {});

@@ -19,7 +19,7 @@ struct Network {
     unsigned bits;
 };
 
-constexpr std::array<Network, 13> Private4 = {{
+constexpr std::array<Network, 10> Private4 = {{
     {{0}, 8},
     {{10}, 8},
     {{100, 64}, 10},
@@ -27,18 +27,14 @@ constexpr std::array<Network, 13> Private4 = {{
     {{169, 254}, 16},
     {{172, 16}, 12},
     {{192, 0, 0}, 24},
-    {{192, 0, 2}, 24},
     {{192, 168}, 16},
     {{198, 18}, 15},
-    {{198, 51, 100}, 24},
-    {{203, 0, 113}, 24},
     {{224}, 3}, // Multicast, reserved and broadcast.
 }};
 
-constexpr std::array<Network, 6> Private6 = {{
+constexpr std::array<Network, 5> Private6 = {{
     {{0x00, 0x64, 0xff, 0x9b, 0x00, 0x01}, 48},
     {{0x01}, 64}, // Discarded.
-    {{0x20, 0x01, 0x0d, 0xb8}, 32},
     {{0xfc}, 7},
     {{0xfe, 0x80}, 9}, // Link-local, and what was site-local.
     {{0xff}, 8},

@@ -28,6 +28,15 @@ std::string textInfo(CURL* easy, CURLINFO which) {
     return text == nullptr ? std::string() : text;
 }
 
+std::vector<std::string> cookiesOf(CURL* easy) {
+    const CurlList list(info<curl_slist*>(easy, CURLINFO_COOKIELIST));
+    std::vector<std::string> cookies;
+    for (const curl_slist* each = list.get(); each != nullptr; each = each->next) {
+        cookies.emplace_back(each->data);
+    }
+    return cookies;
+}
+
 CurlList headersFor(const WebAddress& address, const std::vector<HeaderRule>& rules) {
     CurlList list;
     for (const HeaderRule& rule : rules) {
@@ -92,6 +101,12 @@ void Transfer::setReceivers() {
 
 // A proxy would look up the name by itself, out of sight: addresses are asked without one.
 void Transfer::setManners(const FetchManners& manners) {
+    if (manners.keepCookies) {
+        curl_easy_setopt(easy_.get(), CURLOPT_COOKIEFILE, "");
+        for (const std::string& cookie : fetch_.cookies) {
+            curl_easy_setopt(easy_.get(), CURLOPT_COOKIELIST, cookie.c_str());
+        }
+    }
     if (manners.excludePrivate) {
         curl_easy_setopt(easy_.get(), CURLOPT_PROXY, "");
         curl_easy_setopt(easy_.get(), CURLOPT_OPENSOCKETFUNCTION, &Transfer::openSocket);
@@ -106,6 +121,7 @@ Reply Transfer::reply(CURLcode code) const {
     reply.failure = cut_ ? UrlFailure::None : failureOf(code);
     reply.redirect = textInfo(easy, CURLINFO_REDIRECT_URL);
     reply.contentType = textInfo(easy, CURLINFO_CONTENT_TYPE);
+    reply.cookies = cookiesOf(easy);
     reply.retryAfter = std::chrono::seconds(info<curl_off_t>(easy, CURLINFO_RETRY_AFTER));
     reply.taken = std::chrono::milliseconds(info<curl_off_t>(easy, CURLINFO_TOTAL_TIME_T) / 1000);
     return reply;

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace quillmark {
 
@@ -17,6 +18,7 @@ struct Reply {
     UrlFailure failure = UrlFailure::None;
     std::string redirect; ///< Where it sends the asker on to; may be empty.
     std::string contentType;
+    std::vector<std::string> cookies;  ///< That may be sent along with the redirect.
     std::chrono::seconds retryAfter{}; ///< The pause that the server wants.
     std::chrono::milliseconds taken{};
 };

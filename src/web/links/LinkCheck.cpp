@@ -23,6 +23,7 @@ FetchManners mannersFor(const WebOptions& options, Progress& progress) {
     manners.toOneHost = ToOneHost;
     manners.headFirst = true;
     manners.retries = Retries;
+    manners.keepCookies = true; // Some servers redirect until they get theirs back.
     manners.excludePrivate = options.excludePrivate;
     for (const std::string& header : options.headers) {
         manners.headers.push_back(headerRuleOf(header));

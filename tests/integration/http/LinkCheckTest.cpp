@@ -108,6 +108,8 @@ TEST(LinkCheck, JudgesEachAnswer) {
                           {url("/good?/good?/to?/page"), "note moved 301 -> " + url("/to?/page")},
                           {url("/to?/good?/page"), ""},
                           {url("/good?/status/404"), "error address-missing 404"},
+                          {url("/cookie"), ""},
+                          {url("/cookie/2"), ""},
                           {url("/hop/10"), ""},
                           {url("/hop/11"), "error redirect-loop"},
                           {url("/loop"), "error redirect-loop"},
@@ -129,7 +131,7 @@ TEST(LinkCheck, JudgesEachAnswer) {
     EXPECT_EQ(bench.reported("HEAD /page"), 6); // Once for itself, and for five redirects.
     EXPECT_EQ(bench.reported("/page"), 0);
     EXPECT_EQ(bench.bench.siteResults.ignored.size(), 2U);
-    EXPECT_EQ(bench.bench.siteResults.addresses.size(), 38U);
+    EXPECT_EQ(bench.bench.siteResults.addresses.size(), 40U);
 }
 
 TEST(LinkCheck, WaitsAsLongAsServersWish) {
