@@ -21,6 +21,7 @@ namespace {
 /// The levels of findings for the page's script: errors, notes, and what a baseline knows.
 constexpr int KnownLevel = 2;
 
+constexpr int NewestMessages = 5;
 constexpr std::size_t MostColumns = 1000;
 constexpr std::size_t MostBytes = 4 * MostColumns;  // Of the longest characters.
 constexpr std::size_t ShortBytes = MostColumns / 4; // Escaped, a byte takes four columns.
@@ -91,6 +92,7 @@ public:
 
     void write() {
         writeHead();
+        writeMessages();
         writeNames();
         writeFiles();
         writeFindings();
@@ -117,6 +119,18 @@ private:
              << ",\"folders\":" << report_.counts.folders
              << ",\"addresses\":" << site_.addresses.size()
              << ",\"unusedKnown\":" << bit(report_.run->unusedPass == PassProgress::Done);
+    }
+
+    /// What a run said last that did not reach its end.
+    void writeMessages() {
+        std::vector<std::string_view> messages;
+        if (report_.outcome != RunOutcome::Finished) {
+            const int count = report_.messages->Count();
+            for (int i = std::max(0, count - NewestMessages); i < count; ++i) {
+                messages.push_back(report_.messages->Line(i));
+            }
+        }
+        writeTexts("messages", messages);
     }
 
     void writeNames() {

@@ -58,9 +58,6 @@ function put(made, box, around) {
 
 /** Draws what a folder holds into its frame, folders in folders, as far as there is room. */
 function fillFrame(frame, frameBox, folder, box) {
-    while (folder.children.size === 1 && [...folder.children.values()][0].children) {
-        [folder] = folder.children.values();
-    }
     const draw = (className, part) => {
         frame.append(put(element('span', {className}), part, frameBox));
     };
@@ -68,7 +65,7 @@ function fillFrame(frame, frameBox, folder, box) {
         draw(folder.state, box);
         return;
     }
-    layOut(folder, box, (child, part) => {
+    layOut(firstFork(folder), box, (child, part) => {
         if (child.children) {
             fillFrame(frame, frameBox, child, inside(part, frameEdge));
         } else {
@@ -98,7 +95,7 @@ class SiteMap {
         const left = this.folder.path;
         const hadFocus = this.area.contains(document.activeElement);
         this.chosen = path;
-        this.folder = folderAt(path);
+        this.folder = firstFork(folderAt(path));
         this.#draw();
         if (hadFocus && left !== this.folder.path) {
             const drawn = this.#drawn();

@@ -54,9 +54,18 @@ function tellCheck() {
     document.getElementById('circumstances').append(shown(results.top), ' · ' + seen.join(' · '));
     document.getElementById('map-title').textContent = hasSizes ? 'The site by size' : 'The site';
     document.getElementById('made').textContent = results.made;
+    document.getElementById('map').hidden = files.size === 0;
+}
+
+/** Tells of a check that did not reach its end. */
+function tellOutcome() {
     const outcome = document.getElementById('outcome');
     outcome.hidden = results.finished;
-    outcome.textContent = 'The check did not reach its end: these are the results so far.';
+    outcome.append(
+        'The check did not reach its end: these are the results so far. Its last messages:',
+        element('ul', {}, ...results.messages.map((text) => element('li', {}, shown(text))))
+    );
+    document.body.classList.toggle('unfinished', !results.finished);
 }
 
 /** The button offers the theme that is not on: what the system prefers, until somebody chooses. */
@@ -81,6 +90,7 @@ function addThemeButton() {
 }
 
 tellCheck();
+tellOutcome();
 addThemeButton();
 document.getElementById('views').append(...Object.keys(views).map(viewChoice));
 document.getElementById('everywhere').addEventListener('click', () => choosePath(''));

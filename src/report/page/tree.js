@@ -55,6 +55,16 @@ function folderAt(path) {
     return names.reduce((folder, name) => folder.children.get(name + '/'), site);
 }
 
+/** The folder itself, or the first one below it that holds more than one folder. */
+function firstFork(folder) {
+    let [child, ...others] = folder.children.values();
+    while (child?.children && others.length === 0) {
+        folder = child;
+        [child, ...others] = folder.children.values();
+    }
+    return folder;
+}
+
 /** "menu/" for "menu/index.html", "" for "menu/". */
 function pathAbove(path) {
     return path.slice(0, path.slice(0, -1).lastIndexOf('/') + 1);

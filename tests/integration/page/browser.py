@@ -19,7 +19,7 @@ def write_page(check, folder, *arguments):
         [check, "--quiet", "--folder", os.path.join(folder, "settings"), *arguments,
          "--output", "html:" + page],
         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-    if result.returncode > 1:
+    if not os.path.exists(page):
         raise SystemExit(result.stderr.decode())
     return page
 

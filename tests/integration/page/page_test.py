@@ -45,6 +45,11 @@ def listener():
             made.close()
 
 
+def unused_port():
+    with listener() as made:
+        return made.getsockname()[1]
+
+
 class PageTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -256,6 +261,18 @@ class PageTest(unittest.TestCase):
         self.assertEqual(self.browser.all(".source"), [])
         self.assertNotIn("bytes", self.browser.one("body").text)
 
+    def test_known_findings_stand_apart(self):
+        start = site(tempfile.mkdtemp(dir=self.folder), {"index.html": "<a href='old.html'>"})
+        known = start + ".known"
+        self.write(start, "--rules", "web", "--write-baseline", known)
+        site(os.path.dirname(start), {"index.html": "<a href='new.html'><a href='old.html'>"})
+        self.show(self.write(start, "--rules", "web", "--baseline", known,
+                             "--path-prefix", "web/site"))
+        self.assertEqual(self.browser.texts("#views label")[0:3],
+                         ["1 error", "0 notes", "1 known finding"])
+        self.assertEqual(self.groups(), ["web/site/index.html 1"])
+        self.assertTrue(self.browser.rectangle("index.html").is_displayed())
+
     def test_clean_sites_are_praised(self):
         self.show(self.write_site({"index.html": "<a href='index.html'>"}), width=400)
         self.assertIn("every reference leads where it should", self.browser.one("#rows").text)
@@ -279,6 +296,12 @@ class PageTest(unittest.TestCase):
         self.show(page)
         self.assertEqual(self.browser.texts("#rows .reference"), ["gone.html"])
         self.assertEqual(self.browser.all(".source"), [])
+
+    def test_failed_checks_do_not_look_sound(self):
+        self.show(self.write("/index.html", "--rules", "web", "--host", "127.0.0.1",
+                             "--port", str(unused_port()), "--start"))
+        self.assertIn("Unable to connect", self.browser.one("#outcome").text)
+        self.assertEqual(self.browser.all(".praise"), [])
 
 
 if __name__ == "__main__":
