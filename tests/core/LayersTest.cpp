@@ -52,7 +52,7 @@ TEST(Layers, IncludesFollowTheArrows) {
         {"run", {"base", "store", "settings"}},
         {"classic", {"base", "store", "settings", "run"}},
         {"findings", {"base", "store"}},
-        {"report", {"base", "store", "settings", "run", "findings", "web"}},
+        {"report", {"base", "store", "settings", "run", "findings", "web", "ui"}},
         {"web", {"base", "store", "settings", "run", "findings"}},
         {"check", {"base", "store", "settings", "run", "classic", "findings", "web"}},
         {"ui", {"base", "store", "settings", "run", "findings"}},

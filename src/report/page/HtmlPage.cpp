@@ -3,6 +3,7 @@
 #include "report/formats/Formats.h"
 #include "report/page/PageParts.h"
 #include "report/page/SourceLines.h"
+#include "ui/ReadingWarnings.h"
 
 #include <algorithm>
 #include <chrono>
@@ -121,8 +122,12 @@ private:
              << ",\"unusedKnown\":" << bit(report_.run->unusedPass == PassProgress::Done);
     }
 
-    /// What a run said last that did not reach its end.
+    /// What a user must know before trusting the results, and what a run said last that did not
+    /// reach its end.
     void writeMessages() {
+        const auto pages = static_cast<int>(report_.counts.pages);
+        const std::vector<std::string> warnings = readingWarnings(report_.run->reading, pages);
+        writeTexts("warnings", {warnings.begin(), warnings.end()});
         std::vector<std::string_view> messages;
         if (report_.outcome != RunOutcome::Finished) {
             const int count = report_.messages->Count();

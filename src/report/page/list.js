@@ -109,8 +109,10 @@ class FindingList {
             const isSearch = this.search.value.trim() !== '';
             return said(isSearch ? 'Nothing holds these words.' : 'No ' + many + ' here.');
         }
-        const isSound = praise && results.finished;
-        return isSound ? said(praise, 'nothing praise') : said('No ' + many + '.');
+        if (praise && results.finished && results.warnings.length === 0) {
+            return said(praise, 'nothing praise');
+        }
+        return said('No ' + many + (results.finished ? '.' : ' so far.'));
     }
 
     /** Appends the next rows. */

@@ -57,15 +57,19 @@ function tellCheck() {
     document.getElementById('map').hidden = files.size === 0;
 }
 
-/** Tells of a check that did not reach its end. */
+/** Tells of a check that did not reach its end, or could hardly read its pages. */
 function tellOutcome() {
+    const isSound = results.finished && results.warnings.length === 0;
+    document.body.classList.toggle('doubtful', !isSound);
     const outcome = document.getElementById('outcome');
-    outcome.hidden = results.finished;
-    outcome.append(
-        'The check did not reach its end: these are the results so far. Its last messages:',
-        element('ul', {}, ...results.messages.map((text) => element('li', {}, shown(text))))
-    );
-    document.body.classList.toggle('unfinished', !results.finished);
+    outcome.hidden = isSound;
+    outcome.append(...results.warnings.map((text) => element('p', {}, text)));
+    if (!results.finished) {
+        outcome.append(
+            'The check did not reach its end: these are the results so far. Its last messages:',
+            element('ul', {}, ...results.messages.map((text) => element('li', {}, shown(text))))
+        );
+    }
 }
 
 /** The button offers the theme that is not on: what the system prefers, until somebody chooses. */

@@ -259,7 +259,8 @@ class PageTest(unittest.TestCase):
         self.assertEqual(self.browser.texts("#views label")[4], "– duplicate files not looked for")
         self.assertEqual(self.browser.texts("#rows .reference")[0], "regatta/rules.html#safety")
         self.assertEqual(self.browser.all(".source"), [])
-        self.assertNotIn("bytes", self.browser.one("body").text)
+        self.assertNotIn("bytes", self.browser.one("main .columns").text)
+        self.assertIn("1 of 12 pages were not read", self.browser.one("#outcome").text)
 
     def test_known_findings_stand_apart(self):
         start = site(tempfile.mkdtemp(dir=self.folder), {"index.html": "<a href='old.html'>"})
