@@ -52,7 +52,7 @@ constexpr std::array<KindTexts, FindingKinds> Kinds = {{
      "Write another address, or tell its owner."},
     {"moved", FindingLevel::Note, "it has moved for good",
      "Write the new address: the server says that it will last."},
-    {"undetermined", FindingLevel::Note, "the server does not tell whether it is there",
+    {"undetermined", FindingLevel::Note, "undecided by the server's answer",
      "Open it in a browser: the server keeps programs out, or has trouble."},
     {"timed-out", FindingLevel::Note, "no answer in time", "Check again later."},
     {"no-answer", FindingLevel::Note, "no answer that makes sense",

@@ -15,6 +15,7 @@ struct FetchLimits {
     std::chrono::milliseconds connect{10'000};
     std::chrono::milliseconds wholeFetch{30'000}; ///< From the connection to the last byte, with
                                                   ///< all redirects.
+    std::chrono::milliseconds head{10'000};       ///< The same for a HEAD: a GET may follow.
     int redirects = 10;
     std::size_t body = 10 * Mebibyte; ///< Decoded; a longer body counts as complete at this length.
     std::size_t unread = Mebibyte / 64;     ///< The same for a body that nobody reads.

@@ -76,7 +76,8 @@ Transfer& Transfer::of(CURL* easy) {
 // exit, Stop would wait for the name server.
 void Transfer::setOptions() {
     CURL* const easy = easy_.get();
-    const auto left = std::max(limits_.wholeFetch - fetch_.spent, std::chrono::milliseconds(1));
+    const auto whole = fetch_.head ? limits_.head : limits_.wholeFetch;
+    const auto left = std::max(whole - fetch_.spent, std::chrono::milliseconds(1));
     curl_easy_setopt(easy, CURLOPT_CURLU, address_.handle());
     curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
     curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
