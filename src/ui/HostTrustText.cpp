@@ -1,15 +1,27 @@
 #include "ui/HostTrustText.h"
 
+#include "base/Printable.h"
+
+#include <algorithm>
+
 namespace quillmark {
 
 namespace {
 
+constexpr std::size_t MostNames = 10;
+constexpr std::size_t LongestName = 255;
+
+/// The names come from a host that nobody trusts yet: they must neither look like other lines nor
+/// push those away.
 std::string joined(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names) {
-        text += (text.empty() ? "" : ", ") + name;
+    std::string text = names.empty() ? "nobody" : "";
+    for (std::size_t i = 0; i < std::min(names.size(), MostNames); ++i) {
+        text += (i == 0 ? "" : ", ") + printable(names[i], LongestName);
     }
-    return text.empty() ? "nobody" : text;
+    if (names.size() > MostNames) {
+        text += " and " + std::to_string(names.size() - MostNames) + " more";
+    }
+    return text;
 }
 
 std::string certificateText(const HostIdentity& identity) {
