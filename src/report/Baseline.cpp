@@ -76,8 +76,10 @@ void applyBaseline(const Baseline& baseline, CheckReport& report) {
             ++report.knownCount;
         }
     }
-    for (const auto& mended : left) {
-        report.mendedCount += mended.second;
+    if (report.outcome == RunOutcome::Finished) { // Or else what is missing may be still to come.
+        for (const auto& mended : left) {
+            report.mendedCount += mended.second;
+        }
     }
     report.totals = countFindings(findings, report.known);
 }

@@ -32,10 +32,11 @@ constexpr const char* Footer =
     "The password of a host comes from --password-file, from QUILLMARK_PASSWORD, from the profile\n"
     "or from you, when you are asked.\n"
     "\n"
-    "Exit status: 0 nothing invalid, 1 invalid references, 2 not started (wrong usage, no such\n"
-    "profile, start file or folder), 3 aborted or failed. Ctrl-C stops the check and shows what "
-    "was\n"
-    "found; a second Ctrl-C ends the program at once.";
+    "Exit status: 0 nothing invalid, 1 invalid references or other errors (with --strict notes, "
+    "too)\n"
+    "that no baseline has, 2 not started (wrong usage, no such profile, start file or folder),\n"
+    "3 aborted or failed, or a result could not be written. Ctrl-C stops the check and shows what\n"
+    "was found; a second Ctrl-C ends the program at once.";
 
 void addSource(CLI::App& app, Options& options) {
     auto* start = app.add_option("START", options.start,
