@@ -6,7 +6,7 @@ namespace quillmark {
 namespace {
 
 /// The text as a workflow command may hold it: without line ends, and no "%" that would be decoded.
-std::string data(std::string_view bytes) {
+std::string message(std::string_view bytes) {
     std::string result;
     for (const char c : printable(bytes)) {
         c == '%' ? result += "%25" : result += c;
@@ -17,7 +17,7 @@ std::string data(std::string_view bytes) {
 /// The same for a property, which ends at "," and ":".
 std::string property(std::string_view bytes) {
     std::string result;
-    for (const char c : data(bytes)) {
+    for (const char c : message(bytes)) {
         if (c == ':') {
             result += "%3A";
         } else if (c == ',') {
@@ -43,8 +43,8 @@ void writeGithub(std::ostream& out, const CheckReport& report) {
         if (finding.at.line > 0) {
             out << ",line=" << finding.at.line << ",col=" << finding.at.column;
         }
-        out << ",title=" << nameOf(finding.kind) << "::" << data(finding.reference) << ": "
-            << data(messageOf(finding)) << "\n";
+        out << ",title=" << nameOf(finding.kind) << "::" << message(finding.reference) << ": "
+            << message(messageOf(finding)) << "\n";
     }
     if (report.outcome != RunOutcome::Finished) {
         out << "::error title=Quillmark::The run "

@@ -115,6 +115,11 @@ class Formats(unittest.TestCase):
                              printed(html.unescape(written)) + ": there is no such file")
         self.assertTrue(lines[-1].startswith("::notice file="))
 
+    def test_github_suggestions_are_not_decoded(self):
+        self.bench.write("index.html", '<a href="A%25b.html">')
+        self.bench.write("a%b.html", "")
+        self.assertIn(b"(did you mean a%2525b.html?)\n", self.bench.written("github"))
+
     def test_gitlab_code_quality(self):
         issues = json.loads(self.bench.written("gitlab"))
         self.assertEqual(len({issue["fingerprint"] for issue in issues}), FINDINGS)
