@@ -47,8 +47,8 @@ function tellCheck() {
     const seen = [
         counted(results.read, 'file') + ' read',
         counted(results.references, 'reference'),
-        counted(files.size, 'file') + ' in ' + counted(results.folders, 'folder'),
         ...(results.addresses ? [counted(results.addresses, 'web address', 'web addresses')] : []),
+        counted(files.size, 'file') + ' in ' + counted(results.folders, 'folder'),
         ...(hasSizes ? [sizeOf(site.size)] : []),
     ];
     document.getElementById('circumstances').append(shown(results.top), ' · ' + seen.join(' · '));
