@@ -48,7 +48,8 @@ void writeGitlab(std::ostream& out, const CheckReport& report);
 /// A table of the findings (RFC 4180) that a spreadsheet may open: no cell is a formula.
 void writeCsv(std::ostream& out, const CheckReport& report);
 
-/// Markdown that fits into a comment of a pull request; says what was left out. Known findings are.
+/// Markdown that fits into a comment of a pull request, each target once; says what was left out.
+/// Known findings are.
 void writeMarkdown(std::ostream& out, const CheckReport& report);
 
 /// One page that needs no other file: totals, the site as a map, and the findings to search, group

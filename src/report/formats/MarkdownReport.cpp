@@ -3,6 +3,8 @@
 #include "report/formats/TextParts.h"
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 namespace quillmark {
 
@@ -30,6 +32,18 @@ std::string code(std::string_view bytes) {
     return fence + (fence.size() > 1 ? " " + text + " " : text) + fence;
 }
 
+/// What one repair mends, in most cases.
+struct Defect {
+    FindingKind kind;
+    FindingLevel level;
+    std::string_view target;
+
+    explicit Defect(const Finding& finding)
+        : kind(finding.kind), level(finding.level),
+          target(finding.target.empty() ? finding.reference : finding.target) {}
+    auto operator<=>(const Defect&) const = default;
+};
+
 class MarkdownReport {
 public:
     MarkdownReport(std::ostream& out, const CheckReport& report)
@@ -37,12 +51,19 @@ public:
           notes_(report.notes()) {}
 
     void write() {
+        countPlaces();
         writeHead();
         writeFindings();
         writeLeftOut();
     }
 
 private:
+    void countPlaces() {
+        for (std::size_t i = 0; i < site_.findings.size(); ++i) {
+            places_[Defect(site_.findings[i])] += report_.isKnown(i) ? 0U : 1U;
+        }
+    }
+
     void writeHead() {
         out_ << "### Quillmark: " << findingCounts(report_);
         const ReportCounts& counts = report_.counts;
@@ -59,29 +80,35 @@ private:
              << counted(site_.ignored.size(), "ignored reference", "ignored references") << ".\n";
     }
 
-    std::string line(const Finding& finding) const {
+    static std::string line(const Finding& finding, std::size_t places) {
         std::string text = "- ";
         if (finding.at.line > 0) {
             text += std::to_string(finding.at.line) + ":" + std::to_string(finding.at.column) + " ";
         }
         text += code(finding.reference) + (finding.level == FindingLevel::Note ? " note: " : " ");
         text += explanationOf(finding);
+        if (places > 1) {
+            text += ", here and at " + counted(places - 1, "other place", "other places");
+        }
         if (!finding.suggestion.empty()) {
             text += "; did you mean " + code(finding.suggestion) + "?";
         }
         return text + "\n";
     }
 
+    /// A file that is missing on a thousand pages stands in one line, or nothing else would fit.
     void writeFindings() {
         std::size_t size = 0;
         std::uint32_t page = 0;
         bool first = true;
         for (std::size_t i = 0; i < site_.findings.size(); ++i) {
             const Finding& finding = site_.findings[i];
-            if (report_.isKnown(i)) {
+            const std::size_t places =
+                report_.isKnown(i) ? 0 : std::exchange(places_[Defect(finding)], 0);
+            if (places == 0) {
                 continue;
             }
-            std::string text = line(finding);
+            std::string text = line(finding, places);
             if (first || page != finding.at.page) {
                 text = "\n**" + code(report_.shownPage(finding.at)) + "**\n\n" + text;
             }
@@ -90,7 +117,7 @@ private:
                 return;
             }
             out_ << text;
-            --(finding.level == FindingLevel::Error ? errors_ : notes_);
+            (finding.level == FindingLevel::Error ? errors_ : notes_) -= places;
             page = finding.at.page;
             first = false;
         }
@@ -109,6 +136,7 @@ private:
     const SiteResults& site_;
     std::size_t errors_; ///< That are not written yet.
     std::size_t notes_;
+    std::map<Defect, std::size_t> places_; ///< That are not written yet.
 };
 
 } // namespace

@@ -147,11 +147,15 @@ class Formats(unittest.TestCase):
             self.assertIn(printed(html.unescape(written)), page.text)
 
     def test_markdown_fits_into_a_comment(self):
-        self.bench.write("index.html", '<a href="gone/file.html">\n' * 20000)
+        pages = "".join(f'<a href="gone/{i}.html">\n' for i in range(10000))
+        self.bench.write("index.html", pages + '<a href="gone/x.html">\n' * 10000)
         text = self.bench.written("markdown").decode()
         shown = text.count("\n- ")
         self.assertTrue(60000 < len(text) <= 65536, len(text))
         self.assertIn(f"That is not all: {20000 - shown} errors and 0 notes more", text)
+        self.bench.write("index.html", '<a href="gone/x.html">\n' * 20000)
+        self.assertTrue(self.bench.written("markdown").decode().endswith(
+            "- 1:10 `gone/x.html` there is no such file, here and at 19999 other places\n"))
 
     def test_a_classic_check_has_findings_without_lines(self):
         self.bench.write("index.html", '<a href="gone.html">\r\n<a href="a.html">\r\n')
