@@ -2,6 +2,7 @@
 
 #include "base/UpperCase.h"
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 #include <string>
@@ -22,6 +23,18 @@ std::uint64_t sizeIn(std::string_view line, std::size_t pathLength) {
     const std::string_view digits = line.substr(pathLength);
     std::from_chars(digits.data(), digits.data() + digits.size(), size);
     return size;
+}
+
+/// The findings page by page. The pages keep the order of their first findings, the findings
+/// theirs.
+void bringTogether(std::vector<Finding>& findings) {
+    std::unordered_map<std::uint32_t, std::size_t> ranks;
+    for (const Finding& finding : findings) {
+        ranks.emplace(finding.at.page, ranks.size());
+    }
+    std::stable_sort(findings.begin(), findings.end(), [&](const Finding& a, const Finding& b) {
+        return ranks.at(a.at.page) < ranks.at(b.at.page);
+    });
 }
 
 class ListReader {
@@ -71,6 +84,7 @@ private:
             finding.reference = results_.fromTop(finding.target);
             results_.findings.push_back(finding);
         }
+        bringTogether(results_.findings);
         for (int i = 0; i < lists_.IgnoredReferences.Count(); ++i) {
             IgnoredReference ignored;
             ignored.reason = IgnoredReason::ClassicRules;

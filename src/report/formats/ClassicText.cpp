@@ -1,9 +1,7 @@
 #include "base/Printable.h"
 #include "report/formats/TextParts.h"
 
-#include <map>
 #include <string>
-#include <vector>
 
 namespace quillmark {
 
@@ -39,21 +37,7 @@ private:
         return report_.run->invalidPass == PassProgress::Done ? Green : Yellow;
     }
 
-    /// The pages in the order of their first invalid reference.
     void writeInvalid() {
-        std::map<std::uint32_t, std::size_t> places;
-        std::vector<std::pair<std::uint32_t, std::vector<std::string_view>>> pages;
-        for (std::size_t i = 0; i < site_.findings.size(); ++i) {
-            if (report_.isKnown(i)) {
-                continue;
-            }
-            const Finding& finding = site_.findings[i];
-            const auto place = places.emplace(finding.at.page, pages.size());
-            if (place.second) {
-                pages.push_back({finding.at.page, {}});
-            }
-            pages[place.first->second].second.push_back(finding.target);
-        }
         const std::size_t count = report_.errors();
         const std::string state = report_.hasBaseline ? "new " : "";
         out_ << styled(report_.color, styleOfInvalid(count),
@@ -61,12 +45,19 @@ private:
                              state + "invalid references") +
                            baselineCounts(report_))
              << "\n";
-        for (const auto& page : pages) {
-            out_ << "  " << printable(report_.shownPath(site_.pagePath(page.first))) << "\n";
-            for (const std::string_view target : page.second) {
-                out_ << "      " << styled(report_.color, Red, printable(report_.shownPath(target)))
-                     << "\n";
+        const Finding* before = nullptr;
+        for (std::size_t i = 0; i < site_.findings.size(); ++i) {
+            const Finding& finding = site_.findings[i];
+            if (report_.isKnown(i)) {
+                continue;
             }
+            if (before == nullptr || before->at.page != finding.at.page) {
+                out_ << "  " << printable(report_.shownPage(finding.at)) << "\n";
+            }
+            before = &finding;
+            out_ << "      "
+                 << styled(report_.color, Red, printable(report_.shownPath(finding.target)))
+                 << "\n";
         }
         out_ << "\n";
     }
