@@ -1,8 +1,11 @@
 // What the web answers: bodies in any pieces, addresses to be redirected to.
 
+#include "base/Failure.h"
 #include "classic/verify/PhraseSearch.h"
 #include "fuzz/Require.h"
 #include "platform/http/WebAddress.h"
+#include "web/links/HeaderOption.h"
+#include "web/links/LinkAddress.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -23,6 +26,12 @@ void search(FuzzedDataProvider& data) {
 }
 
 void address(const std::string& text) {
+    const auto link = web::linkAddressOf(text, "https");
+    require(!link || link->address.starts_with("http"));
+    try {
+        require(web::headerRuleOf(text).line.find_first_of("\r\n") == std::string::npos);
+    } catch (const Failure&) {
+    }
     if (const auto address = WebAddress::parse(text)) {
         require(address->host().size() <= 3 * text.size());
         require(WebAddress::parse(address->comparable()).has_value());

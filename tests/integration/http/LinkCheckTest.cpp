@@ -199,6 +199,30 @@ TEST(LinkCheck, LooksForFragmentsInPages) {
     EXPECT_EQ(bench.reported("/ids"), 2);
 }
 
+TEST(LinkCheck, AsksEachHostForFourAtOnce) {
+    LinkBench bench;
+    std::vector<LinkRow> rows;
+    for (int i = 0; i < 40; ++i) {
+        rows.push_back({bench.server.url("/slow/8/4/" + std::to_string(i),
+                                         "127.0.0." + std::to_string(1 + i % 2)),
+                        ""});
+    }
+    expectRows(bench, rows);
+    EXPECT_EQ(bench.reported("to one host"), 4);
+    EXPECT_EQ(bench.reported("in all"), 8);
+}
+
+TEST(LinkCheck, StopKeepsWhatWasJudged) {
+    LinkBench bench;
+    bench.bench.events.hook = [&bench] {
+        bench.bench.state.abort = !bench.bench.siteResults.addresses.empty();
+    };
+    bench.check({bench.server.url("/status/404"), bench.server.url("/never")});
+    EXPECT_EQ(bench.foundOn(1), "error address-missing 404");
+    EXPECT_EQ(bench.foundOn(2), "");
+    EXPECT_EQ(bench.bench.siteResults.ignored.size(), 1U);
+}
+
 TEST(LinkCheck, LooksIntoNoPrivateNetwork) {
     LinkBench bench;
     bench.options.excludePrivate = true;
