@@ -26,7 +26,7 @@ void addLimits(CLI::App& app, Options& options) {
         ->group(Group);
     app.add_option_function<int>(
            "--url-time",
-           [&options](int seconds) { options.web.urlTime = std::chrono::seconds(seconds); },
+           [&options](int seconds) { options.web.links.time = std::chrono::seconds(seconds); },
            "End the asking after this time, such as 90s, 10m (if not given) or 2h; what was not\n"
            "asked by then is a note. 0 is no end")
         ->type_name("TIME")
@@ -43,16 +43,16 @@ void addUrlOptions(CLI::App& app, Options& options) {
     app.add_flag("--check-urls", options.checkUrls,
                  "Ask the web addresses that pages refer to, whether they are there")
         ->group(Group);
-    app.add_flag("--url-fragments", options.web.urlFragments,
+    app.add_flag("--url-fragments", options.web.links.fragments,
                  "Look for their \"#part\"s in the pages that answer")
         ->group(Group);
-    app.add_option("--header", options.web.headers,
+    app.add_option("--header", options.web.links.headers,
                    "Send a header to the addresses that begin with PREFIX, and to no others:\n"
                    "'https://www.site.example/ NAME: VALUE'; may be repeated")
         ->type_name("'PREFIX NAME: VALUE'")
         ->allow_extra_args(false)
         ->group(Group);
-    app.add_flag("--exclude-private", options.web.excludePrivate,
+    app.add_flag("--exclude-private", options.web.links.excludePrivate,
                  "Ask nothing in this computer and in private networks")
         ->group(Group);
     addLimits(app, options);

@@ -214,7 +214,7 @@ private:
         outside_.messages.post("Checking Web Addresses");
         outside_.listener.InitializeThinking("Checking Web Addresses");
         const bool plain = schemeOf(profile_.SITE_URL).size() == std::string_view("http").size();
-        LinkCheck(results_, state_, options_, outside_, plain ? "http" : "https").perform();
+        LinkCheck(results_, state_, options_.links, outside_, plain ? "http" : "https").perform();
     }
 
     void finishFindings() {

@@ -12,7 +12,7 @@ namespace quillmark::web {
 void requireSoundOptions(const WebOptions& options, const Profile& profile) {
     const Patterns exclude(options.exclude);
     const Patterns keep(options.keep);
-    std::for_each(options.headers.begin(), options.headers.end(), headerRuleOf);
+    std::for_each(options.links.headers.begin(), options.links.headers.end(), headerRuleOf);
     if (!profile.SITE_URL.empty() && !parseSiteUrl(profile.SITE_URL)) {
         throw invalidValue("\"" + profile.SITE_URL +
                            "\" is no address of a site; write one such as "

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "settings/Profile.h"
+#include "web/links/LinkOptions.h"
 
-#include <chrono>
 #include <string>
 #include <vector>
 
@@ -16,12 +16,7 @@ struct WebOptions {
     bool cleanUrls = false;           ///< "about" finds about.html.
     bool allPages = false;            ///< Reads every page of the inventory.
     unsigned threads = 0;             ///< That read pages; 0 is one a core.
-
-    // Where the profile has web addresses checked:
-    bool urlFragments = false;         ///< Looks for their fragments in the pages that answer.
-    bool excludePrivate = false;       ///< Asks none in private networks.
-    std::vector<std::string> headers;  ///< "https://www.site.example/ Name: value".
-    std::chrono::seconds urlTime{600}; ///< For all of them together.
+    LinkOptions links;                ///< Where the profile has web addresses checked.
 };
 
 /// Throws a Failure that names the first pattern that is no regular expression, a header that is

@@ -18,7 +18,7 @@ constexpr std::size_t ToOneHost = 4;
 constexpr int Retries = 2;
 constexpr std::size_t StepsBetweenEvents = 1024;
 
-FetchManners mannersFor(const WebOptions& options, Progress& progress) {
+FetchManners mannersFor(const LinkOptions& options, Progress& progress) {
     FetchManners manners;
     manners.toOneHost = ToOneHost;
     manners.headFirst = true;
@@ -28,7 +28,7 @@ FetchManners mannersFor(const WebOptions& options, Progress& progress) {
     for (const std::string& header : options.headers) {
         manners.headers.push_back(headerRuleOf(header));
     }
-    manners.overall = options.urlTime;
+    manners.overall = options.time;
     manners.progress = &progress;
     return manners;
 }
@@ -45,7 +45,7 @@ bool isForm(const Place& at) {
 
 } // namespace
 
-LinkCheck::LinkCheck(SiteResults& results, const RunState& state, const WebOptions& options,
+LinkCheck::LinkCheck(SiteResults& results, const RunState& state, const LinkOptions& options,
                      Outside& outside, std::string_view ownScheme)
     : results_(results), state_(state), options_(options), outside_(outside),
       ownScheme_(ownScheme) {}
@@ -78,7 +78,7 @@ void LinkCheck::gather() {
             place = known.emplace(link.address, &link).first;
         }
         linkOf_[i] = place->second;
-        if (options_.urlFragments) {
+        if (options_.fragments) {
             wantFragment(*place->second, found->fragment);
         }
     }

@@ -3,7 +3,7 @@
 #include "findings/SiteResults.h"
 #include "run/Outside.h"
 #include "run/RunState.h"
-#include "web/check/WebOptions.h"
+#include "web/links/LinkOptions.h"
 #include "web/links/LinkPage.h"
 #include "web/links/LinkVerdict.h"
 
@@ -19,7 +19,7 @@ namespace quillmark::web {
 class LinkCheck {
 public:
     /// `ownScheme` is that of the site: "https".
-    LinkCheck(SiteResults& results, const RunState& state, const WebOptions& options,
+    LinkCheck(SiteResults& results, const RunState& state, const LinkOptions& options,
               Outside& outside, std::string_view ownScheme);
 
     /// Appends addresses and findings, and takes the references that were judged off the ignored
@@ -42,7 +42,7 @@ private:
 
     SiteResults& results_;
     const RunState& state_;
-    const WebOptions& options_;
+    const LinkOptions& options_;
     Outside& outside_;
     std::string_view ownScheme_;
     std::deque<Link> links_;

@@ -153,7 +153,7 @@ TEST(LinkCheck, EndsWhatHasNoEnd) {
     EXPECT_EQ(bench.reported("HEAD /never"), 1);
     EXPECT_EQ(bench.reported("/never"), 3);
     LinkBench limited;
-    limited.options.urlTime = 1s;
+    limited.options.links.time = 1s;
     expectRows(limited, {{limited.server.url("/never"), "note not-asked"},
                          {limited.server.url("/mute"), "note not-asked"}});
 }
@@ -168,8 +168,8 @@ TEST(LinkCheck, SendsHeadersToTheirPrefixOnly) {
     const auto to = [&bench](const std::string& path, const std::string& host = "127.0.0.1") {
         return bench.server.url(path, host);
     };
-    bench.options.headers = {to("/wants") + " X-Key: secret", to("/to") + " X-Key: secret",
-                             "http://127.0.0.1:1 X-Other: x", "http://127.0.0.1 X-Third: x"};
+    bench.options.links.headers = {to("/wants") + " X-Key: secret", to("/to") + " X-Key: secret",
+                                   "http://127.0.0.1:1 X-Other: x", "http://127.0.0.1 X-Third: x"};
     const std::string wants = "/wants/X-Key:secret";
     expectRows(bench, {
                           {to(wants), ""},
@@ -183,7 +183,7 @@ TEST(LinkCheck, SendsHeadersToTheirPrefixOnly) {
 
 TEST(LinkCheck, LooksForFragmentsInPages) {
     LinkBench bench;
-    bench.options.urlFragments = true;
+    bench.options.links.fragments = true;
     const std::string page = bench.server.url("/ids");
     expectRows(bench, {
                           {page + "#here", ""},
@@ -225,7 +225,7 @@ TEST(LinkCheck, StopKeepsWhatWasJudged) {
 
 TEST(LinkCheck, LooksIntoNoPrivateNetwork) {
     LinkBench bench;
-    bench.options.excludePrivate = true;
+    bench.options.links.excludePrivate = true;
     expectRows(bench, {{bench.server.url("/page"), "note private-address"},
                        {bench.server.url("/page", "localhost"), "note private-address"}});
     EXPECT_EQ(bench.reported("HEAD /page"), 0);
