@@ -49,14 +49,14 @@ void addOutputOptions(CLI::App& app, Options& options) {
                }
            },
            "Write the results in this format, to this file or else to standard output; may\n"
-           "be repeated. The formats: " +
+           "be repeated. The formats:\n" +
                namesOfFormats())
         ->type_name("FORMAT[:FILE]")
         ->allow_extra_args(false)
         ->group(ResultsGroup);
     app.add_option("--baseline", options.baseline,
-                   "Leave the findings in this file out of account: the exit status is that of new "
-                   "ones")
+                   "Leave the findings in this file out of account: the exit status is that of\n"
+                   "new ones")
         ->type_name("FILE")
         ->group(ResultsGroup);
     app.add_option("--write-baseline", options.writeBaseline,
@@ -65,7 +65,8 @@ void addOutputOptions(CLI::App& app, Options& options) {
         ->group(ResultsGroup);
     app.add_flag("--strict", options.strict, "Notes count as errors, too")->group(ResultsGroup);
     app.add_option("--path-prefix", options.pathPrefix,
-                   "The folder of the site in your repository, which --output puts before paths")
+                   "The folder of the site in your repository, which --output puts before paths,\n"
+                   "such as public")
         ->type_name("PREFIX")
         ->group(ResultsGroup);
 }
