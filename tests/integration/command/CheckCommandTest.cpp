@@ -179,7 +179,7 @@ TEST(CheckCommand, ResetsAnOldConfigurationWithANotice) {
 TEST(CheckCommand, HostileNamesDoNotSteerTheTerminal) {
     const CommandBench bench;
     bench.site.write("index.html", "<a href=\"\x1B]0;owned\x07\xC2\x9D\xFF\xC3\xA4.gif\">\r\n");
-    const Finished result = bench.check({bench.start()});
+    const Finished result = bench.check({"-v", bench.start()});
     EXPECT_THAT(result.out + result.err, Not(HasSubstr("\x1B")));
     EXPECT_THAT(result.out, HasSubstr("\\x1B]0;owned\\x07\\xC2\\x9D\\xFF\xC3\xA4.gif"));
     EXPECT_THAT(bench.check({"\x1B[2J.html"}).err, HasSubstr("\"\\x1B[2J.html\""));

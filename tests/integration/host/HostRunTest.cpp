@@ -48,8 +48,8 @@ TEST_P(HostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
     auto local = bench.json({"--set", "IGNORECASE=0", bench.start()});
     ASSERT_EQ(run(saveProfile()).status, 0);
     EXPECT_THAT(bench.program.read("Host.pro"), Not(HasSubstr(server.login().password)));
-    const Finished result = bench.check(
-        {"--profile", "Host", "--set", "IGNORECASE=0", "--trace", "trace.txt", "--json", "-"});
+    const Finished result = bench.check({"--profile", "Host", "--set", "IGNORECASE=0", "--trace",
+                                         "trace.txt", "--json", "-", "--no-progress"});
     EXPECT_EQ(result.status, 1);
     auto host = nlohmann::json::parse(result.out);
     EXPECT_EQ(host["mode"], "remote");
@@ -60,6 +60,7 @@ TEST_P(HostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
         lists->erase("Message");
     }
     EXPECT_EQ(host["lists"], local["lists"]);
+    EXPECT_THAT(result.err, HasSubstr("Starting...\n"));
     EXPECT_THAT(result.err, Not(HasSubstr("Host: ")));
     const std::string trace = bench.workingFolder.read("trace.txt");
     EXPECT_LE(countOf(trace, "PASS\r\n"), 4U);
@@ -94,7 +95,7 @@ TEST(HostRunRefused, TellsWhyTheLoginFailed) {
     const CommandBench bench;
     Command command =
         bench.command({"--host", "127.0.0.1", "--port", std::to_string(server.login().port),
-                       "--user", "webmaster", "--start", "/index.html"});
+                       "--user", "webmaster", "--start", "/index.html", "-v"});
     command.environment["QUILLMARK_PASSWORD"] = "wrong-one";
     const Finished result = run(command);
     EXPECT_EQ(result.status, 3);
