@@ -11,7 +11,9 @@ and every page PAGE.
 import itertools
 import os
 import socket
+import ssl
 import struct
+import subprocess
 import sys
 import threading
 import time
@@ -82,7 +84,7 @@ class Conversation:
     def converse(self, replies):
         self.log.write(b"-- login\n")
         self.say(replies["greeting"])
-        for line in self.lines:
+        while line := self.lines.readline():
             self.log.write(line)
             verb, _, argument = line.rstrip(b"\r\n").partition(b" ")
             reply = replies.get(verb.decode("latin-1"), "502 not known here")
@@ -177,6 +179,33 @@ def listing_of_a_stranger(it, _):
     it.stall()
 
 
+def tls(it, _):
+    it.say("234 go on")
+    it.control = CONTEXT.wrap_socket(it.control, server_side=True)
+    it.lines = it.control.makefile("rb")
+
+
+def page_over_tls(sent, says_so):
+    def reply(it, _):
+        data = it.connection()
+        it.say("150 here it comes")
+        data = CONTEXT.wrap_socket(data, server_side=True)
+        data.sendall(sent)
+        data.unwrap() if says_so else None
+        data.close()
+        it.say("226 done")
+
+    return reply
+
+
+def make_certificate(folder):
+    files = [os.path.join(folder, name) for name in ("certificate", "key")]
+    subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt",
+                    "ec_paramgen_curve:P-256", "-nodes", "-subj", "/CN=127.0.0.1", "-out", files[0],
+                    "-keyout", files[1]], check=True, stderr=subprocess.DEVNULL)
+    CONTEXT.load_cert_chain(*files)
+
+
 def delete(it, _):
     """The port that was announced last is closed, too."""
     it.data.close()
@@ -214,6 +243,8 @@ def stall(it, _):
     it.stall()
 
 
+CONTEXT = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+TLS = {"AUTH": tls, "PBSZ": "200 fine", "PROT": "200 fine"}
 USUAL = {
     "greeting": "220 ready",
     "USER": "331 password",
@@ -262,6 +293,8 @@ SCENARIOS = {
     "announcing": {"RETR": announce},
     "big-pages": {"RETR": big_page},
     "overtaken": {"EPRT": overtaken, "LIST": listing_of_a_stranger},
+    "tls": {**TLS, "RETR": page_over_tls(PAGE, True)},
+    "cut-tls": {**TLS, "RETR": page_over_tls(PAGE[:5], False)},
     "no-files": {"LIST": "450 No files found"},
     "bare-lf": {"LIST": transfer(LISTING.replace(b"\r", b""))},
     "no-last-lf": {"LIST": transfer(LISTING + LISTING[:-2])},
@@ -281,6 +314,8 @@ SCENARIOS = {
 
 def main(scenario, log):
     replies = {**USUAL, **SCENARIOS[scenario]}
+    if "AUTH" in replies:
+        make_certificate(os.path.dirname(log))
     listener = socket.socket()
     chosen = free_port(listener)
     listener.listen()

@@ -16,11 +16,6 @@ bool wasRefused(const HostOutcome& outcome) {
     return outcome.kind == Kind::Refused || outcome.kind == Kind::Broken;
 }
 
-/// Nothing may go in the clear where somebody chose to encrypt.
-Failure cannotEncrypt() {
-    return {1099, "encrypted connections are not ready yet"};
-}
-
 void requireSendable(std::string_view text) {
     if (!isSendable(text)) {
         throw unsendableText();
@@ -34,8 +29,9 @@ std::string tooLarge(std::string_view what) {
 } // namespace
 
 FtpXCtl::FtpXCtl(Messages& messages, EventLoop& events, const RunState& state, FtpTrace& trace,
-                 HostTrust& /*trust*/, const FtpTimeouts& timeouts)
-    : messages_(messages), events_(events), state_(state), trace_(trace), timeouts_(timeouts) {}
+                 HostTrust& trust, const FtpTimeouts& timeouts)
+    : messages_(messages), events_(events), state_(state), trace_(trace), trust_(trust),
+      timeouts_(timeouts) {}
 
 void FtpXCtl::connect(const FtpLogin& login) {
     connected_ = false;
@@ -47,20 +43,26 @@ void FtpXCtl::connect(const FtpLogin& login) {
 }
 
 void FtpXCtl::logIn(const FtpLogin& login) {
-    if (login.encryption != Encryption::None) {
-        throw cannotEncrypt();
-    }
     for (const std::string& text : {login.host, login.userName, login.password, login.account}) {
         requireSendable(text);
     }
+    HostOutcome outcome = converse(login);
+    if (outcome.refused && trust_.trusts(*outcome.refused) && !outcome.refused->keyChanged()) {
+        FtpLogin trusting = login;
+        trusting.trusted = outcome.refused->sha256;
+        outcome = converse(trusting);
+    }
+    connected_ = outcome.kind == Kind::Done;
+    if (!connected_ && outcome.kind != Kind::Ended) {
+        postReason(outcome.refused ? outcome.refused->reason : outcome.reason);
+    }
+}
+
+HostOutcome FtpXCtl::converse(const FtpLogin& login) {
     conversation_.reset();
     conversation_ =
         std::make_unique<HostConversation>(messages_, events_, state_, trace_, timeouts_, login);
-    const HostOutcome outcome = conversation_->perform({Operation::LogIn, {}});
-    connected_ = outcome.kind == Kind::Done;
-    if (!connected_ && outcome.kind != Kind::Ended) {
-        postReason(outcome.reason);
-    }
+    return conversation_->perform({Operation::LogIn, {}});
 }
 
 void FtpXCtl::disconnect() {

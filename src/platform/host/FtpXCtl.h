@@ -45,6 +45,7 @@ public:
 
 private:
     void logIn(const FtpLogin& login);
+    HostOutcome converse(const FtpLogin& login);
     void expect(HostOperation::Kind kind, std::string_view path);
     HostOutcome transferListing(HostOperation::Kind kind, std::string_view directory,
                                 const DirItem& item);
@@ -58,6 +59,7 @@ private:
     EventLoop& events_;
     const RunState& state_;
     FtpTrace& trace_;
+    HostTrust& trust_;
     FtpTimeouts timeouts_;
     std::unique_ptr<HostConversation> conversation_;
     bool connected_ = false;

@@ -5,6 +5,7 @@
 #include "platform/host/HostReply.h"
 #include "platform/host/HostSockets.h"
 #include "platform/host/HostTasks.h"
+#include "platform/host/HostVerifier.h"
 #include "run/FtpComponent.h"
 
 #include <atomic>
@@ -39,9 +40,12 @@ private:
     /// What was said during one attempt at a task.
     struct Exchange {
         HostReply reply; ///< To the last command.
+        HostReply own;   ///< To the command that the task is about.
         std::size_t replySize = 0;
         bool commandSent = false;
+        bool ownCommand = false; ///< The last command was the one that the task is about.
         bool loggedIn = false;
+        bool outOfStep = false; ///< A command was sent before the one before it was answered.
         bool senseless = false; ///< A reply without end.
         bool hasWork = false;   ///< libcurl has something to do that no socket tells of.
         bool ended = false;     ///< The bytes are not wanted.
@@ -57,7 +61,11 @@ private:
     HostOutcome outcomeOf(CURLcode code);
     HostOutcome::Kind kindOf(CURLcode code) const;
     std::string reasonOf(CURLcode code) const;
+    HostOutcome sftpOutcomeOf(CURLcode code);
+    bool isSftp() const { return login_.encryption == Encryption::Sftp; }
+    void traceSftp(const HostOutcome* outcome);
     void noteStranger();
+    void keep(std::string_view bytes);
     void sent(std::string_view command);
     void heard(std::string_view line);
     void giveTimeAfter(const HostReply& reply);
@@ -67,6 +75,7 @@ private:
     const std::string& url_;
     const FtpTimeouts& timeouts_;
     HostSockets sockets_;
+    HostVerifier verifier_;
     CurlMulti multi_;
     CurlEasy easy_;
     std::atomic<bool> interrupted_ = false;

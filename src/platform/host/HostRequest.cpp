@@ -54,6 +54,17 @@ std::string listCommand(const std::string& verb, const std::string& directory) {
     return verb + (directory.front() == '-' ? " ./" : " ") + directory;
 }
 
+const char* schemeOf(Encryption encryption) {
+    switch (encryption) {
+    case Encryption::Implicit:
+        return "ftps";
+    case Encryption::Sftp:
+        return "sftp";
+    default:
+        return "ftp";
+    }
+}
+
 /// The command of an operation without a transfer, or nothing. With "*" in front libcurl keeps the
 /// connection after a refusal.
 std::string plainCommand(const HostOperation& operation) {
@@ -77,6 +88,56 @@ const char* orNothing(const std::string& text) {
     return text.empty() ? nullptr : text.c_str();
 }
 
+/// A name in the quotes of libcurl's commands for SFTP.
+std::string quoted(const std::string& path) {
+    std::string text = "\"";
+    for (const char byte : path) {
+        text += byte == '"' || byte == '\\' ? "\\" : "";
+        text += byte;
+    }
+    return text + "\"";
+}
+
+std::string sftpCommand(const HostOperation& operation) {
+    switch (operation.kind) {
+    case Operation::Delete:
+        return "rm " + quoted(operation.path);
+    case Operation::RemoveDirectory:
+        return "rmdir " + quoted(operation.path);
+    default:
+        return {};
+    }
+}
+
+/// Where SFTP finds a path: one that does not begin at the top is in the user's folder. With "/" at
+/// its end libcurl lists it.
+std::string sftpPath(const HostOperation& operation) {
+    const bool isList = operation.kind == Operation::List;
+    std::string path =
+        operation.path.starts_with('/') ? operation.path.substr(1) : "~/./" + operation.path;
+    while (path.ends_with('/')) {
+        path.pop_back();
+    }
+    return isList ? path + '/' : path;
+}
+
+/// Everything encrypted, the data connections, too, or no login at all.
+void setEncryption(CURL* easy, const FtpLogin& login) {
+    const bool isTls =
+        login.encryption == Encryption::Tls || login.encryption == Encryption::Implicit;
+    curl_easy_setopt(easy, CURLOPT_USE_SSL, long{isTls ? CURLUSESSL_ALL : CURLUSESSL_NONE});
+    curl_easy_setopt(easy, CURLOPT_FTPSSLAUTH, long{CURLFTPAUTH_TLS});
+    const unsigned long without = CURLSSH_AUTH_AGENT;
+    const unsigned long with = CURLSSH_AUTH_PASSWORD | CURLSSH_AUTH_KEYBOARD | CURLSSH_AUTH_AGENT;
+    if (!login.keyFile.empty()) {
+        curl_easy_setopt(easy, CURLOPT_SSH_AUTH_TYPES, CURLSSH_AUTH_PUBLICKEY);
+        curl_easy_setopt(easy, CURLOPT_SSH_PRIVATE_KEYFILE, login.keyFile.c_str());
+        curl_easy_setopt(easy, CURLOPT_KEYPASSWD, login.keyPassphrase.c_str());
+    } else {
+        curl_easy_setopt(easy, CURLOPT_SSH_AUTH_TYPES, login.password.empty() ? without : with);
+    }
+}
+
 } // namespace
 
 bool isSendable(std::string_view text) {
@@ -85,7 +146,7 @@ bool isSendable(std::string_view text) {
 
 std::string hostUrl(const FtpLogin& login) {
     const CurlUrl url(curl_url());
-    curl_url_set(url.get(), CURLUPART_SCHEME, "ftp", 0);
+    curl_url_set(url.get(), CURLUPART_SCHEME, schemeOf(login.encryption), 0);
     CURLUcode code = curl_url_set(url.get(), CURLUPART_HOST, bracketed(login.host).c_str(), 0);
     if (code == CURLUE_OK) {
         code = curl_url_set(url.get(), CURLUPART_PORT, std::to_string(login.port).c_str(), 0);
@@ -104,7 +165,8 @@ std::string hostUrl(const FtpLogin& login) {
 // Without a quick exit, Stop would wait for the name server. SIZE would cost a round trip for each
 // page and tell nothing. libcurl's own limits are the last resort: ours are in HostTasks.
 void setLogin(CURL* easy, const FtpLogin& login, const FtpTimeouts& timeouts) {
-    curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "ftp");
+    curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, schemeOf(login.encryption));
+    setEncryption(easy, login);
     curl_easy_setopt(easy, CURLOPT_PROXY, "");
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
@@ -121,6 +183,17 @@ void setLogin(CURL* easy, const FtpLogin& login, const FtpTimeouts& timeouts) {
     curl_easy_setopt(easy, CURLOPT_PASSWORD, login.password.c_str());
     curl_easy_setopt(easy, CURLOPT_FTP_ACCOUNT, orNothing(login.account));
     curl_easy_setopt(easy, CURLOPT_FTPPORT, login.passiveDisabled ? "-" : nullptr);
+}
+
+CurlList setSftpOperation(CURL* easy, const std::string& hostUrl, const HostOperation& operation) {
+    const bool hasTransfer =
+        operation.kind == Operation::List || operation.kind == Operation::Retrieve;
+    CurlList commands = listOf(sftpCommand(operation));
+    const std::string url = hasTransfer ? hostUrl + percentEncoded(sftpPath(operation)) : hostUrl;
+    curl_easy_setopt(easy, CURLOPT_URL, url.c_str());
+    curl_easy_setopt(easy, CURLOPT_NOBODY, hasTransfer ? 0L : 1L);
+    curl_easy_setopt(easy, CURLOPT_QUOTE, commands.get());
+    return commands;
 }
 
 CurlList setOperation(CURL* easy, const std::string& hostUrl, const HostOperation& operation) {

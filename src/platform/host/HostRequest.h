@@ -22,6 +22,8 @@ void setLogin(CURL* easy, const FtpLogin& login, const FtpTimeouts& timeouts);
 
 /// Sets what one operation asks for. The commands must live until it has ended.
 CurlList setOperation(CURL* easy, const std::string& hostUrl, const HostOperation& operation);
+/// The same over SFTP.
+CurlList setSftpOperation(CURL* easy, const std::string& hostUrl, const HostOperation& operation);
 
 /// Sets how long libcurl tries each of the host's addresses. Its clock goes on during the login, so
 /// it is lifted as soon as the host has spoken.

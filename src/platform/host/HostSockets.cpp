@@ -71,6 +71,12 @@ void HostSockets::shutDown() {
     }
 }
 
+void HostSockets::giveUp() {
+    shutDown();
+    const std::lock_guard lock(mutex_);
+    control_ = None;
+}
+
 int HostSockets::opened(void* sockets, curl_socket_t socket, curlsocktype purpose) {
     return static_cast<HostSockets*>(sockets)->add(socket, purpose);
 }

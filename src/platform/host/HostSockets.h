@@ -27,6 +27,8 @@ public:
     bool isAlive();
     /// Has every read and write end at once. May be called from any thread.
     void shutDown();
+    /// The same; the control connection is of no use any more.
+    void giveUp();
 
 private:
     static constexpr curl_socket_t None = CURL_SOCKET_BAD;

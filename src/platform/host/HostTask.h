@@ -1,5 +1,7 @@
 #pragma once
 
+#include "run/HostTrust.h"
+
 #include <chrono>
 #include <cstdint>
 #include <optional>
@@ -39,9 +41,10 @@ struct HostOutcome {
         Ended,   ///< By Stop, or by the taker of the bytes.
     };
     Kind kind = Kind::Done;
-    std::string reason;      ///< Why it was refused or lost; never holds the password.
+    std::string reason = {}; ///< Why it was refused or lost; never holds the password.
     bool openedAnew = false; ///< The control connection was opened for this operation.
     bool loggedIn = false;   ///< The login of the control connection had succeeded.
+    std::optional<HostIdentity> refused = {}; ///< Who the host is, if it was not believed.
 };
 
 /// An operation on its way, shared by the run and the connection that performs it. All but the

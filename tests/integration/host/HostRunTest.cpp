@@ -1,4 +1,5 @@
 #include "integration/command/CommandBench.h"
+#include "integration/ftp/EncryptedServers.h"
 #include "integration/ftp/Servers.h"
 
 #include <gmock/gmock.h>
@@ -89,6 +90,56 @@ TEST_P(HostRun, FindsByTheWebRulesWhatTheLocalRunFinds) {
 
 INSTANTIATE_TEST_SUITE_P(Host, HostRun, testing::ValuesIn(realSettings()),
                          [](const auto& row) { return row.param.name; });
+
+class EncryptedHostRun : public testing::TestWithParam<std::string> {};
+
+/// The lists of a check, each in byte order: a host lists its folders in an order of its own.
+nlohmann::json sortedLists(nlohmann::json result) {
+    result["lists"].erase("FileSizes");
+    result["lists"].erase("Message");
+    for (auto& list : result["lists"]) {
+        std::sort(list.begin(), list.end());
+    }
+    return result["lists"];
+}
+
+TEST_P(EncryptedHostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
+    const EncryptedServer server(GetParam());
+    const FtpLogin& login = server.login();
+    CommandBench bench;
+    std::filesystem::copy(QUILLMARK_EXAMPLE, bench.site.path(),
+                          std::filesystem::copy_options::recursive);
+    Words words = {
+        "--host",  login.host,           "--port",       std::to_string(login.port),
+        "--user",  login.userName,       "--encryption", std::string(nameOf(login.encryption)),
+        "--trust", server.fingerprint(), "--start",      bench.start()};
+    if (!login.keyFile.empty()) {
+        words.insert(words.end(), {"--key", login.keyFile});
+    }
+    for (const Words& rules : {Words{"--set", "IGNORECASE=0"}, Words{"--rules", "web"}}) {
+        Words local = rules;
+        local.push_back(bench.start());
+        Words remote = rules;
+        remote.insert(remote.end(), words.begin(), words.end());
+        remote.insert(remote.end(), {"--json", "-", "-q"});
+        Command command = bench.command(remote);
+        const bool byKey = !login.keyFile.empty();
+        command.environment["QUILLMARK_PASSWORD"] = byKey ? login.keyPassphrase : login.password;
+        const Finished finished = run(command);
+        ASSERT_FALSE(finished.out.empty()) << finished.err;
+        const auto expected = bench.json(local);
+        const auto found = nlohmann::json::parse(finished.out);
+        EXPECT_EQ(sortedLists(found), sortedLists(expected));
+        EXPECT_EQ(found["findings"], expected["findings"]);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Encrypted, EncryptedHostRun, testing::ValuesIn(encryptedServers()),
+                         [](const auto& row) {
+                             std::string name = row.param;
+                             name.erase(std::remove(name.begin(), name.end(), ' '), name.end());
+                             return name;
+                         });
 
 TEST(HostRunRefused, TellsWhyTheLoginFailed) {
     const RealServer server("ProFTPD");

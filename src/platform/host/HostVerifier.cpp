@@ -1,0 +1,193 @@
+#include "platform/host/HostVerifier.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <arpa/inet.h>
+#include <openssl/evp.h>
+#include <openssl/ssl.h>
+#include <openssl/x509_vfy.h>
+#include <openssl/x509v3.h>
+
+namespace quillmark {
+
+namespace {
+
+struct NamesDelete {
+    void operator()(GENERAL_NAMES* names) const { GENERAL_NAMES_free(names); }
+};
+struct BioDelete {
+    void operator()(BIO* bio) const { BIO_free(bio); }
+};
+
+Sha256 hashOf(std::string_view bytes) {
+    Sha256 hash{};
+    EVP_Digest(bytes.data(), bytes.size(), hash.data(), nullptr, EVP_sha256(), nullptr);
+    return hash;
+}
+
+Sha256 hashOf(const X509& certificate) {
+    Sha256 hash{};
+    X509_digest(&certificate, EVP_sha256(), hash.data(), nullptr);
+    return hash;
+}
+
+/// The public blob of a key; libcurl hands those of known_hosts over as base64.
+std::string blobOf(const curl_khkey& key) {
+    if (key.len > 0) {
+        return {key.key, key.len};
+    }
+    const std::string_view text(key.key);
+    std::string blob(text.size(), '\0');
+    const int size = EVP_DecodeBlock(reinterpret_cast<unsigned char*>(blob.data()),
+                                     reinterpret_cast<const unsigned char*>(text.data()),
+                                     static_cast<int>(text.size()));
+    const std::size_t padding = text.size() - (text.find_last_not_of('=') + 1);
+    blob.resize(size < 0 ? 0 : static_cast<std::size_t>(size) - padding);
+    return blob;
+}
+
+std::string textOf(const ASN1_STRING& text) {
+    return {reinterpret_cast<const char*>(ASN1_STRING_get0_data(&text)),
+            static_cast<std::size_t>(ASN1_STRING_length(&text))};
+}
+
+std::string addressOf(const ASN1_OCTET_STRING& bytes) {
+    char text[INET6_ADDRSTRLEN] = "";
+    const int family = ASN1_STRING_length(&bytes) == 4 ? AF_INET : AF_INET6;
+    const bool sound = ASN1_STRING_length(&bytes) == 4 || ASN1_STRING_length(&bytes) == 16;
+    if (sound) {
+        ::inet_ntop(family, ASN1_STRING_get0_data(&bytes), text, sizeof text);
+    }
+    return text;
+}
+
+/// The names for which the certificate was made out: the alternative ones, else the common one.
+std::vector<std::string> namesOf(const X509& certificate) {
+    std::vector<std::string> names;
+    const std::unique_ptr<GENERAL_NAMES, NamesDelete> all(static_cast<GENERAL_NAMES*>(
+        X509_get_ext_d2i(&certificate, NID_subject_alt_name, nullptr, nullptr)));
+    for (int i = 0; i < sk_GENERAL_NAME_num(all.get()); ++i) {
+        const GENERAL_NAME* const name = sk_GENERAL_NAME_value(all.get(), i);
+        if (name->type == GEN_DNS) {
+            names.push_back(textOf(*name->d.dNSName));
+        } else if (name->type == GEN_IPADD) {
+            names.push_back(addressOf(*name->d.iPAddress));
+        }
+    }
+    const X509_NAME* const subject = X509_get_subject_name(&certificate);
+    const int common = X509_NAME_get_index_by_NID(subject, NID_commonName, -1);
+    if (names.empty() && common >= 0) {
+        names.push_back(textOf(*X509_NAME_ENTRY_get_data(X509_NAME_get_entry(subject, common))));
+    }
+    return names;
+}
+
+std::string dateOf(const ASN1_TIME* time) {
+    const std::unique_ptr<BIO, BioDelete> bio(BIO_new(BIO_s_mem()));
+    ASN1_TIME_print(bio.get(), time);
+    char* text = nullptr;
+    const long size = BIO_get_mem_data(bio.get(), &text);
+    return {text, static_cast<std::size_t>(size)};
+}
+
+std::string withoutBrackets(const std::string& host) {
+    return host.starts_with('[') && host.ends_with(']') ? host.substr(1, host.size() - 2) : host;
+}
+
+/// Where ssh keeps the keys of the hosts that its user knows.
+std::string knownHostsFile() {
+    const char* const home = std::getenv("HOME");
+    return std::string(home == nullptr ? "" : home) + "/.ssh/known_hosts";
+}
+
+} // namespace
+
+// The name is verified with the rest, so that what is trusted needs no right name either.
+void HostVerifier::watch(CURL* easy) {
+    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, 1L);
+    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, 0L);
+    if (const char* const authorities = std::getenv("SSL_CERT_FILE"); authorities != nullptr) {
+        curl_easy_setopt(easy, CURLOPT_CAINFO, authorities);
+    }
+    curl_easy_setopt(easy, CURLOPT_SSL_CTX_FUNCTION, &HostVerifier::prepareTls);
+    curl_easy_setopt(easy, CURLOPT_SSL_CTX_DATA, this);
+    curl_easy_setopt(easy, CURLOPT_SSH_KNOWNHOSTS, knownHostsFile().c_str());
+    curl_easy_setopt(easy, CURLOPT_SSH_KEYFUNCTION, &HostVerifier::verifyKey);
+    curl_easy_setopt(easy, CURLOPT_SSH_KEYDATA, this);
+}
+
+std::optional<HostIdentity> HostVerifier::takeRefused() {
+    return std::exchange(refused_, std::nullopt);
+}
+
+void HostVerifier::refuse(HostIdentity identity) {
+    identity.host = login_.host + ":" + std::to_string(login_.port);
+    if (login_.trusted && !identity.knownSha256) {
+        identity.knownSha256 = login_.trusted;
+    }
+    refused_ = std::move(identity);
+}
+
+// A page that ends without TLS saying so may have been cut by anybody on the way.
+CURLcode HostVerifier::prepareTls(CURL* /*easy*/, void* context, void* verifier) {
+    auto* const tls = static_cast<SSL_CTX*>(context);
+    SSL_CTX_clear_options(tls, SSL_OP_IGNORE_UNEXPECTED_EOF);
+    SSL_CTX_set_cert_verify_callback(tls, &HostVerifier::verifyCertificate, verifier);
+    return CURLE_OK;
+}
+
+int HostVerifier::verifyCertificate(X509_STORE_CTX* chain, void* verifier) {
+    auto& self = *static_cast<HostVerifier*>(verifier);
+    const X509* const certificate = X509_STORE_CTX_get0_cert(chain);
+    if (certificate == nullptr) {
+        return 0;
+    }
+    const Sha256 hash = hashOf(*certificate);
+    const std::string host = withoutBrackets(self.login_.host);
+    X509_VERIFY_PARAM* const wanted = X509_STORE_CTX_get0_param(chain);
+    if (X509_VERIFY_PARAM_set1_ip_asc(wanted, host.c_str()) != 1) {
+        X509_VERIFY_PARAM_set1_host(wanted, host.c_str(), 0);
+    }
+    if (self.login_.trusted == hash) {
+        X509_STORE_CTX_set_error(chain, X509_V_OK);
+        return 1;
+    }
+    if (X509_verify_cert(chain) == 1) {
+        return 1;
+    }
+    HostIdentity identity;
+    identity.kind = HostIdentity::Kind::Certificate;
+    identity.reason = X509_verify_cert_error_string(X509_STORE_CTX_get_error(chain));
+    identity.names = namesOf(*certificate);
+    identity.validFrom = dateOf(X509_get0_notBefore(certificate));
+    identity.validUntil = dateOf(X509_get0_notAfter(certificate));
+    identity.sha256 = hash;
+    self.refuse(std::move(identity));
+    return 0;
+}
+
+int HostVerifier::verifyKey(CURL* /*easy*/, const curl_khkey* known, const curl_khkey* found,
+                            curl_khmatch match, void* verifier) {
+    auto& self = *static_cast<HostVerifier*>(verifier);
+    HostIdentity identity;
+    identity.kind = HostIdentity::Kind::Key;
+    identity.sha256 = hashOf(blobOf(*found));
+    if (match == CURLKHMATCH_OK || self.login_.trusted == identity.sha256) {
+        return CURLKHSTAT_FINE;
+    }
+    if (match == CURLKHMATCH_MISMATCH && known != nullptr) {
+        identity.knownSha256 = hashOf(blobOf(*known));
+    }
+    identity.reason =
+        match == CURLKHMATCH_MISMATCH ? "the key has changed" : "the key is not known";
+    self.refuse(std::move(identity));
+    return CURLKHSTAT_REJECT;
+}
+
+} // namespace quillmark
