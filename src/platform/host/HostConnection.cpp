@@ -16,6 +16,11 @@ using Kind = HostOutcome::Kind;
 constexpr int LongestPoll = 1000; ///< In milliseconds; interrupt() ends a poll.
 constexpr std::chrono::milliseconds Goodbye = 2s;
 
+bool isTransfer(HostOperation::Kind kind) {
+    return kind == HostOperation::Kind::List || kind == HostOperation::Kind::ListFacts ||
+           kind == HostOperation::Kind::Retrieve;
+}
+
 /// Whether the command is what the task is about; others only prepare it.
 bool isOwn(std::string_view command) {
     const std::string_view verb = command.substr(0, command.find_first_of(" \r"));
@@ -110,6 +115,7 @@ HostOutcome HostConnection::attempt(HostTask& task) {
     const CURLcode code = drive();
     HostOutcome outcome = isSftp() ? sftpOutcomeOf(code) : outcomeOf(code);
     outcome.refused = verifier_.takeRefused();
+    noteCut(outcome);
     if (isSftp()) {
         traceSftp(&outcome);
     }
@@ -202,6 +208,19 @@ void HostConnection::traceSftp(const HostOutcome* outcome) {
         tasks_.trace(*task_, operation.path.empty() ? text : text + " " + operation.path);
     } else {
         tasks_.trace(*task_, outcome->kind == Kind::Done ? "done" : outcome->reason);
+    }
+}
+
+/// Takes no transfer for whole that TLS does not call whole.
+void HostConnection::noteCut(HostOutcome& outcome) {
+    const HostOperation& operation = task_->operation;
+    const bool isTls =
+        login_.encryption == Encryption::Tls || login_.encryption == Encryption::Implicit;
+    if (isTls && outcome.kind == Kind::Done && isTransfer(operation.kind) &&
+        !exchange_.own.negative() && !verifier_.ended()) {
+        outcome.kind = Kind::Broken;
+        outcome.reason = operation.path + " was cut short on the way";
+        tasks_.note(*task_, outcome.reason);
     }
 }
 

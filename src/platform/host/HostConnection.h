@@ -64,6 +64,7 @@ private:
     HostOutcome sftpOutcomeOf(CURLcode code);
     bool isSftp() const { return login_.encryption == Encryption::Sftp; }
     void traceSftp(const HostOutcome* outcome);
+    void noteCut(HostOutcome& outcome);
     void noteStranger();
     void keep(std::string_view bytes);
     void sent(std::string_view command);

@@ -96,6 +96,12 @@ std::string dateOf(const ASN1_TIME* time) {
     return {text, static_cast<std::size_t>(size)};
 }
 
+/// Where a TLS context keeps its verifier.
+int verifierPlace() {
+    static const int place = SSL_CTX_get_ex_new_index(0, nullptr, nullptr, nullptr, nullptr);
+    return place;
+}
+
 std::string withoutBrackets(const std::string& host) {
     return host.starts_with('[') && host.ends_with(']') ? host.substr(1, host.size() - 2) : host;
 }
@@ -134,12 +140,20 @@ void HostVerifier::refuse(HostIdentity identity) {
     refused_ = std::move(identity);
 }
 
-// A page that ends without TLS saying so may have been cut by anybody on the way.
 CURLcode HostVerifier::prepareTls(CURL* /*easy*/, void* context, void* verifier) {
     auto* const tls = static_cast<SSL_CTX*>(context);
-    SSL_CTX_clear_options(tls, SSL_OP_IGNORE_UNEXPECTED_EOF);
+    static_cast<HostVerifier*>(verifier)->ended_ = false;
+    SSL_CTX_set_ex_data(tls, verifierPlace(), verifier);
+    SSL_CTX_set_info_callback(tls, &HostVerifier::followTls);
     SSL_CTX_set_cert_verify_callback(tls, &HostVerifier::verifyCertificate, verifier);
     return CURLE_OK;
+}
+
+void HostVerifier::followTls(const SSL* tls, int where, int value) {
+    if (where == SSL_CB_READ_ALERT && (value & 0xff) == SSL_AD_CLOSE_NOTIFY) {
+        void* const verifier = SSL_CTX_get_ex_data(SSL_get_SSL_CTX(tls), verifierPlace());
+        static_cast<HostVerifier*>(verifier)->ended_ = true;
+    }
 }
 
 int HostVerifier::verifyCertificate(X509_STORE_CTX* chain, void* verifier) {

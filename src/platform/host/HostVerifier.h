@@ -6,7 +6,7 @@
 
 #include <optional>
 
-#include <openssl/x509.h>
+#include <openssl/ssl.h>
 
 namespace quillmark {
 
@@ -23,11 +23,16 @@ public:
     /// Has a handle ask from now on.
     void watch(CURL* easy);
 
+    /// Whether the TLS connection that was begun last has been ended by the host in so many words:
+    /// libcurl takes the end of the bytes for it, which anybody on the way can bring about.
+    bool ended() const { return ended_; }
+
     /// Who was refused since the last call, if anybody was.
     std::optional<HostIdentity> takeRefused();
 
 private:
     static CURLcode prepareTls(CURL* easy, void* context, void* verifier);
+    static void followTls(const SSL* tls, int where, int value);
     static int verifyCertificate(X509_STORE_CTX* chain, void* verifier);
     static int verifyKey(CURL* easy, const curl_khkey* known, const curl_khkey* found,
                          curl_khmatch match, void* verifier);
@@ -35,6 +40,7 @@ private:
 
     const FtpLogin& login_;
     std::optional<HostIdentity> refused_;
+    bool ended_ = false;
 };
 
 } // namespace quillmark

@@ -109,6 +109,7 @@ TEST_P(EncryptedHostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
     CommandBench bench;
     std::filesystem::copy(QUILLMARK_EXAMPLE, bench.site.path(),
                           std::filesystem::copy_options::recursive);
+    std::filesystem::remove(bench.site.path() / ".gitattributes");
     Words words = {
         "--host",  login.host,           "--port",       std::to_string(login.port),
         "--user",  login.userName,       "--encryption", std::string(nameOf(login.encryption)),
@@ -130,7 +131,8 @@ TEST_P(EncryptedHostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
         const auto expected = bench.json(local);
         const auto found = nlohmann::json::parse(finished.out);
         EXPECT_EQ(sortedLists(found), sortedLists(expected));
-        EXPECT_EQ(found["findings"], expected["findings"]);
+        EXPECT_EQ(found.value("findings", nlohmann::json()),
+                  expected.value("findings", nlohmann::json()));
     }
 }
 
