@@ -25,7 +25,7 @@ Baseline readFindings(const Json& file) {
     Baseline baseline;
     for (const Json& finding : file.at("findings")) {
         const Baseline::Key key{finding.at("page"), finding.at("reference"), finding.at("kind")};
-        baseline.counts[key] += finding.at("count").get<std::size_t>();
+        baseline.counts[key] += finding.at("count").get_ref<const Json::number_unsigned_t&>();
     }
     return baseline;
 }

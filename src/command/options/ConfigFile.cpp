@@ -17,6 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* FileName = "quillmark.toml";
+constexpr std::size_t LongestMistake = 64; ///< Of a longer word the beginning is compared.
 
 /// Not what a check is done with.
 constexpr std::array<std::string_view, 3> CommandLineOnly = {"config", "help", "version"};
@@ -134,9 +135,10 @@ private:
     /// The one with the fewest edits, unless that is half of it: "" then.
     std::string nearestOption(const std::string& name) const {
         std::string nearest;
-        std::size_t fewest = name.size() / 2 + 1;
+        std::size_t fewest = std::min<std::size_t>(name.size(), LongestMistake) / 2 + 1;
         for (const auto& option : options_) {
-            const std::size_t edits = editsBetween(name, option.first);
+            const std::size_t edits =
+                editsBetween(std::string_view(name).substr(0, LongestMistake), option.first);
             if (edits < fewest && 2 * edits < option.first.size()) {
                 fewest = edits;
                 nearest = option.first;

@@ -76,8 +76,8 @@ class Formats(unittest.TestCase):
         run = log["runs"][0]
         rules = run["tool"]["driver"]["rules"]
         self.assertEqual(len(run["results"]), FINDINGS)
-        self.assertEqual(len({r["partialFingerprints"]["quillmarkFinding/v1"]
-                              for r in run["results"]}), FINDINGS)
+        prints = [r["partialFingerprints"] for r in run["results"]]
+        self.assertEqual(len({p["quillmarkFinding/v1"] for p in prints}), FINDINGS)
         for i, result in enumerate(run["results"], 1):
             place = result["locations"][0]["physicalLocation"]
             self.assertEqual(urllib.parse.unquote(place["artifactLocation"]["uri"]),
@@ -89,6 +89,11 @@ class Formats(unittest.TestCase):
         messages = [r["message"]["text"] for r in run["results"]]
         self.assertIn(r"\[click\](https://evil.example/) {{0}}: there is no such file", messages)
         self.assertEqual(run["results"][-1]["level"], "note")
+        page = self.bench.site / "index.html"
+        page.write_bytes(b"<p>\n\n" + page.read_bytes())
+        moved = json.loads(self.bench.written("sarif"))["runs"][0]["results"]
+        self.assertEqual([r["partialFingerprints"] for r in moved], prints)
+        self.assertEqual(moved[0]["locations"][0]["physicalLocation"]["region"]["startLine"], 3)
 
     def test_junit(self):
         suites = xml.etree.ElementTree.fromstring(self.bench.written("junit"))
@@ -215,7 +220,9 @@ class Baseline(unittest.TestCase):
 
     def test_refuses_what_is_none(self):
         for text, reason in (("{", "no JSON"), ("[]", "lacks values"), ('{"version": 2}', "version"),
-                             ('{"version": 1, "findings": [{"page": 1}]}', "lacks values")):
+                             ('{"version": 1, "findings": [{"page": 1}]}', "lacks values"),
+                             ('{"version": 1, "findings": [{"page": "a", "reference": "b", "kind": "c",'
+                              '"count": -1}]}', "lacks values")):
             (self.bench.folder / "known.json").write_text(text)
             result = self.check()
             self.assertEqual(result.returncode, 2, text)
