@@ -93,12 +93,33 @@ std::vector<Output> outputsFor(const Options& options) {
     return outputs;
 }
 
-void writeFormats(const Options& options, CheckReport& report) {
-    for (const Output& output : outputsFor(options)) {
-        report.color = output.file.empty() && useColor(options.color);
-        writeTo(output.file.empty() ? "-" : output.file,
-                [&](std::ostream& out) { findFormat(output.format)->write(out, report); });
+/// Writes one result after the other, also behind one that was refused.
+class Attempts {
+public:
+    void add(const std::function<void()>& write) {
+        try {
+            write();
+        } catch (const Failure& failure) {
+            refusals_ += (refusals_.empty() ? "" : "; ") + failure.description();
+            number_ = failure.number();
+        }
     }
+    /// Throws a Failure that names all that were refused.
+    void finish() const {
+        if (!refusals_.empty()) {
+            throw Failure(number_, refusals_);
+        }
+    }
+
+private:
+    std::string refusals_;
+    int number_ = 0;
+};
+
+void writeFormat(const Output& output, const Options& options, CheckReport& report) {
+    report.color = output.file.empty() && useColor(options.color);
+    writeTo(output.file.empty() ? "-" : output.file,
+            [&](std::ostream& out) { findFormat(output.format)->write(out, report); });
 }
 
 } // namespace
@@ -122,21 +143,31 @@ void writing(const std::string& file, const std::function<void()>& write) {
 }
 
 void writeResults(const Options& options, CheckReport& report, const Workspace& workspace) {
+    Attempts attempts;
     if (!options.report.empty()) {
-        writing(options.report, [&] {
-            WriteReport(options.report, workspace.lists, workspace.settings, workspace.run);
+        attempts.add([&] {
+            writing(options.report, [&] {
+                WriteReport(options.report, workspace.lists, workspace.settings, workspace.run);
+            });
         });
     }
     if (!options.json.empty()) {
-        writeTo(options.json,
-                [&](std::ostream& out) { writeJson(out, report.outcome, workspace); });
-    }
-    if (!options.list.empty()) {
-        writeTo("-", [&](std::ostream& out) {
-            writeNamedList(out, *findList(options.list), workspace.lists);
+        attempts.add([&] {
+            writeTo(options.json,
+                    [&](std::ostream& out) { writeJson(out, report.outcome, workspace); });
         });
     }
-    writeFormats(options, report);
+    if (!options.list.empty()) {
+        attempts.add([&] {
+            writeTo("-", [&](std::ostream& out) {
+                writeNamedList(out, *findList(options.list), workspace.lists);
+            });
+        });
+    }
+    for (const Output& output : outputsFor(options)) {
+        attempts.add([&] { writeFormat(output, options, report); });
+    }
+    attempts.finish();
 }
 
 } // namespace quillmark

@@ -317,6 +317,10 @@ class Streams(unittest.TestCase):
             result = self.bench.check("--output", f"{form}:/dev/full")
             self.assertEqual(result.returncode, 3, form)
             self.assertIn(b"/dev/full could not be written: ", result.stderr)
+        result = self.bench.check("--output", "csv:/dev/full", "--output", "json:o.json",
+                                  "--report", "/dev/full")
+        self.assertEqual(result.stderr.count(b"/dev/full could not be written: "), 2)
+        self.assertTrue(json.loads((self.bench.folder / "o.json").read_text())["findings"])
         with open("/dev/full", "wb") as full:
             for words in (["--output", "csv"], ["--list", "InvalidReferences"], ["--json", "-"], []):
                 result = self.bench.check(*words, stdout=full)
