@@ -1,3 +1,4 @@
+#include "integration/ftp/EncryptedServers.h"
 #include "integration/ftp/Servers.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/ProfileFile.h"
@@ -24,6 +25,7 @@ void prepare(TestProgram& program, const FtpLogin& login, const std::string& sta
     settings.configuration.IGNORECASE = 1;
     settings.profile.HOST_NAME = login.host;
     settings.profile.HOST_PORT = login.port;
+    settings.profile.ENCRYPTION = login.encryption;
     settings.profile.USER_NAME = login.userName;
     settings.profile.USER_PASSWORD = login.password;
     settings.profile.START_PATH = startPath;
@@ -98,6 +100,37 @@ private slots:
         QVERIFY(trace.isVisible());
         QTRY_VERIFY(linesOf(trace, "DebugList").contains("Quillmark : Quillmark Finished"));
         QVERIFY(linesOf(trace, "DebugList").size() <= 52);
+    }
+
+    void asksOnceWhomToTrust() {
+        const EncryptedServer server("ProFTPD");
+        TestProgram program;
+        TempFolder site;
+        prepare(program, server.login(), site.write("index.html", "").string());
+        const auto disturb = [&program](QMessageBox& box) {
+            QVERIFY(box.isModal());
+            QTest::mouseClick(&program.control<QPushButton>("cmdStop"), Qt::LeftButton);
+            QVERIFY(
+                box.isVisible() &&
+                !linesOf(program.window(), "Message").contains("Stopping Quillmark...Please Wait"));
+        };
+        const QString shown = QString::fromStdString(server.fingerprint()).left(47);
+        for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+            const bool yes = answer == QMessageBox::Yes;
+            const Answer question(answer, disturb);
+            check(program);
+            QVERIFY2(question.text().contains(shown), qPrintable(question.text()));
+            const QStringList messages = linesOf(program.window(), "Message");
+            QCOMPARE(messages.contains("Unable to connect"), !yes);
+            QCOMPARE(messages.contains("Quillmark Finished"), yes);
+            QCOMPARE(program.folder.read("Host.pro").find("#TRUSTED=" + server.fingerprint()) !=
+                         std::string::npos,
+                     yes);
+        }
+        const Answer none(QMessageBox::No);
+        check(program);
+        QVERIFY(!none.acted());
+        QVERIFY(linesOf(program.window(), "Message").contains("Quillmark Finished"));
     }
 
     void stopsAStalledHostAtOnce() {
