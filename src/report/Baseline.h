@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace quillmark {
 
@@ -16,7 +17,10 @@ struct Baseline {
         std::string page;
         std::string reference;
         std::string kind;
-        auto operator<=>(const Key&) const = default;
+
+        friend bool operator<(const Key& a, const Key& b) {
+            return std::tie(a.page, a.reference, a.kind) < std::tie(b.page, b.reference, b.kind);
+        }
     };
     std::map<Key, std::size_t> counts;
 };

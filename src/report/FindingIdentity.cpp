@@ -10,9 +10,8 @@ namespace {
 
 std::string hexadecimal(std::uint64_t number) {
     std::string text(16, '0');
-    for (auto digit = text.rbegin(); digit != text.rend(); ++digit) {
-        *digit = "0123456789abcdef"[number % 16];
-        number /= 16;
+    for (std::size_t digit = text.size(); digit-- > 0; number /= 16) {
+        text[digit] = "0123456789abcdef"[number % 16];
     }
     return text;
 }

@@ -128,7 +128,7 @@ HostOutcome FtpXCtl::transferListing(Operation kind, std::string_view directory,
         size = 0;
         lines.restart();
     };
-    const HostOutcome outcome = perform({kind, std::string(directory)}, take, restart);
+    HostOutcome outcome = perform({kind, std::string(directory)}, take, restart);
     if (size > LargestTransfer) {
         return {Kind::Refused, tooLarge("The listing of " + std::string(directory)), false, true};
     }

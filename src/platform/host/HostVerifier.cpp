@@ -1,5 +1,6 @@
 #include "platform/host/HostVerifier.h"
 
+#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -58,13 +59,13 @@ std::string textOf(const ASN1_STRING& text) {
 }
 
 std::string addressOf(const ASN1_OCTET_STRING& bytes) {
-    char text[INET6_ADDRSTRLEN] = "";
+    std::array<char, INET6_ADDRSTRLEN> text{};
     const int family = ASN1_STRING_length(&bytes) == 4 ? AF_INET : AF_INET6;
     const bool sound = ASN1_STRING_length(&bytes) == 4 || ASN1_STRING_length(&bytes) == 16;
     if (sound) {
-        ::inet_ntop(family, ASN1_STRING_get0_data(&bytes), text, sizeof text);
+        ::inet_ntop(family, ASN1_STRING_get0_data(&bytes), text.data(), text.size());
     }
-    return text;
+    return text.data();
 }
 
 /// The names for which the certificate was made out: the alternative ones, else the common one.

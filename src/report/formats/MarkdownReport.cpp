@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 #include <utility>
 
 namespace quillmark {
@@ -41,7 +42,10 @@ struct Defect {
     explicit Defect(const Finding& finding)
         : kind(finding.kind), level(finding.level),
           target(finding.target.empty() ? finding.reference : finding.target) {}
-    auto operator<=>(const Defect&) const = default;
+
+    friend bool operator<(const Defect& a, const Defect& b) {
+        return std::tie(a.kind, a.level, a.target) < std::tie(b.kind, b.level, b.target);
+    }
 };
 
 class MarkdownReport {
@@ -110,7 +114,7 @@ private:
             }
             std::string text = line(finding, places);
             if (first || page != finding.at.page) {
-                text = "\n**" + code(report_.shownPage(finding.at)) + "**\n\n" + text;
+                text.insert(0, "\n**" + code(report_.shownPage(finding.at)) + "**\n\n");
             }
             size += text.size();
             if (size > Most) {

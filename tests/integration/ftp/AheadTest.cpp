@@ -49,9 +49,9 @@ struct HostBench : RunBench {
     RecordedTrace trace;
     ScriptedTrust trust;
     FtpXCtl ftp{messages, events, state, trace, trust, {}};
-    Outside host_{messages, disk, ftp, web, window, events, siteDisk};
+    Outside realHost{messages, disk, ftp, web, window, events, siteDisk};
     CheckRun check{lists,    siteResults, state,
-                   settings, host_,       ToBackSlashes(program.path().string())};
+                   settings, realHost,    ToBackSlashes(program.path().string())};
 };
 
 /// A hundred pages in a tree of folders, each with references to others, to itself and to none.
@@ -60,10 +60,12 @@ void writeTree(const TempFolder& folder) {
     for (int i = 0; i < 100; ++i) {
         const std::string next = std::to_string((i + 1) % 10);
         const std::string other = std::to_string(i % 7);
-        folder.write("d" + std::to_string(i / 10) + "/sub/p" + std::to_string(i % 10) + ".html",
-                     "<a href=\"p" + next + ".html\">\r\n<a href=\"../../d" + other + "/sub/p" +
-                         next + ".html\">\r\n<img src=\"none" + other + ".gif\">\r\n\r\n");
-        folder.write("d" + std::to_string(i / 10) + "/p0.html", "<a href=\"sub/p3.html\">\r\n\r\n");
+        const std::string here = "d" + std::to_string(i / 10);
+        std::string page = "<a href=\"p" + next + ".html\">\r\n";
+        page.append("<a href=\"../../d").append(other).append("/sub/p").append(next);
+        page.append(".html\">\r\n<img src=\"none").append(other).append(".gif\">\r\n\r\n");
+        folder.write(here + "/sub/p" + std::to_string(i % 10) + ".html", page);
+        folder.write(here + "/p0.html", "<a href=\"sub/p3.html\">\r\n\r\n");
     }
 }
 

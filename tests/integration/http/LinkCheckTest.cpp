@@ -69,6 +69,7 @@ struct LinkRow {
 
 void expectRows(LinkBench& bench, const std::vector<LinkRow>& rows) {
     std::vector<std::string> links;
+    links.reserve(rows.size());
     for (const LinkRow& row : rows) {
         links.push_back(row.link);
     }
@@ -202,6 +203,7 @@ TEST(LinkCheck, LooksForFragmentsInPages) {
 TEST(LinkCheck, AsksEachHostForFourAtOnce) {
     LinkBench bench;
     std::vector<LinkRow> rows;
+    rows.reserve(40);
     for (int i = 0; i < 40; ++i) {
         rows.push_back({bench.server.url("/slow/8/4/" + std::to_string(i),
                                          "127.0.0." + std::to_string(1 + i % 2)),

@@ -319,12 +319,13 @@ TEST(WebRules, FindOnAHostWhatTheyFindOnTheDisk) {
 }
 
 TEST(WebRules, SayThatAPageWasChangedMeanwhile) {
-    for (const auto& [change, message] :
-         {std::pair("<p>", "/index.html was changed while it was checked"),
-          std::pair("", "/index.html again: File not found")}) {
+    using Change = std::pair<std::string, std::string>;
+    for (const Change& row : {Change("<p>", "/index.html was changed while it was checked"),
+                              Change("", "/index.html again: File not found")}) {
+        const std::string& message = row.second;
         WebBench bench;
         bench.write({{"index.html", "<a href=no.html><a href=a.html#x>"}, {"a.html", ""}});
-        bench.window.onTitle = [&bench, change = std::string(change)](std::string_view title) {
+        bench.window.onTitle = [&bench, change = row.first](std::string_view title) {
             if (title == "Checking References" && change.empty()) {
                 std::filesystem::remove(bench.site.path() / "index.html");
             } else if (title == "Checking References") {
@@ -334,7 +335,7 @@ TEST(WebRules, SayThatAPageWasChangedMeanwhile) {
         EXPECT_EQ(bench.check(), RunOutcome::Finished);
         EXPECT_EQ(bench.findings(), "missing 1:9 no.html");
         const Lines& posted = bench.messages.normals;
-        EXPECT_TRUE(std::any_of(posted.begin(), posted.end(), [message](const std::string& line) {
+        EXPECT_TRUE(std::any_of(posted.begin(), posted.end(), [&message](const std::string& line) {
             return line.find(message) != std::string::npos;
         })) << message;
     }
