@@ -25,9 +25,9 @@ public:
     void DoEvents() override {}
 };
 
-class NoTrust : public HostTrust {
+class AnyTrust : public HostTrust {
 public:
-    bool trusts(const HostIdentity& /*identity*/) override { return false; }
+    bool trusts(const HostIdentity& /*identity*/) override { return true; }
 };
 
 class PrintedTrace : public FtpTrace {
@@ -49,7 +49,11 @@ void find(FtpXCtl& ftp, const std::string& start, std::vector<std::string>& file
     for (std::size_t i = 0; i < directories.size(); ++i) {
         const std::string directory = directories[i];
         ftp.list(directory, [&](std::string_view line) {
-            const std::string path = directory + std::string(line.substr(line.rfind(' ') + 1));
+            const std::string name(line.substr(line.rfind(' ') + 1));
+            const std::string path = directory + name;
+            if (name == "." || name == "..") {
+                return;
+            }
             if (line.starts_with('d')) {
                 directories.push_back(path + "/");
                 ftp.expectListing(directories.back());
@@ -65,15 +69,20 @@ int work(const std::vector<std::string>& words, std::int16_t port) {
     PrintedMessages messages;
     NoEvents events;
     PrintedTrace trace(std::getenv("FTP_DRIVER_TRACE") != nullptr);
-    NoTrust trust;
+    AnyTrust trust;
     FtpXCtl ftp(messages, events, state, trace, trust, timeoutsFromEnvironment());
     FtpLogin login;
     login.host = words[1];
     login.port = port;
     login.userName = words[3];
     login.password = words[4];
-    const char* connections = std::getenv("FTP_DRIVER_CONNECTIONS");
-    login.connections = connections == nullptr ? 1 : std::atoi(connections);
+    if (const char* const connections = std::getenv("FTP_DRIVER_CONNECTIONS")) {
+        login.connections = std::atoi(connections);
+    }
+    if (const char* const key = std::getenv("FTP_DRIVER_KEY")) {
+        login.encryption = Encryption::Sftp;
+        login.keyFile = key;
+    }
     ftp.connect(login);
     std::vector<std::string> files;
     if (words[0] == "find") {
@@ -98,6 +107,7 @@ int work(const std::vector<std::string>& words, std::int16_t port) {
 
 /// ftp_driver find HOST PORT USER PASSWORD DIRECTORY: lists everything below the directory.
 /// ftp_driver get HOST PORT USER PASSWORD LOCAL: retrieves the files named on standard input.
+/// FTP_DRIVER_CONNECTIONS names the connections (1), FTP_DRIVER_KEY a key file for SFTP.
 int main(int count, char** arguments) {
     const std::vector<std::string> words(arguments + 1, arguments + count);
     try {

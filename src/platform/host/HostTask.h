@@ -47,6 +47,15 @@ struct HostOutcome {
     std::optional<HostIdentity> refused = {}; ///< Who the host is, if it was not believed.
 };
 
+/// What became of a task since the run last looked.
+struct HostNews {
+    int attempt = 0; ///< The bytes of an earlier one count no more.
+    std::string bytes;
+    std::vector<std::string> trace;
+    std::vector<std::string> notes;     ///< Messages for the user.
+    std::optional<HostOutcome> outcome; ///< Once it has ended.
+};
+
 /// An operation on its way, shared by the run and the connection that performs it. All but the
 /// operation is guarded by the HostTasks that it belongs to.
 struct HostTask {
@@ -62,20 +71,7 @@ struct HostTask {
     HostConnection* by = nullptr; ///< What performs it now.
     Clock::time_point silentUntil; ///< When the host has been silent for too long.
     Clock::time_point endsAt;      ///< When it has lasted too long, whatever arrived.
-    int attempt = 0;
-    std::string bytes;                  ///< Of this attempt, not taken by the run yet.
-    std::vector<std::string> trace;     ///< Not shown yet.
-    std::vector<std::string> notes;     ///< Messages for the user, not posted yet.
-    std::optional<HostOutcome> outcome; ///< Once it has ended.
-};
-
-/// What became of a task since the run last looked.
-struct HostNews {
-    int attempt = 0;
-    std::string bytes;
-    std::vector<std::string> trace;
-    std::vector<std::string> notes;
-    std::optional<HostOutcome> outcome;
+    HostNews news;                 ///< Not taken by the run yet.
 };
 
 } // namespace quillmark

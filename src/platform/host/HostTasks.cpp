@@ -22,7 +22,7 @@ void HostTasks::expect(HostOperation operation) {
     const Lock lock(mutex_);
     expected_.push_back(std::make_shared<HostTask>());
     expected_.back()->operation = std::move(operation);
-    work_.notify_one();
+    work_.notify_all();
 }
 
 HostTasks::Handle HostTasks::ask(const HostOperation& operation) {
@@ -37,7 +37,7 @@ HostTasks::Handle HostTasks::ask(const HostOperation& operation) {
         asked_ = *found;
         std::for_each(expected_.begin(), found, [this](const Handle& task) { drop(*task); });
         expected_.erase(expected_.begin(), found + 1);
-        kept_ -= asked_->bytes.size();
+        kept_ -= asked_->news.bytes.size();
     }
     asked_->asked = true;
     work_.notify_all();
@@ -47,10 +47,11 @@ HostTasks::Handle HostTasks::ask(const HostOperation& operation) {
 HostNews HostTasks::waitForNews(HostTask& task, std::chrono::milliseconds slice) {
     Lock lock(mutex_);
     news_.wait_for(lock, slice, [&task] {
-        return !task.bytes.empty() || !task.trace.empty() || !task.notes.empty() || task.outcome;
+        return !task.news.bytes.empty() || !task.news.trace.empty() || !task.news.notes.empty() ||
+               task.news.outcome;
     });
-    HostNews news{task.attempt, std::exchange(task.bytes, {}), std::exchange(task.trace, {}),
-                  std::exchange(task.notes, {}), task.outcome};
+    HostNews news = task.news;
+    task.news = {news.attempt, {}, {}, {}, news.outcome};
     if (!news.bytes.empty()) {
         work_.notify_all();
     }
@@ -92,7 +93,7 @@ void HostTasks::cancelRest() {
     asked_ = nullptr;
     for (HostTask* task : running_) {
         task->cancelled = true;
-        task->bytes.clear();
+        task->news.bytes.clear();
         task->by->interrupt();
     }
     work_.notify_all();
@@ -157,7 +158,7 @@ bool HostTasks::begin(HostTask& task, HostConnection& connection) {
         return false;
     }
     empty(task);
-    ++task.attempt;
+    ++task.news.attempt;
     task.late = false;
     task.gaveWay = false;
     task.silentUntil = HostTask::Clock::now() + timeouts_.connect;
@@ -176,7 +177,7 @@ void HostTasks::giveTime(HostTask& task, std::chrono::milliseconds time) {
 
 void HostTasks::trace(HostTask& task, std::string text) {
     const Lock lock(mutex_);
-    task.trace.push_back(std::move(text));
+    task.news.trace.push_back(std::move(text));
     if (task.asked) {
         news_.notify_one();
     }
@@ -184,7 +185,7 @@ void HostTasks::trace(HostTask& task, std::string text) {
 
 void HostTasks::note(HostTask& task, std::string text) {
     const Lock lock(mutex_);
-    task.notes.push_back(std::move(text));
+    task.news.notes.push_back(std::move(text));
 }
 
 // While there is no room the host is not to blame for the silence.
@@ -203,7 +204,7 @@ bool HostTasks::keep(HostTask& task, std::string_view bytes) {
     if (task.cancelled) {
         return false;
     }
-    task.bytes += bytes;
+    task.news.bytes += bytes;
     task.silentUntil = HostTask::Clock::now() + timeouts_.transfer;
     task.endsAt += timeFor(bytes.size());
     if (task.asked) {
@@ -215,7 +216,7 @@ bool HostTasks::keep(HostTask& task, std::string_view bytes) {
 }
 
 bool HostTasks::mayKeep(const HostTask& task) const {
-    return task.asked ? task.bytes.size() < MostWaiting : kept_ < MostAhead;
+    return task.asked ? task.news.bytes.size() < MostWaiting : kept_ < MostAhead;
 }
 
 // What is asked for may be what no connection has begun, and all of them may be waiting for room.
@@ -264,7 +265,7 @@ bool HostTasks::end(HostTask& task, const HostOutcome& outcome, const HostConnec
         giveBack(task);
         return !isRefused;
     }
-    task.outcome = outcome;
+    task.news.outcome = outcome;
     news_.notify_one();
     return true;
 }
@@ -273,7 +274,7 @@ bool HostTasks::end(HostTask& task, const HostOutcome& outcome, const HostConnec
 void HostTasks::settleGoodbyes() {
     if (loggedIn_.empty()) {
         for (const Handle& goodbye : std::exchange(goodbyes_, {})) {
-            goodbye->outcome = HostOutcome{Kind::Lost, {}, false, false};
+            goodbye->news.outcome = HostOutcome{Kind::Lost, {}, false, false};
         }
     }
 }
@@ -296,9 +297,9 @@ void HostTasks::drop(HostTask& task) {
 
 void HostTasks::empty(HostTask& task) {
     if (!task.asked) {
-        kept_ -= task.bytes.size();
+        kept_ -= task.news.bytes.size();
     }
-    task.bytes.clear();
+    task.news.bytes.clear();
 }
 
 } // namespace quillmark

@@ -1,15 +1,11 @@
 #include "platform/host/HostVerifier.h"
 
-#include <array>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
-#include <arpa/inet.h>
 #include <openssl/evp.h>
 #include <openssl/ssl.h>
 #include <openssl/x509_vfy.h>
@@ -19,9 +15,6 @@ namespace quillmark {
 
 namespace {
 
-struct NamesDelete {
-    void operator()(GENERAL_NAMES* names) const { GENERAL_NAMES_free(names); }
-};
 struct BioDelete {
     void operator()(BIO* bio) const { BIO_free(bio); }
 };
@@ -53,48 +46,30 @@ std::string blobOf(const curl_khkey& key) {
     return blob;
 }
 
-std::string textOf(const ASN1_STRING& text) {
-    return {reinterpret_cast<const char*>(ASN1_STRING_get0_data(&text)),
-            static_cast<std::size_t>(ASN1_STRING_length(&text))};
-}
-
-std::string addressOf(const ASN1_OCTET_STRING& bytes) {
-    std::array<char, INET6_ADDRSTRLEN> text{};
-    const int family = ASN1_STRING_length(&bytes) == 4 ? AF_INET : AF_INET6;
-    const bool sound = ASN1_STRING_length(&bytes) == 4 || ASN1_STRING_length(&bytes) == 16;
-    if (sound) {
-        ::inet_ntop(family, ASN1_STRING_get0_data(&bytes), text.data(), text.size());
-    }
-    return text.data();
-}
-
-/// The names for which the certificate was made out: the alternative ones, else the common one.
-std::vector<std::string> namesOf(const X509& certificate) {
-    std::vector<std::string> names;
-    const std::unique_ptr<GENERAL_NAMES, NamesDelete> all(static_cast<GENERAL_NAMES*>(
-        X509_get_ext_d2i(&certificate, NID_subject_alt_name, nullptr, nullptr)));
-    for (int i = 0; i < sk_GENERAL_NAME_num(all.get()); ++i) {
-        const GENERAL_NAME* const name = sk_GENERAL_NAME_value(all.get(), i);
-        if (name->type == GEN_DNS) {
-            names.push_back(textOf(*name->d.dNSName));
-        } else if (name->type == GEN_IPADD) {
-            names.push_back(addressOf(*name->d.iPAddress));
-        }
-    }
-    const X509_NAME* const subject = X509_get_subject_name(&certificate);
-    const int common = X509_NAME_get_index_by_NID(subject, NID_commonName, -1);
-    if (names.empty() && common >= 0) {
-        names.push_back(textOf(*X509_NAME_ENTRY_get_data(X509_NAME_get_entry(subject, common))));
-    }
-    return names;
-}
-
-std::string dateOf(const ASN1_TIME* time) {
+/// What OpenSSL prints of something.
+template <typename Print> std::string printed(const Print& print) {
     const std::unique_ptr<BIO, BioDelete> bio(BIO_new(BIO_s_mem()));
-    ASN1_TIME_print(bio.get(), time);
+    print(bio.get());
     char* text = nullptr;
     const long size = BIO_get_mem_data(bio.get(), &text);
     return {text, static_cast<std::size_t>(size)};
+}
+
+std::string dateOf(const ASN1_TIME* time) {
+    return printed([time](BIO* bio) { ASN1_TIME_print(bio, time); });
+}
+
+/// The names for which the certificate was made out: the alternative ones, else that of its
+/// subject.
+std::string namesOf(const X509& certificate) {
+    const int place = X509_get_ext_by_NID(&certificate, NID_subject_alt_name, -1);
+    return printed([&](BIO* bio) {
+        if (place < 0) {
+            X509_NAME_print_ex(bio, X509_get_subject_name(&certificate), 0, XN_FLAG_ONELINE);
+        } else {
+            X509V3_EXT_print(bio, X509_get_ext(&certificate, place), 0, 0);
+        }
+    });
 }
 
 /// Where a TLS context keeps its verifier.
@@ -179,7 +154,7 @@ int HostVerifier::verifyCertificate(X509_STORE_CTX* chain, void* verifier) {
     HostIdentity identity;
     identity.kind = HostIdentity::Kind::Certificate;
     identity.reason = X509_verify_cert_error_string(X509_STORE_CTX_get_error(chain));
-    identity.names = namesOf(*certificate);
+    identity.names = {namesOf(*certificate)};
     identity.validFrom = dateOf(X509_get0_notBefore(certificate));
     identity.validUntil = dateOf(X509_get0_notAfter(certificate));
     identity.sha256 = hash;
