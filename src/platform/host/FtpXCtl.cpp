@@ -46,6 +46,9 @@ void FtpXCtl::logIn(const FtpLogin& login) {
     for (const std::string& text : {login.host, login.userName, login.password, login.account}) {
         requireSendable(text);
     }
+    if (login.passiveDisabled && isTls(login.encryption)) {
+        throw activeOverTls();
+    }
     HostOutcome outcome = converse(login);
     if (outcome.refused && trust_.trusts(*outcome.refused) && !outcome.refused->keyChanged()) {
         FtpLogin trusting = login;

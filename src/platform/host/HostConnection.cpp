@@ -214,9 +214,7 @@ void HostConnection::traceSftp(const HostOutcome* outcome) {
 /// Takes no transfer for whole that TLS does not call whole.
 void HostConnection::noteCut(HostOutcome& outcome) {
     const HostOperation& operation = task_->operation;
-    const bool isTls =
-        login_.encryption == Encryption::Tls || login_.encryption == Encryption::Implicit;
-    if (isTls && outcome.kind == Kind::Done && isTransfer(operation.kind) &&
+    if (isTls(login_.encryption) && outcome.kind == Kind::Done && isTransfer(operation.kind) &&
         !exchange_.own.negative() && !verifier_.ended()) {
         outcome.kind = Kind::Broken;
         outcome.reason = operation.path + " was cut short on the way";

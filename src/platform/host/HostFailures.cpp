@@ -17,5 +17,8 @@ Failure notAHost(const std::string& detail) {
 Failure stoppedByUser() {
     return {1024, "Stopped before the host answered"};
 }
+Failure activeOverTls() {
+    return {1026, "With TLS the host cannot open the data connections: leave PASV enabled"};
+}
 
 } // namespace quillmark

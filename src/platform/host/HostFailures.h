@@ -16,5 +16,7 @@ Failure unsendableText();
 Failure notAHost(const std::string& detail);
 /// 1024: a deletion that may or may not have happened, since nobody waited for the answer.
 Failure stoppedByUser();
+/// 1026: TLS with data connections that the host opens; libcurl would wait for them in vain.
+Failure activeOverTls();
 
 } // namespace quillmark

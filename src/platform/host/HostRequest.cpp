@@ -123,9 +123,8 @@ std::string sftpPath(const HostOperation& operation) {
 
 /// Everything encrypted, the data connections, too, or no login at all.
 void setEncryption(CURL* easy, const FtpLogin& login) {
-    const bool isTls =
-        login.encryption == Encryption::Tls || login.encryption == Encryption::Implicit;
-    curl_easy_setopt(easy, CURLOPT_USE_SSL, long{isTls ? CURLUSESSL_ALL : CURLUSESSL_NONE});
+    const long level = isTls(login.encryption) ? CURLUSESSL_ALL : CURLUSESSL_NONE;
+    curl_easy_setopt(easy, CURLOPT_USE_SSL, level);
     curl_easy_setopt(easy, CURLOPT_FTPSSLAUTH, long{CURLFTPAUTH_TLS});
     const unsigned long without = CURLSSH_AUTH_AGENT;
     const unsigned long with = CURLSSH_AUTH_PASSWORD | CURLSSH_AUTH_KEYBOARD | CURLSSH_AUTH_AGENT;
@@ -139,6 +138,10 @@ void setEncryption(CURL* easy, const FtpLogin& login) {
 }
 
 } // namespace
+
+bool isTls(Encryption encryption) {
+    return encryption == Encryption::Tls || encryption == Encryption::Implicit;
+}
 
 bool isSendable(std::string_view text) {
     return text.find_first_of(std::string_view("\r\n\0", 3)) == std::string_view::npos;

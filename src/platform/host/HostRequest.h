@@ -10,6 +10,9 @@
 
 namespace quillmark {
 
+/// Whether the encryption is one of FTP.
+bool isTls(Encryption encryption);
+
 /// Whether the text can be part of one command: a line break would begin another one.
 bool isSendable(std::string_view text);
 

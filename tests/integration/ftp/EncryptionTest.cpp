@@ -167,6 +167,16 @@ TEST(EncryptedHost, APageThatEndsWithoutTlsSayingSoIsNoWholePage) {
     }
 }
 
+TEST(EncryptedHost, ActiveModeOverTlsIsToldToBeNone) {
+    FtpLogin login;
+    login.host = "127.0.0.1";
+    login.encryption = Encryption::Tls;
+    login.passiveDisabled = true;
+    Client client;
+    client.ftp.connect(login);
+    EXPECT_THAT(client.messages.normals, ElementsAre(HasSubstr("leave PASV enabled")));
+}
+
 TEST(EncryptedHost, AHostThatKnowsNoEncryptionGetsNoLogin) {
     const RealServer server("ProFTPD");
     FtpLogin login = server.login();
