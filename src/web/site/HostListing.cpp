@@ -193,7 +193,8 @@ void HostListing::takeFacts(std::string_view line) {
     constexpr std::string_view Slink = "OS.unix=slink:";
     line = withoutLineEnd(line);
     const std::size_t end = line.find("; ");
-    if (end == std::string_view::npos) {
+    // No fact has a blank in its name: a long listing may be what a host has instead.
+    if (end == std::string_view::npos || line.find('=') > line.find(' ')) {
         return;
     }
     const std::string_view facts = line.substr(0, end + 1);

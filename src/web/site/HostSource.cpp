@@ -28,12 +28,12 @@ std::vector<SiteEntry> HostSource::list(const std::string& folder) {
         return std::move(lines.entries);
     }
     HostListing facts;
-    const bool offered =
-        ftp_.listFacts(folder, [&facts](std::string_view line) { facts.takeFacts(line); });
-    if (!offered && lines.entries.empty()) {
+    ftp_.listFacts(folder, [&facts](std::string_view line) { facts.takeFacts(line); });
+    HostListing& better = facts.entries.empty() ? lines : facts;
+    if (better.entries.empty()) {
         throw unknownListing();
     }
-    return std::move(offered ? facts.entries : lines.entries);
+    return std::move(better.entries);
 }
 
 std::string_view HostSource::read(const std::string& file, std::string& buffer) {

@@ -1,6 +1,8 @@
 #include "integration/ftp/Client.h"
+#include "integration/ftp/EncryptedServers.h"
 #include "integration/ftp/Servers.h"
 #include "web/site/HostListing.h"
+#include "web/site/HostSource.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -38,6 +40,20 @@ TEST(Facts, AreListedWhereTheHostHasThem) {
     EXPECT_THAT(factsOf(RealServer("ProFTPD"), folder),
                 ElementsAre(" caf\xE9 3", "my page.html 2"));
     EXPECT_THAT(factsOf(RealServer("vsftpd"), folder), IsEmpty());
+}
+
+TEST(Facts, AreNotMissedWhereANameIsOfTwoLines) {
+    const EncryptedServer server("OpenSSH");
+    TempFolder tree;
+    tree.write("page.html", "");
+    tree.write("two\nlines", "");
+    DiskAdapter disk;
+    Client client;
+    client.trust.answer = true;
+    client.ftp.connect(server.login());
+    const auto entries = web::HostSource(client.ftp, disk, "").list(tree.path().string() + "/");
+    EXPECT_TRUE(std::any_of(entries.begin(), entries.end(),
+                            [](const SiteEntry& entry) { return entry.name == "page.html"; }));
 }
 
 } // namespace

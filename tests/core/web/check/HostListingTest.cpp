@@ -109,6 +109,7 @@ TEST(HostListing, TakesFacts) {
         {"capital letters", "Type=Dir;Size=1; \xE9", "folder <\xE9> 1"},
         {"a path", "type=dir; /etc", "none"},
         {"no facts", "x", "none"},
+        {"no facts", "-rw-r--r--   1 me  me  12 Jan  1 12:00 a=1; b", "none"},
         {"no name", "type=file; ", "none"},
     };
     for (const Row& row : rows) {
