@@ -94,6 +94,7 @@ std::string knownHostsFile() {
 void HostVerifier::watch(CURL* easy) {
     curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, 1L);
     curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, 0L);
+    useAuthoritiesInOneFile(easy);
     if (const char* const authorities = std::getenv("SSL_CERT_FILE"); authorities != nullptr) {
         curl_easy_setopt(easy, CURLOPT_CAINFO, authorities);
     }

@@ -89,6 +89,7 @@ void Transfer::setOptions() {
     curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, long{left.count()});
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
+    useAuthoritiesInOneFile(easy);
 }
 
 void Transfer::setReceivers() {
