@@ -1,6 +1,8 @@
 #include "web/text/Utf8.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace quillmark::web {
 
@@ -60,6 +62,21 @@ Sequence sequenceAt(std::string_view text) {
     return {lead.following + 1, true};
 }
 
+/// How many bytes at the start are ASCII, as far as eight of them can be told at once.
+std::size_t asciiBlocks(std::string_view text) {
+    constexpr std::uint64_t HighBits = 0x8080808080808080U;
+    std::size_t length = 0;
+    std::uint64_t block = 0;
+    while (text.size() - length >= sizeof block) {
+        std::memcpy(&block, text.data() + length, sizeof block);
+        if ((block & HighBits) != 0) {
+            break;
+        }
+        length += sizeof block;
+    }
+    return length;
+}
+
 } // namespace
 
 std::size_t writeUtf8(char32_t character, std::array<char, 4>& bytes) {
@@ -78,14 +95,17 @@ std::size_t writeUtf8(char32_t character, std::array<char, 4>& bytes) {
 
 std::size_t validUtf8Prefix(std::string_view text) {
     std::size_t valid = 0;
-    while (valid < text.size()) {
+    while (true) {
+        valid += asciiBlocks(text.substr(valid));
+        if (valid == text.size()) {
+            return valid;
+        }
         const Sequence sequence = sequenceAt(text.substr(valid));
         if (!sequence.valid) {
-            break;
+            return valid;
         }
         valid += sequence.length;
     }
-    return valid;
 }
 
 void appendUtf8(std::string_view text, std::string& utf8) {
