@@ -21,6 +21,7 @@
 #include "ui/ReadingWarnings.h"
 #include "ui/Workspace.h"
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <optional>
@@ -101,6 +102,19 @@ void warnOfUnread(const Workspace& workspace) {
     }
 }
 
+/// Says why there are no whole results where neither messages nor the summary have said it.
+void tellOfEarlyEnd(const Options& options, const CappedList& messages) {
+    constexpr int MessagesShown = 6;
+    if (detailFor(options) != MessageDetail::None || printsSummary(options)) {
+        return;
+    }
+    std::string text = "the check did not reach its end";
+    for (int i = std::max(0, messages.Count() - MessagesShown); i < messages.Count(); ++i) {
+        text.append("; ").append(messages.Line(i));
+    }
+    complain(text);
+}
+
 bool failed(const Options& options, const CheckReport& report) {
     return report.errors() > 0 || (options.strict && report.notes() > 0);
 }
@@ -129,6 +143,7 @@ int finish(const Options& options, RunOutcome outcome, Workspace& workspace,
     writeResults(options, report, workspace);
     warnOfUnread(workspace);
     if (outcome != RunOutcome::Finished) {
+        tellOfEarlyEnd(options, workspace.lists.Message);
         return NotFinished;
     }
     if (!options.writeBaseline.empty()) {

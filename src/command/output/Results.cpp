@@ -134,6 +134,13 @@ void requireWritableResults(const Options& options) {
     }
 }
 
+bool printsSummary(const Options& options) {
+    const std::vector<Output> outputs = outputsFor(options);
+    return std::any_of(outputs.begin(), outputs.end(), [](const Output& output) {
+        return output.format == "text" && output.file.empty();
+    });
+}
+
 void writing(const std::string& file, const std::function<void()>& write) {
     try {
         write();

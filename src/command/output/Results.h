@@ -22,6 +22,9 @@ void writeResults(const Options& options, CheckReport& report, const Workspace& 
 /// U+FFFD.
 void writeJson(std::ostream& out, RunOutcome outcome, const Workspace& workspace);
 
+/// Whether the summary goes to standard output.
+bool printsSummary(const Options& options);
+
 /// Writes a file by calling `write`; a Failure of that then names the file.
 void writing(const std::string& file, const std::function<void()>& write);
 

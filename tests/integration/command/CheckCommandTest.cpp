@@ -104,6 +104,20 @@ TEST(CheckCommand, TellsWhenItCouldNotReadTheSite) {
     EXPECT_THAT(bench.check({"-q", "--set", "MAKE_ADDITION=HTTPS:", bench.start()}).err, IsEmpty());
 }
 
+TEST(CheckCommand, SaysOnceWhyItDidNotReachItsEnd) {
+    const CommandBench bench;
+    for (const Words& words : {Words{}, Words{"-q"}, Words{"--json", "-"},
+                               Words{"-q", "--report", "r.txt"}, Words{"--output", "csv"}}) {
+        Words all = {"--host", "127.0.0.1", "--port", "1", "--start", "/index.html"};
+        all.insert(all.end(), words.begin(), words.end());
+        const Finished result = bench.check(all);
+        EXPECT_EQ(result.status, 3);
+        const bool summary = words.size() < 2;
+        EXPECT_EQ(result.err.find("Unable to connect") == std::string::npos, summary) << result.err;
+        EXPECT_EQ(result.out.find("Its last messages") != std::string::npos, summary) << result.out;
+    }
+}
+
 TEST(CheckCommand, RefusesWhatCannotStart) {
     const CommandBench bench;
     bench.writeBrokenSite();
