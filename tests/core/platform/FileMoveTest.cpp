@@ -3,7 +3,7 @@
 #include "base/Failure.h"
 #include "support/TempFolder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <atomic>
 #include <chrono>
@@ -57,25 +57,20 @@ TEST_F(FileMoveTest, RefusesWithBothFilesUntouched) {
         const char* target;
         int number;
     };
-    for (const RefusedMove& row :
-         {RefusedMove{"SameName", "source", "source", 1003},
-          RefusedMove{"AnotherSpelling", "source", "sub/../source", 1003},
-          RefusedMove{"ThroughALinkedFolder", "sub/target", "linked/target", 1003},
-          RefusedMove{"ItsOwnLink", "source", "link", 1003},
-          RefusedMove{"ItsHardLink", "source", "hard", 1003},
-          RefusedMove{"ALink", "link", "sub/target", 1003},
-          RefusedMove{"AFolder", "sub", "sub2", 1003},
-          RefusedMove{"OverAFolder", "source", "sub", 1003},
-          RefusedMove{"IntoNoFolder", "source", "none/target", 76},
-          RefusedMove{"IntoAFile", "source", "sub/target/x", 76},
-          RefusedMove{"NoSource", "none", "sub/target", 53}}) {
+    for (const RefusedMove& row : {RefusedMove{"SameName", "source", "source", 1003},
+                                   {"AnotherSpelling", "source", "sub/../source", 1003},
+                                   {"ThroughALinkedFolder", "sub/target", "linked/target", 1003},
+                                   {"ItsOwnLink", "source", "link", 1003},
+                                   {"ItsHardLink", "source", "hard", 1003},
+                                   {"ALink", "link", "sub/target", 1003},
+                                   {"AFolder", "sub", "sub2", 1003},
+                                   {"OverAFolder", "source", "sub", 1003},
+                                   {"IntoNoFolder", "source", "none/target", 76},
+                                   {"IntoAFile", "source", "sub/target/x", 76},
+                                   {"NoSource", "none", "sub/target", 53}}) {
         SCOPED_TRACE(row.name);
-        try {
-            moveFile(folder.path() / row.source, folder.path() / row.target);
-            ADD_FAILURE() << "moved";
-        } catch (const Failure& failure) {
-            EXPECT_EQ(failure.number(), row.number);
-        }
+        EXPECT_THAT([&] { moveFile(folder.path() / row.source, folder.path() / row.target); },
+                    testing::Throws<Failure>(testing::Property(&Failure::number, row.number)));
         EXPECT_EQ(folder.read("source"), "bytes");
         EXPECT_EQ(folder.read("sub/target"), "older");
         EXPECT_EQ(entries(), before);

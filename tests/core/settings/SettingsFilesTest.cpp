@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+#include <tuple>
+
 namespace quillmark {
 namespace {
 
@@ -144,45 +146,24 @@ const std::string Numbers =
     "#DISABLE_PASV=11\r\n#UPPER_LEVELS=12\r\n#ROOT_LEVEL=13\r\n";
 
 TEST_F(SettingsFilesTest, ProfileKeepsWhatWasSaved) {
-    const Profile saved = {"h",
-                           "u",
-                           "/i",
-                           "",
-                           "6",
-                           1,
-                           2,
-                           3,
-                           4,
-                           5,
-                           -7,
-                           8,
-                           9,
-                           21,
-                           11,
-                           12,
-                           13,
-                           "a",
-                           Rules::Classic,
-                           "",
-                           "",
-                           Encryption::None,
-                           4,
-                           "",
-                           "",
-                           {}};
-    settings.profile = saved;
-    configuration.IGNORE_VALUE = 6;
+    const std::string bytes = Texts + "=K" + Numbers + "#HOST_ALIAS=a\r\n";
+    folder.write("site.pro", bytes);
+    EXPECT_TRUE(LoadProfile(settings, files, "site"));
+    const Profile& loaded = settings.profile;
+    EXPECT_EQ(
+        std::tie(loaded.HOST_NAME, loaded.USER_NAME, loaded.START_PATH, loaded.ACCOUNT_NAME,
+                 loaded.USER_PASSWORD, loaded.GET_STATS, loaded.CHECK_DUPES, loaded.IGNORE_TOPICS,
+                 loaded.IGNORE_CGI, loaded.CHECK_URL, configuration.IGNORE_VALUE, loaded.MAX_LEVELS,
+                 loaded.START_COL, loaded.END_COL, loaded.HOST_PORT, loaded.DISABLE_PASV,
+                 loaded.UPPER_LEVELS, loaded.ROOT_LEVEL, loaded.HOST_ALIAS),
+        std::make_tuple("h", "u", "/i", "", "6", 1, 2, 3, 4, 5, 6, -7, 8, 9, 21, 11, 12, 13, "a"));
     SaveProfile(settings, files, "my.site");
-    EXPECT_EQ(folder.read("my.site.pro"), Texts + "=K" + Numbers + "#HOST_ALIAS=a\r\n");
+    EXPECT_EQ(folder.read("my.site.pro"), bytes);
     EXPECT_EQ(std::filesystem::status(folder.path() / "my.site.pro").permissions(),
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
-    settings = {};
-    EXPECT_TRUE(LoadProfile(settings, files, "my.site"));
-    EXPECT_EQ(settings.profile, saved);
-    EXPECT_EQ(configuration.IGNORE_VALUE, 6);
     folder.write("b.prof", "");
     SaveProfile(settings, files, "");
-    EXPECT_THAT(ListProfiles(files), testing::ElementsAre("my.site"));
+    EXPECT_THAT(ListProfiles(files), testing::ElementsAre("my.site", "site"));
 }
 
 TEST_F(SettingsFilesTest, ProfileKeepsTheFieldsNotReachedAndMovesThoseBehindAComma) {
@@ -203,28 +184,27 @@ TEST_F(SettingsFilesTest, ProfileHoldsOptionalLinesOnlyWhereTheyDiffer) {
         const char* name;
         std::string lines;
         std::string saved;
-        Rules rules;
-        std::string url;
-        std::string root;
+        Rules rules = Rules::Classic;
+        std::string url = {};
+        std::string root = {};
     };
     const std::vector<Row> rows = {
-        {"none", "", "", Rules::Classic, "", ""},
-        {"web", "#RULES=web\r\n", "#RULES=web\r\n", Rules::Web, "", ""},
-        {"default values", "#RULES=classic\r\n#SITE_URL=\r\n", "", Rules::Classic, "", ""},
+        {"none", "", ""},
+        {"web", "#RULES=web\r\n", "#RULES=web\r\n", Rules::Web},
+        {"default values", "#RULES=classic\r\n#SITE_URL=\r\n", ""},
         {"any order, commas, line ends", "#SITE_ROOT=\\w\n#SITE_URL=https://a/b,c\n#RULES=web",
          "#RULES=web\r\n#SITE_URL=https://a/b,c\r\n#SITE_ROOT=\\w\r\n", Rules::Web, "https://a/b,c",
          "\\w"},
         {"of a later version", "#FUTURE=1,\"2\"\r\n#RULES=web\r\n#NEW_2=\r\n",
-         "#RULES=web\r\n#FUTURE=1,\"2\"\r\n#NEW_2=\r\n", Rules::Web, "", ""},
-        {"unknown rules", "#RULES=strict\r\n", "#RULES=strict\r\n", Rules::Classic, "", ""},
+         "#RULES=web\r\n#FUTURE=1,\"2\"\r\n#NEW_2=\r\n", Rules::Web},
+        {"unknown rules", "#RULES=strict\r\n", "#RULES=strict\r\n"},
         {"an encrypted host", "#ENCRYPTION=sftp\r\n#CONNECTIONS=16\r\n#KEY_FILE=/k,\"1\"\r\n",
-         "#ENCRYPTION=sftp\r\n#CONNECTIONS=16\r\n#KEY_FILE=/k,\"1\"\r\n", Rules::Classic, "", ""},
+         "#ENCRYPTION=sftp\r\n#CONNECTIONS=16\r\n#KEY_FILE=/k,\"1\"\r\n"},
         {"its default values", "#ENCRYPTION=none\r\n#CONNECTIONS=4\r\n#TRUSTED=\r\n#KEY_FILE=\r\n",
-         "", Rules::Classic, "", ""},
+         ""},
         {"none that could be used", "#ENCRYPTION=ssh\r\n#CONNECTIONS=0\r\n#TRUSTED=all\r\n",
-         "#ENCRYPTION=ssh\r\n#CONNECTIONS=0\r\n#TRUSTED=all\r\n", Rules::Classic, "", ""},
-        {"no optional line", "x\r\n\r\n# a=b\r\n#=c\r\n#RULES\r\n#HOST_NAME=moved\r\n", "",
-         Rules::Classic, "", ""}};
+         "#ENCRYPTION=ssh\r\n#CONNECTIONS=0\r\n#TRUSTED=all\r\n"},
+        {"no optional line", "x\r\n\r\n# a=b\r\n#=c\r\n#RULES\r\n#HOST_NAME=moved\r\n", ""}};
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         settings.profile.RULES = Rules::Web; // Of the profile that was loaded before.

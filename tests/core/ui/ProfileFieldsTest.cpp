@@ -7,37 +7,24 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace quillmark::test {
 namespace {
 
 TEST(ProfileFields, ComeBackAsTheyWereStored) {
-    ProfileFields fields{"host",
-                         "user",
-                         "\\a\xE4",
-                         "acct",
-                         "p,w",
-                         "alias",
-                         "-3",
-                         "1",
-                         "2",
-                         "8021",
-                         true,
-                         false,
-                         true,
-                         false,
-                         true,
-                         false,
-                         true,
-                         false,
-                         true,
-                         Rules::Web,
-                         "https://a/",
-                         "\\r",
-                         Encryption::Sftp,
-                         16,
-                         "SHA256:x",
-                         "/k,",
-                         {"#FUTURE=1"}};
+    ProfileFields fields = ClearFields();
+    std::tie(fields.hostName, fields.userName, fields.startPath, fields.account, fields.password,
+             fields.hostAlias, fields.depth, fields.startColumn, fields.endColumn, fields.hostPort,
+             fields.siteUrl, fields.siteRoot, fields.trusted, fields.keyFile) =
+        std::make_tuple("host", "user", "\\a\xE4", "acct", "p,w", "alias", "-3", "1", "2", "8021",
+                        "https://a/", "\\r", "SHA256:x", "/k,");
+    fields.getStats = fields.ignoreTopics = fields.checkUrl = fields.disablePasv =
+        fields.rootLevel = true;
+    fields.checkDupes = fields.ignoreCgi = fields.ignoreValue = fields.upperLevels = false;
+    std::tie(fields.rules, fields.encryption, fields.connections) =
+        std::make_tuple(Rules::Web, Encryption::Sftp, 16);
+    fields.otherLines = {"#FUTURE=1"};
     Settings settings;
     settings.configuration.IGNORE_VALUE = 1;
     StoreFields(fields, settings);

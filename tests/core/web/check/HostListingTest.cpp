@@ -24,38 +24,32 @@ std::string described(const HostListing& listing) {
 
 struct Row {
     const char* from;
-    const char* line;
+    std::string line;
     const char* entry;
 };
 
+const std::string Vsftpd = "-rw-r--r--    1 0        0               2 Nov 21 20:26 ";
+const std::string ProFtpd = "perm=adfrw;size=2;type=file;UNIX.mode=0644; ";
+
 TEST(HostListing, TakesTheLinesOfRealHosts) {
     const std::vector<Row> rows = {
-        {"vsftpd", "-rw-r--r--    1 0        0               2 Nov 21 20:26 my page.html",
-         "file <my page.html> 2"},
-        {"vsftpd", "-rw-r--r--    1 0        0               2 Nov 21 20:26  leading",
-         "file < leading> 2"},
-        {"vsftpd", "-rw-r--r--    1 0        0               2 Nov 21 20:26 trailing \r",
-         "file <trailing > 2"},
+        {"vsftpd", Vsftpd + "my page.html", "file <my page.html> 2"},
+        {"vsftpd", Vsftpd + " leading", "file < leading> 2"},
+        {"vsftpd", Vsftpd + "trailing \r", "file <trailing > 2"},
         {"vsftpd", "-rw-r--r--    1 0        0        5368709120 Nov 21 20:26 big.iso",
          "file <big.iso> 5368709120"},
-        {"vsftpd", "-rw-r--r--    1 0        0               2 Nov 21 20:26 caf\xE9.html",
-         "file <caf\xE9.html> 2"},
+        {"vsftpd", Vsftpd + "caf\xE9.html", "file <caf\xE9.html> 2"},
         {"vsftpd", "drwxrwxrwt    2 0        0            4096 Nov 21 20:26 tmp",
          "folder <tmp> 4096"},
-        {"vsftpd", "-rwsr-xr-x    1 0        0               2 Nov 21 20:26 cgi", "file <cgi> 2"},
         {"vsftpd", "prw-r--r--    1 0        0               0 Nov 21 20:26 pipe", "none"},
         {"vsftpd", "lrwxrwxrwx    1 0        0              12 Nov 21 20:26 today -> my page.html",
          "link <today> to <my page.html>"},
         {"vsftpd", "lrwxrwxrwx    1 0        0               7 Nov 21 20:26 to -> b -> nowhere",
          "link <to -> b> to <nowhere>"},
         {"ProFTPD", "----------   1 webmaster 0               0 Mar  5  2019 old", "file <old> 0"},
-        {"ProFTPD", "drwxrwsr-x   2 webmaster 0            4096 Nov 21 20:26 images",
-         "folder <images> 4096"},
         {"ProFTPD SFTP",
          "lrwxrwxrwx    1 webmaster 0               6 Nov 21 20:26 pics -> /home/me/www/images",
          "link <pics> to </home/me/www/images>"},
-        {"pyftpdlib", "-rw-r--r--   1 root     root            2 Nov 21 20:26 a;b=c",
-         "file <a;b=c> 2"},
         {"OpenSSH", "drwxr-xr-x    4 root     root         4096 Nov 21 20:26 .", "none"},
         {"OpenSSH", "drwxr-xr-x    4 root     root         4096 Nov 21 20:26 ..", "none"},
         {"ls", "total 12", "none"},
@@ -96,9 +90,8 @@ TEST(HostListing, TakesFacts) {
          "modify=20261121202622;perm=adfrw;size=5368709120;type=file;unique=FE00UA726A9;"
          "UNIX.group=0;UNIX.mode=0644; big.iso",
          "file <big.iso> 5368709120"},
-        {"ProFTPD", "perm=adfrw;size=2;type=file;UNIX.mode=0644;  leading", "file < leading> 2"},
-        {"ProFTPD", "perm=adfrw;size=2;type=file;UNIX.mode=0644; a;b=c ; d\r",
-         "file <a;b=c ; d> 2"},
+        {"ProFTPD", ProFtpd + " leading", "file < leading> 2"},
+        {"ProFTPD", ProFtpd + "a;b=c ; d\r", "file <a;b=c ; d> 2"},
         {"ProFTPD", "perm=flcdmpe;type=dir;UNIX.mode=02775; images", "folder <images> 0"},
         {"ProFTPD", "perm=flcdmpe;type=cdir;UNIX.mode=0755; .", "none"},
         {"ProFTPD", "perm=flcdmpe;type=pdir;UNIX.mode=0755; up", "none"},
@@ -122,39 +115,36 @@ TEST(HostListing, TakesFacts) {
 /// A host whose long listing nobody reads.
 class OddHost : public quillmark::test::FolderHost {
 public:
-    explicit OddHost(bool facts) : facts_(facts) {}
     void list(std::string_view /*directory*/, const DirItem& item) override {
         item("+i8388621.48594,m825718503,r,s280,\tmy page.html");
-        if (more) {
+        if (usualLine) {
             item("-rw-r--r--   1 me  me  12 Jan  1 12:00 other.html");
         }
     }
     bool listFacts(std::string_view /*directory*/, const DirItem& item) override {
-        if (facts_) {
+        if (facts) {
             item("type=file;size=280; my page.html");
         }
-        return facts_;
+        return facts;
     }
 
-    bool more = true; ///< One line is of the usual style.
-
-private:
-    bool facts_;
+    bool facts = true;
+    bool usualLine = true; ///< One line of the listing is of the usual style.
 };
 
 TEST(HostSource, AsksForFactsWhereTheListingIsNotUnderstood) {
-    for (const auto& [facts, name] :
-         std::vector<std::pair<bool, std::string>>{{true, "my page.html"}, {false, "other.html"}}) {
-        OddHost host(facts);
-        DiskAdapter disk;
-        const std::vector<SiteEntry> entries = HostSource(host, disk, "").list("/www/");
-        ASSERT_EQ(entries.size(), 1U);
-        EXPECT_EQ(entries.front().name, name);
-        host.more = false;
-        if (!facts) {
-            EXPECT_THROW(HostSource(host, disk, "").list("/www/"), Failure);
-        }
-    }
+    OddHost host;
+    DiskAdapter disk;
+    HostSource source(host, disk, "");
+    const auto nameOfOnlyEntry = [&source] {
+        const std::vector<SiteEntry> entries = source.list("/www/");
+        return entries.size() == 1 ? entries.front().name : std::to_string(entries.size());
+    };
+    EXPECT_EQ(nameOfOnlyEntry(), "my page.html");
+    host.facts = false;
+    EXPECT_EQ(nameOfOnlyEntry(), "other.html");
+    host.usualLine = false;
+    EXPECT_THROW(nameOfOnlyEntry(), Failure);
 }
 
 } // namespace

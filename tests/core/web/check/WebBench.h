@@ -12,23 +12,20 @@ namespace quillmark::test {
 struct WebBench : RunBench {
     using Files = std::map<std::string, std::string>;
 
-    WebBench() {
+    explicit WebBench(const Files& files) {
         settings.configuration.IGNORECASE = 0;
         settings.profile.RULES = Rules::Web;
-    }
-
-    void write(const Files& files) const {
         for (const auto& file : files) {
             site.write(file.first, file.second);
         }
     }
+
     RunOutcome check(const std::string& startFile = "index.html") {
         run.setWebOptions(options);
         const RunOutcome outcome = runLocal(startFile);
         projectLists(results, lists);
         return outcome;
     }
-    std::string fromTop(std::string_view path) const { return std::string(results.fromTop(path)); }
 
     /// "missing 1:10 a.html -> b.html", with "note" in front of notes, in their order.
     std::string findings() const {
@@ -48,20 +45,6 @@ struct WebBench : RunBench {
         for (const IgnoredReference& reference : results.ignored) {
             text += text.empty() ? "" : "; ";
             text += std::string(nameOf(reference.reason)) + ": " + std::string(reference.reference);
-        }
-        return text;
-    }
-    std::string pages() const {
-        std::string text;
-        for (std::uint32_t page = 0; page < results.pages.size(); ++page) {
-            text += (page == 0 ? "" : " ") + fromTop(results.pagePath(page));
-        }
-        return text;
-    }
-    std::string unused() const {
-        std::string text;
-        for (const std::uint32_t file : results.unused) {
-            text += (text.empty() ? "" : " ") + fromTop(results.files[file].path);
         }
         return text;
     }

@@ -45,19 +45,16 @@ public:
 
     Lines lines() const {
         Lines all;
-        for (const auto& entry : references_) {
-            all.push_back(entry.second);
-        }
-        for (const auto& entry : ids_) {
-            all.push_back(entry.second);
-        }
-        for (const auto& entry : mapNames_) {
+        for (const auto& entry : lines_) {
             all.push_back(entry.second);
         }
         return all;
     }
 
 private:
+    /// In the order of the lines.
+    enum class Kind { Reference, Id, MapName };
+
     void walk(const GumboNode* node, bool inTemplate) {
         if (node->type == GUMBO_NODE_DOCUMENT) {
             walkChildren(node->v.document.children, false);
@@ -84,7 +81,7 @@ private:
             const std::string written = std::string(view(attribute.original_name));
             const Attribute attributeName = findAttribute(written);
             if (!html && attributeName == Attribute::XlinkHref &&
-                value(element, "href", GUMBO_ATTR_NAMESPACE_NONE) != nullptr) {
+                value(element, "href") != nullptr) {
                 continue;
             }
             const Meaning meaning =
@@ -96,18 +93,17 @@ private:
         }
     }
 
-    static const char* value(const GumboElement& element, const char* name,
-                             GumboAttributeNamespaceEnum space = GUMBO_ATTR_NAMESPACE_NONE) {
+    static const char* value(const GumboElement& element, std::string_view name) {
         for (unsigned i = 0; i < element.attributes.length; ++i) {
             const auto& attribute = *static_cast<const GumboAttribute*>(element.attributes.data[i]);
-            if (attribute.attr_namespace == space && std::string_view(attribute.name) == name) {
+            if (attribute.attr_namespace == GUMBO_ATTR_NAMESPACE_NONE && attribute.name == name) {
                 return attribute.value;
             }
         }
         return nullptr;
     }
 
-    static std::string_view text(const GumboElement& element, const char* name) {
+    static std::string_view text(const GumboElement& element, std::string_view name) {
         const char* found = value(element, name);
         return found == nullptr ? "" : found;
     }
@@ -122,17 +118,17 @@ private:
         case Meaning::Id:
         case Meaning::MapName:
             if (!decoded.empty() && !inTemplate) {
-                auto& names = meaning == Meaning::Id ? ids_ : mapNames_;
-                names[attribute.original_name.data] = "#" + std::string(decoded);
+                const Kind kind = meaning == Meaning::Id ? Kind::Id : Kind::MapName;
+                lines_[{kind, attribute.original_name.data}] = "#" + std::string(decoded);
             }
             break;
         case Meaning::Srcset:
             for (Srcset srcset(decoded); srcset.next();) {
-                addPart(attribute, srcset.address(), srcset.offset(), place);
+                add(attribute, place, srcset.address(), srcset.offset());
             }
             break;
         case Meaning::Css:
-            takeCss(attribute, decoded, place);
+            takeCss(attribute, place);
             break;
         case Meaning::Content:
             takeContent(element, attribute, place);
@@ -143,7 +139,7 @@ private:
             }
             [[fallthrough]];
         default:
-            add(attribute, place);
+            add(attribute, place, decoded);
             break;
         }
     }
@@ -154,19 +150,19 @@ private:
         if (equalIgnoringCase(text(element, "http-equiv"), "refresh")) {
             const std::string_view address = refreshAddress(decoded);
             if (!address.empty()) {
-                addPart(attribute, address,
-                        static_cast<std::size_t>(address.data() - decoded.data()), place);
+                add(attribute, place, address,
+                    static_cast<std::size_t>(address.data() - decoded.data()));
             }
         } else if (namesFile(text(element, "property")) || namesFile(text(element, "name")) ||
                    namesFile(text(element, "itemprop"))) {
-            add(attribute, place);
+            add(attribute, place, decoded);
         }
     }
 
-    void takeCss(const GumboAttribute& attribute, std::string_view css, std::uint16_t place) {
+    void takeCss(const GumboAttribute& attribute, std::uint16_t place) {
         TextArena texts;
-        for (CssScanner scanner(css, texts); scanner.next();) {
-            addPart(attribute, scanner.address(), scanner.offset(), place);
+        for (CssScanner scanner(attribute.value, texts); scanner.next();) {
+            add(attribute, place, scanner.address(), scanner.offset());
         }
     }
 
@@ -190,20 +186,13 @@ private:
         }
     }
 
-    void add(const GumboAttribute& attribute, std::uint16_t place) {
+    /// A value or a part of it. Where a part is written is known only if nothing before it is
+    /// decoded.
+    void add(const GumboAttribute& attribute, std::uint16_t place, std::string_view text,
+             std::size_t offset = 0) {
         const std::string_view written = view(attribute.original_value);
         const bool quoted = written.starts_with("\"") || written.starts_with("'");
-        const Position at = {attribute.value_start.line,
-                             attribute.value_start.column + (quoted ? 1 : 0)};
-        references_[written.data()] = line(at, place, attribute.value);
-    }
-
-    /// A part of a value. Where it is written is known only if nothing before it is decoded.
-    void addPart(const GumboAttribute& attribute, std::string_view part, std::size_t offset,
-                 std::uint16_t place) {
-        const std::string_view written = view(attribute.original_value);
-        const bool quoted = written.starts_with("\"") || written.starts_with("'");
-        file(written.data() + (quoted ? 1 : 0) + offset, place, part);
+        file(written.data() + (quoted ? 1 : 0) + offset, place, text);
     }
 
     void file(const char* at, std::uint16_t place, std::string_view text) {
@@ -212,13 +201,11 @@ private:
         for (const char* p = *(nextLine - 1); p != at; ++p) {
             position.column += (static_cast<unsigned char>(*p) & 0xC0U) != 0x80 ? 1 : 0;
         }
-        references_[at] = line(position, place, text);
+        lines_[{Kind::Reference, at}] = line(position, place, text);
     }
 
     std::vector<const char*> lineStarts_;
-    std::map<const char*, std::string> references_;
-    std::map<const char*, std::string> ids_;
-    std::map<const char*, std::string> mapNames_;
+    std::map<std::pair<Kind, const char*>, std::string> lines_;
 };
 
 } // namespace

@@ -1,6 +1,10 @@
 #include "core/web/read/Judge.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <vector>
 
 namespace quillmark::web::test {
@@ -86,6 +90,23 @@ TEST(Markup, IsReadAsBrowsersDo) {
     }
 }
 
+TEST(Markup, OfTheExamplesIsReadAsByLibgumbo) {
+    namespace fs = std::filesystem;
+    int pages = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(QUILLMARK_EXAMPLES)) {
+        if (entry.path().extension() == ".html") {
+            std::ifstream stream(entry.path(), std::ios::binary);
+            const std::string page(std::istreambuf_iterator<char>(stream), {});
+            PageContent content;
+            readPage(page, PageKind::Html, content);
+            EXPECT_EQ(linesOf(content), judge(content.decoded.empty() ? page : content.decoded))
+                << entry.path();
+            ++pages;
+        }
+    }
+    EXPECT_GT(pages, 20);
+}
+
 TEST(Markup, HasARoleForEachReference) {
     const std::vector<std::pair<std::string, Role>> rows = {
         {"<a href=x>", Role::Link},
@@ -138,7 +159,6 @@ TEST(Markup, OfXmlClosesItsElements) {
 }
 
 TEST(Markup, IsDecodedByWhatItDeclares) {
-    const std::string eacute = "1:%d a href \xC3\xA9";
     // The bytes of each page lead to the same reference.
     const std::vector<std::pair<std::string, const char*>> rows = {
         {"<a href=\xC3\xA9>", "UTF-8"},
