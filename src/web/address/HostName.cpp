@@ -16,13 +16,6 @@ bool allDigits(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
-std::string lowerAscii(std::string text) {
-    for (char& c : text) {
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
-    }
-    return text;
-}
-
 bool isForbidden(char c) {
     const auto code = static_cast<unsigned char>(c);
     return code <= 0x20 || code == 0x7F ||

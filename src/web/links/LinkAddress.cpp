@@ -10,16 +10,10 @@ namespace quillmark::web {
 
 namespace {
 
-std::string lower(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), lowerAscii);
-    return result;
-}
-
 /// The user and password in front of the "@" keep their letters.
 std::string withLowerHost(std::string_view authority) {
     const std::size_t host = authority.rfind('@') + 1;
-    return std::string(authority.substr(0, host)) + lower(authority.substr(host));
+    return std::string(authority.substr(0, host)) + lowerAscii(std::string(authority.substr(host)));
 }
 
 /// The path and query, with "/" for "\" in the path.
@@ -47,8 +41,8 @@ std::optional<LinkAddress> linkAddressOf(std::string_view reference, std::string
     }
     text.remove_prefix(std::min(text.find_first_not_of("/\\"), text.size()));
     const std::size_t end = std::min(text.find_first_of("/\\?"), text.size());
-    return LinkAddress{lower(scheme) + "://" + withLowerHost(text.substr(0, end)) +
-                           pathOf(text.substr(end)),
+    return LinkAddress{lowerAscii(std::string(scheme)) + "://" +
+                           withLowerHost(text.substr(0, end)) + pathOf(text.substr(end)),
                        std::string(fragment.value_or(""))};
 }
 

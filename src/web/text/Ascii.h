@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace quillmark::web {
@@ -8,6 +10,12 @@ namespace quillmark::web {
 /// Letters a to z for A to Z; every other byte as it is.
 constexpr char lowerAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+/// The same of each byte of a text.
+inline std::string lowerAscii(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), [](char c) { return lowerAscii(c); });
+    return text;
 }
 
 constexpr bool isLetter(char c) {

@@ -4,6 +4,7 @@
 #include "windows/shared/Text.h"
 #include "windows/shared/Theme.h"
 #include "windows/shared/ThemedIcon.h"
+#include "windows/support/WindowTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -166,5 +167,5 @@ private slots:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::AppearanceTest)
+QUILLMARK_WINDOW_TEST(AppearanceTest)
 #include "AppearanceTest.moc"

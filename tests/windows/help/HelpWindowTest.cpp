@@ -1,6 +1,7 @@
 #include "windows/help/frmHelp.h"
 #include "windows/shared/Theme.h"
 #include "windows/support/TestContext.h"
+#include "windows/support/WindowTest.h"
 
 #include <QDialog>
 #include <QDir>
@@ -159,5 +160,5 @@ private:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::HelpWindowTest)
+QUILLMARK_WINDOW_TEST(HelpWindowTest)
 #include "HelpWindowTest.moc"

@@ -2,6 +2,7 @@
 #include "windows/shared/Text.h"
 #include "windows/support/Answers.h"
 #include "windows/support/TestProgram.h"
+#include "windows/support/WindowTest.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -407,5 +408,5 @@ private slots:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::MainWindowTest)
+QUILLMARK_WINDOW_TEST(MainWindowTest)
 #include "MainWindowTest.moc"

@@ -1,5 +1,6 @@
 #include "windows/support/Answers.h"
 #include "windows/support/TestProgram.h"
+#include "windows/support/WindowTest.h"
 
 #include <QGroupBox>
 #include <QKeySequence>
@@ -118,5 +119,5 @@ private slots:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::MnemonicsTest)
+QUILLMARK_WINDOW_TEST(MnemonicsTest)
 #include "MnemonicsTest.moc"

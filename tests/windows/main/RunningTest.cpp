@@ -6,6 +6,7 @@
 #include "windows/shared/ElidedLabel.h"
 #include "windows/support/Answers.h"
 #include "windows/support/TestProgram.h"
+#include "windows/support/WindowTest.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -215,5 +216,5 @@ private slots:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::RunningTest)
+QUILLMARK_WINDOW_TEST(RunningTest)
 #include "RunningTest.moc"

@@ -2,6 +2,7 @@
 #include "base/Paths.h"
 #include "desktop/DesktopShell.h"
 #include "support/TempFolder.h"
+#include "windows/support/WindowTest.h"
 
 #include <QTest>
 
@@ -87,5 +88,5 @@ private:
 
 } // namespace quillmark::test
 
-QTEST_GUILESS_MAIN(quillmark::test::ShellTest)
+QUILLMARK_WINDOW_TEST(ShellTest)
 #include "ShellTest.moc"

@@ -6,14 +6,13 @@
 #include "windows/support/Answers.h"
 #include "windows/support/Pictures.h"
 #include "windows/support/TestContext.h"
+#include "windows/support/WindowTest.h"
 
 #include <QLabel>
 #include <QPdfWriter>
 #include <QProcess>
 
 namespace quillmark::test {
-
-namespace {
 
 /// A printer that looks at the windows while it prints.
 class WatchingPrinter : public ReportPrinter {
@@ -36,7 +35,7 @@ public:
 };
 
 /// The pages that the lines fill, as text.
-QStringList printedPages(const QStringList& lines, QPageSize::PageSizeId size) {
+static QStringList printedPages(const QStringList& lines, QPageSize::PageSizeId size) {
     const TempFolder folder;
     const QString file = QString::fromStdString((folder.path() / "pages.pdf").string());
     {
@@ -67,8 +66,6 @@ struct CommandBench {
                           parts.disk,      parts.ftp,          parts.shell,    parts.dialogs,
                           watching,        parts.folder.path()};
 };
-
-} // namespace
 
 class PrintingTest : public QObject {
     Q_OBJECT
@@ -193,5 +190,5 @@ private slots:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::PrintingTest)
+QUILLMARK_WINDOW_TEST(PrintingTest)
 #include "PrintingTest.moc"

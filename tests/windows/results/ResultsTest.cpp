@@ -5,6 +5,7 @@
 #include "windows/results/ResultsTree.h"
 #include "windows/support/Answers.h"
 #include "windows/support/TestContext.h"
+#include "windows/support/WindowTest.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -24,8 +25,6 @@
 namespace quillmark::test {
 
 namespace fs = std::filesystem;
-
-namespace {
 
 /// A host that refuses every deletion.
 class RefusingHost : public FolderHost {
@@ -129,8 +128,6 @@ struct Bench {
                            work();
                        }};
 };
-
-} // namespace
 
 class ResultsTest : public QObject {
     Q_OBJECT
@@ -381,5 +378,5 @@ private:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::ResultsTest)
+QUILLMARK_WINDOW_TEST(ResultsTest)
 #include "ResultsTest.moc"

@@ -5,6 +5,7 @@
 #include "windows/support/Answers.h"
 #include "windows/support/Pictures.h"
 #include "windows/support/TestContext.h"
+#include "windows/support/WindowTest.h"
 
 #include <QClipboard>
 #include <QListView>
@@ -195,5 +196,5 @@ private slots:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::RunWindowsTest)
+QUILLMARK_WINDOW_TEST(RunWindowsTest)
 #include "RunWindowsTest.moc"

@@ -1,6 +1,7 @@
 #include "settings/ProfileFile.h"
 #include "windows/settings/frmProfile.h"
 #include "windows/support/TestContext.h"
+#include "windows/support/WindowTest.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -13,8 +14,8 @@ namespace quillmark::test {
 namespace {
 
 /// The dialog with a profile "Host" of a site on a web host.
-struct Open {
-    explicit Open(const Profile& profile = newProfile()) {
+struct OpenHost {
+    explicit OpenHost(const Profile& profile = newProfile()) {
         Settings settings;
         settings.profile = profile;
         settings.profile.START_PATH = "/index.html";
@@ -58,7 +59,7 @@ class HostControlsTest : public QObject {
 
 private slots:
     void proposesThePortUntilSomebodyEntersOne() {
-        const Open open;
+        const OpenHost open;
         QVERIFY(open.control<QComboBox>("cmbEncryption")
                     .currentText()
                     .contains("password can be read"));
@@ -76,7 +77,7 @@ private slots:
     }
 
     void asksForWhatTheEncryptionNeeds() {
-        Open open;
+        OpenHost open;
         const std::filesystem::path key = open.all.folder.write("id \xE4", "");
         open.all.dialogs.answers.emplace_back(key);
         QVERIFY(open.shows("Account") && !open.shows("KeyFile") && !open.shows("cmdForget"));
@@ -97,7 +98,7 @@ private slots:
         Profile profile = newProfile();
         profile.ENCRYPTION = Encryption::Tls;
         profile.TRUSTED = certificateFingerprint({});
-        const Open open(profile);
+        const OpenHost open(profile);
         QVERIFY(open.shows("cmdForget"));
         QVERIFY(open.control<QWidget>("cmdForget").toolTip().contains("00:00"));
         QVERIFY(open.saved().ends_with("\r\n#TRUSTED=" + profile.TRUSTED + "\r\n"));
@@ -109,5 +110,5 @@ private slots:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::HostControlsTest)
+QUILLMARK_WINDOW_TEST(HostControlsTest)
 #include "HostControlsTest.moc"

@@ -1,6 +1,7 @@
 #include "windows/settings/frmConfig2.h"
 #include "windows/support/Answers.h"
 #include "windows/support/TestContext.h"
+#include "windows/support/WindowTest.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -70,5 +71,5 @@ private:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::OptionsDialogTest)
+QUILLMARK_WINDOW_TEST(OptionsDialogTest)
 #include "OptionsDialogTest.moc"

@@ -4,6 +4,7 @@
 #include "windows/settings/frmProfile.h"
 #include "windows/support/Answers.h"
 #include "windows/support/TestContext.h"
+#include "windows/support/WindowTest.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -415,5 +416,5 @@ private slots:
 
 } // namespace quillmark::test
 
-QTEST_MAIN(quillmark::test::ProfileDialogTest)
+QUILLMARK_WINDOW_TEST(ProfileDialogTest)
 #include "ProfileDialogTest.moc"
