@@ -43,28 +43,27 @@ std::string roomOf(const std::string& file) {
     return file.substr(0, file.find('/'));
 }
 
+bool names(const std::string& rooms, const std::string& room) {
+    return (" " + rooms + " ").find(" " + room + " ") != std::string::npos;
+}
+
 TEST(Layers, IncludesFollowTheArrows) {
     // What each room of src/ may include beside itself.
-    const std::map<std::string, std::set<std::string>> allowed = {
-        {"base", {}},
-        {"store", {"base"}},
-        {"settings", {"base", "store"}},
-        {"run", {"base", "store", "settings"}},
-        {"classic", {"base", "store", "settings", "run"}},
-        {"findings", {"base", "store"}},
-        {"report", {"base", "store", "settings", "run", "findings", "web", "ui"}},
-        {"web", {"base", "store", "settings", "run", "findings"}},
-        {"check", {"base", "store", "settings", "run", "classic", "findings", "web"}},
-        {"ui", {"base", "store", "settings", "run", "findings"}},
-        {"platform", {"base", "store", "settings", "run"}},
-        {"command",
-         {"base", "store", "settings", "run", "findings", "report", "web", "check", "ui",
-          "platform"}},
-        {"windows",
-         {"base", "store", "settings", "run", "findings", "report", "web", "check", "ui"}},
-        {"desktop",
-         {"base", "store", "settings", "run", "findings", "report", "web", "check", "ui", "windows",
-          "platform"}},
+    const std::map<std::string, std::string> allowed = {
+        {"base", ""},
+        {"store", "base"},
+        {"settings", "base store"},
+        {"run", "base store settings"},
+        {"classic", "base store settings run"},
+        {"findings", "base store"},
+        {"report", "base store settings run findings web ui"},
+        {"web", "base store settings run findings"},
+        {"check", "base store settings run classic findings web"},
+        {"ui", "base store settings run findings"},
+        {"platform", "base store settings run"},
+        {"command", "base store settings run findings report web check ui platform"},
+        {"windows", "base store settings run findings report web check ui"},
+        {"desktop", "base store settings run findings report web check ui windows platform"},
     };
     const std::vector<Include> includes = allIncludes();
     ASSERT_GT(includes.size(), 200U);
@@ -72,32 +71,31 @@ TEST(Layers, IncludesFollowTheArrows) {
         const std::string room = roomOf(include.file);
         const std::string other = roomOf(include.header);
         ASSERT_TRUE(allowed.contains(room)) << include.file;
-        EXPECT_TRUE(!include.own || other == room || allowed.at(room).contains(other))
+        EXPECT_TRUE(!include.own || other == room || names(allowed.at(room), other))
             << include.file << " includes " << include.header;
     }
 }
 
 TEST(Layers, LibrariesStayBehindTheirAdapters) {
     // Headers of one library or system, and the only rooms of src/ that may know them.
-    const std::map<std::string, std::set<std::string>> tied = {
-        {"utf8proc.h", {"base"}},
-        {"curl/", {"platform"}},
-        {"openssl/", {"platform"}},
-        {"unistd.h", {"platform"}},
-        {"fcntl.h", {"platform"}},
-        {"sys/", {"platform"}},
-        {"netinet/", {"platform"}},
-        {"iconv.h", {"web"}},
-        {"re2/", {"web"}},
-        {"xxhash.h", {"base"}},
-        {"termios.h", {"platform"}},
-        {"CLI/", {"command"}},
-        {"nlohmann/", {"command", "report", "web"}},
-        {"Q", {"windows", "desktop"}}};
+    const std::map<std::string, std::string> tied = {{"utf8proc.h", "base"},
+                                                     {"curl/", "platform"},
+                                                     {"openssl/", "platform"},
+                                                     {"unistd.h", "platform"},
+                                                     {"fcntl.h", "platform"},
+                                                     {"sys/", "platform"},
+                                                     {"netinet/", "platform"},
+                                                     {"iconv.h", "web"},
+                                                     {"re2/", "web"},
+                                                     {"xxhash.h", "base"},
+                                                     {"termios.h", "platform"},
+                                                     {"CLI/", "command"},
+                                                     {"nlohmann/", "command report web"},
+                                                     {"Q", "windows desktop"}};
     for (const Include& include : allIncludes()) {
         for (const auto& library : tied) {
             EXPECT_TRUE(include.own || !include.header.starts_with(library.first) ||
-                        library.second.contains(roomOf(include.file)))
+                        names(library.second, roomOf(include.file)))
                 << include.file << " includes " << include.header;
         }
     }

@@ -1,13 +1,11 @@
 #include "core/web/read/Judge.h"
 
-#include "web/css/CssScanner.h"
 #include "web/html/LinkRole.h"
 #include "web/html/MetaRefresh.h"
 #include "web/html/Places.h"
 #include "web/html/Srcset.h"
 #include "web/text/Ascii.h"
 
-#include <algorithm>
 #include <gumbo.h>
 #include <map>
 
@@ -29,12 +27,7 @@ std::string_view view(const GumboStringPiece& piece) {
 /// moves nor what it clones matters.
 class Judge {
 public:
-    explicit Judge(std::string_view page) : lineStarts_{page.data()} {
-        for (std::size_t i = 0; i < page.size(); ++i) {
-            if (page[i] == '\n' || (page[i] == '\r' && !page.substr(i + 1).starts_with('\n'))) {
-                lineStarts_.push_back(page.data() + i + 1);
-            }
-        }
+    explicit Judge(std::string_view page) {
         GumboOptions options = kGumboDefaultOptions;
         options.tab_stop = 1;
         options.max_errors = 0;
@@ -88,9 +81,6 @@ private:
                 html ? htmlMeaning(known, attributeName) : svgMeaning(known, attributeName);
             takeAttribute(element, attribute, placeOf(known, attributeName), meaning, inTemplate);
         }
-        if (known == Element::Style) {
-            takeStyle(element, html);
-        }
     }
 
     static const char* value(const GumboElement& element, std::string_view name) {
@@ -114,6 +104,7 @@ private:
         switch (meaning) {
         case Meaning::None:
         case Meaning::Base:
+        case Meaning::Css:
             break;
         case Meaning::Id:
         case Meaning::MapName:
@@ -126,9 +117,6 @@ private:
             for (Srcset srcset(decoded); srcset.next();) {
                 add(attribute, place, srcset.address(), srcset.offset());
             }
-            break;
-        case Meaning::Css:
-            takeCss(attribute, place);
             break;
         case Meaning::Content:
             takeContent(element, attribute, place);
@@ -159,52 +147,20 @@ private:
         }
     }
 
-    void takeCss(const GumboAttribute& attribute, std::uint16_t place) {
-        TextArena texts;
-        for (CssScanner scanner(attribute.value, texts); scanner.next();) {
-            add(attribute, place, scanner.address(), scanner.offset());
-        }
-    }
-
-    void takeStyle(const GumboElement& element, bool html) {
-        const std::string_view type = text(element, "type");
-        if (html && !type.empty() && !equalIgnoringCase(type, "text/css")) {
-            return;
-        }
-        TextArena texts;
-        for (unsigned i = 0; i < element.children.length; ++i) {
-            const auto* child = static_cast<const GumboNode*>(element.children.data[i]);
-            if (child->type != GUMBO_NODE_TEXT && child->type != GUMBO_NODE_CDATA) {
-                continue;
-            }
-            const char* written = view(child->v.text.original_text).data();
-            written += child->type == GUMBO_NODE_CDATA ? 9 : 0;
-            for (CssScanner scanner(child->v.text.text, texts); scanner.next();) {
-                file(written + scanner.offset(), placeOf(Element::Style, scanner.kind()),
-                     scanner.address());
-            }
-        }
-    }
-
     /// A value or a part of it. Where a part is written is known only if nothing before it is
     /// decoded.
     void add(const GumboAttribute& attribute, std::uint16_t place, std::string_view text,
              std::size_t offset = 0) {
         const std::string_view written = view(attribute.original_value);
         const bool quoted = written.starts_with("\"") || written.starts_with("'");
-        file(written.data() + (quoted ? 1 : 0) + offset, place, text);
-    }
-
-    void file(const char* at, std::uint16_t place, std::string_view text) {
-        const auto nextLine = std::upper_bound(lineStarts_.begin(), lineStarts_.end(), at);
-        Position position{static_cast<std::uint32_t>(nextLine - lineStarts_.begin()), 1};
-        for (const char* p = *(nextLine - 1); p != at; ++p) {
-            position.column += (static_cast<unsigned char>(*p) & 0xC0U) != 0x80 ? 1 : 0;
+        const std::string_view before = std::string_view(attribute.value).substr(0, offset);
+        Position at = {attribute.value_start.line, attribute.value_start.column + (quoted ? 1 : 0)};
+        for (const char c : before) {
+            at = c == '\n' ? Position{at.line + 1, 1} : Position{at.line, at.column + 1};
         }
-        lines_[{Kind::Reference, at}] = line(position, place, text);
+        lines_[{Kind::Reference, written.data() + offset}] = line(at, place, text);
     }
 
-    std::vector<const char*> lineStarts_;
     std::map<std::pair<Kind, const char*>, std::string> lines_;
 };
 

@@ -15,9 +15,9 @@ using Lines = std::vector<std::string>;
 /// The lines of what readPage found.
 Lines linesOf(const PageContent& content);
 
-/// The lines that libgumbo's tree of a page stands for. The page is UTF-8 without a byte order
-/// mark. What attributes mean is looked up in the reader's own tables: what is judged is the
-/// markup.
+/// The lines that libgumbo's tree of a page stands for, but for those of CSS. The page is UTF-8
+/// without a byte order mark. What attributes mean is looked up in the reader's own tables: what is
+/// judged is the markup.
 Lines judge(std::string_view page);
 
 } // namespace quillmark::web::test

@@ -60,11 +60,11 @@ const std::vector<Row> Rows = {
     {"noscript is markup", "<noscript><img src=x></noscript>", {"1:20 img src x"}},
     {"template", "<template><a href=1 id=i><base href=b><template></template><a href=2></template><a href=3 id=k>", {"1:19 a href 1", "1:68 a href 2", "1:89 a href 3", "#k"}},
     {"styles", "<style>a{b:url(1)}</style><style type='text/less'>a{b:url(2)}</style><p style='c:url(&quot;3&quot;)'>", {"1:16 style url() 1", "1:92 p style 3"}, false},
-    {"style in SVG", "<svg><style>/*<![CDATA[*/a{b:url(1&amp;)}/*]]>*/ c:url(2&amp;)</style><style/><a href=3>", {"1:34 style url() 1&amp;", "1:56 style url() 2&", "1:87 a href 3"}, false},
+    {"style in SVG", "<svg><style>/*<![CDATA[*/a{b:url(1&amp;)}/*]]>*/ c:url(2&amp;)</style><style/><a href=3><path fill='url(5#a) url(#b)'/>", {"1:34 style url() 1&amp;", "1:56 style url() 2&", "1:87 a href 3", "1:105 path fill 5#a"}, false},
     {"no raw text in SVG", "<svg><title><a href=1></a></title><script><a href=2></script></svg>", {"1:21 a href 1", "1:51 a href 2"}},
     {"back to HTML in SVG", "<svg><foreignObject><style><a href=1></style></foreignObject><style><use href=2></svg>", {"1:79 use href 2"}},
     {"out of SVG", "<svg><g><p><image href=1 src=2></p></svg><div><svg><g></div><image href=1 src=2>", {"1:30 image src 2", "1:79 image src 2"}},
-    {"address of SVG", "<svg><use xlink:href=1 href=2 /><image xlink:href=3 /><a href=4><path fill='url(5#a) url(#b)'/></svg>", {"1:29 use href 2", "1:51 image xlink:href 3", "1:63 a href 4", "1:81 path fill 5#a"}},
+    {"address of SVG", "<svg><use xlink:href=1 href=2 /><image xlink:href=3 /><a href=4></svg>", {"1:29 use href 2", "1:51 image xlink:href 3", "1:63 a href 4"}},
     {"srcset", "<img srcset=' ,a,b.png 1x, c.png,d 2w (,),e,, f'>", {"1:16 img srcset a,b.png", "1:28 img srcset c.png,d", "1:43 img srcset e", "1:47 img srcset f"}},
     {"srcset with references", "<source srcset='a&amp;b 1x,c&#44;d 2x'>", {"1:17 source srcset a&b", "1:28 source srcset c,d"}, false},
     {"meta refresh", "<meta http-equiv=Refresh content=' 5 ; URL = \"a b\"c'><meta http-equiv=refresh content='0;x.html'><meta http-equiv=refresh content='7'><meta http-equiv=refresh content='0 ulr=y'>", {"1:47 meta content a b", "1:90 meta content x.html", "1:171 meta content ulr=y"}},
@@ -99,7 +99,9 @@ TEST(Markup, OfTheExamplesIsReadAsByLibgumbo) {
             const std::string page(std::istreambuf_iterator<char>(stream), {});
             PageContent content;
             readPage(page, PageKind::Html, content);
-            EXPECT_EQ(linesOf(content), judge(content.decoded.empty() ? page : content.decoded))
+            Lines lines = linesOf(content);
+            std::erase_if(lines, [](auto& line) { return line.find(" style ") != line.npos; });
+            EXPECT_EQ(lines, judge(content.decoded.empty() ? page : content.decoded))
                 << entry.path();
             ++pages;
         }
