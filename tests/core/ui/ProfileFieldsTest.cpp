@@ -62,32 +62,28 @@ TEST(ProfileFields, TellOfACommaOutsideThePassword) {
 }
 
 TEST(FieldNotes, TellOfNumbersThatAreNotSavedAsTyped) {
-    struct Row {
-        const char* text;
-        const char* note;
-    };
-    for (const Row& row :
-         {Row{"21", ""}, Row{"0", ""}, Row{"-1", ""}, Row{"32767", ""},
-          Row{"", "\"\" is no whole number and is saved as 0"},
-          Row{"-", "\"-\" is no whole number and is saved as 0"},
-          Row{"2 levels", "\"2 levels\" is no whole number and is saved as 2"},
-          Row{"2.5", "\"2.5\" is no whole number and is saved as 2"},
-          Row{"70000", "\"70000\" cannot be saved: a number lies between -32768 and 32767"}}) {
-        EXPECT_EQ(numberNote(row.text), row.note);
+    const std::vector<std::pair<const char*, const char*>> rows = {
+        {"21", ""},
+        {"0", ""},
+        {"-1", ""},
+        {"32767", ""},
+        {"", "\"\" is no whole number and is saved as 0"},
+        {"-", "\"-\" is no whole number and is saved as 0"},
+        {"2 levels", "\"2 levels\" is no whole number and is saved as 2"},
+        {"2.5", "\"2.5\" is no whole number and is saved as 2"},
+        {"70000", "\"70000\" cannot be saved: a number lies between -32768 and 32767"}};
+    for (const auto& [text, note] : rows) {
+        EXPECT_EQ(numberNote(text), note);
     }
 }
 
 TEST(NameCompletion, FindsTheFirstLongerNameInTheOrderOfTheList) {
-    struct Row {
-        const char* typed;
-        std::optional<std::size_t> found;
-    };
     const std::vector<std::string> names = {"alpha", "MySite", "my", "mysite2", "\xC3\x84pfel"};
-    const std::vector<Row> rows = {{"my", 1},     {"MYSITE", 3},  {"mysite2", {}},
-                                   {"site", {}},  {"", {}},       {"A", 0},
-                                   {"alpha", {}}, {"alphas", {}}, {"\xC3\xA4p", 4}};
-    for (const Row& row : rows) {
-        EXPECT_EQ(completion(names, row.typed), row.found) << row.typed;
+    const std::vector<std::pair<const char*, std::optional<std::size_t>>> rows = {
+        {"my", 1}, {"MYSITE", 3}, {"mysite2", {}}, {"site", {}},    {"", {}},
+        {"A", 0},  {"alpha", {}}, {"alphas", {}},  {"\xC3\xA4p", 4}};
+    for (const auto& [typed, found] : rows) {
+        EXPECT_EQ(completion(names, typed), found) << typed;
     }
 }
 

@@ -17,12 +17,8 @@ std::string described(const Address& address) {
 }
 
 TEST(Addresses, ResolveAsBrowsersDo) {
-    struct Case {
-        const char* reference;
-        const char* address;
-    };
     // From docs/page.html of https://own.example/.
-    const std::vector<Case> cases = {
+    const std::vector<std::pair<const char*, const char*>> rows = {
         {"", "docs/page.html"},
         {"#x", "docs/page.html #x"},
         {"?q#x:~:text=y", "docs/page.html #x"},
@@ -68,9 +64,9 @@ TEST(Addresses, ResolveAsBrowsersDo) {
     const Addresses addresses(parseSiteUrl("https://own.example/"));
     const Base base = addresses.baseOf("docs/page.html", std::nullopt);
     Address address;
-    for (const Case& row : cases) {
-        addresses.resolve(row.reference, base, address);
-        EXPECT_EQ(described(address), row.address) << row.reference;
+    for (const auto& [reference, expected] : rows) {
+        addresses.resolve(reference, base, address);
+        EXPECT_EQ(described(address), expected) << reference;
     }
 }
 

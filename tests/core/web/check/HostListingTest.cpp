@@ -112,28 +112,24 @@ TEST(HostListing, TakesFacts) {
     }
 }
 
-/// A host whose long listing nobody reads.
-class OddHost : public quillmark::test::FolderHost {
+/// A host that lists every folder by these lines, and by facts if it has any.
+class ListedHost : public quillmark::test::FolderHost {
 public:
     void list(std::string_view /*directory*/, const DirItem& item) override {
-        item("+i8388621.48594,m825718503,r,s280,\tmy page.html");
-        if (usualLine) {
-            item("-rw-r--r--   1 me  me  12 Jan  1 12:00 other.html");
-        }
+        std::for_each(lines.begin(), lines.end(), item);
     }
     bool listFacts(std::string_view /*directory*/, const DirItem& item) override {
-        if (facts) {
-            item("type=file;size=280; my page.html");
-        }
-        return facts;
+        std::for_each(facts.begin(), facts.end(), item);
+        return !facts.empty();
     }
 
-    bool facts = true;
-    bool usualLine = true; ///< One line of the listing is of the usual style.
+    quillmark::Lines lines = {"-rw-r--r--   1 me  me  12 Jan  1 12:00 other.html",
+                              "+i8388621.48594,m825718503,r,s280,\tmy page.html"};
+    quillmark::Lines facts = {"type=file;size=280; my page.html"};
 };
 
 TEST(HostSource, AsksForFactsWhereTheListingIsNotUnderstood) {
-    OddHost host;
+    ListedHost host;
     DiskAdapter disk;
     HostSource source(host, disk, "");
     const auto nameOfOnlyEntry = [&source] {
@@ -141,9 +137,9 @@ TEST(HostSource, AsksForFactsWhereTheListingIsNotUnderstood) {
         return entries.size() == 1 ? entries.front().name : std::to_string(entries.size());
     };
     EXPECT_EQ(nameOfOnlyEntry(), "my page.html");
-    host.facts = false;
+    host.facts.clear();
     EXPECT_EQ(nameOfOnlyEntry(), "other.html");
-    host.usualLine = false;
+    host.lines.erase(host.lines.begin());
     EXPECT_THROW(nameOfOnlyEntry(), Failure);
 }
 

@@ -168,6 +168,9 @@ private:
 
 Lines linesOf(const PageContent& content) {
     Lines all;
+    if (content.base) {
+        all.push_back("base " + std::string(*content.base));
+    }
     for (const PageReference& reference : content.references) {
         all.push_back(line(reference.at, reference.place, reference.text));
     }
@@ -178,6 +181,13 @@ Lines linesOf(const PageContent& content) {
         all.push_back("#" + std::string(name));
     }
     return all;
+}
+
+Lines linesOf(std::string_view page, PageKind kind) {
+    const std::vector<char> exact(page.begin(), page.end());
+    PageContent content;
+    readPage({exact.data(), exact.size()}, kind, content);
+    return linesOf(content);
 }
 
 Lines judge(std::string_view page) {

@@ -10,19 +10,12 @@
 namespace quillmark::web::test {
 namespace {
 
-/// Reads a copy that ends where its memory ends, so that the sanitizer sees any byte too many.
-Lines read(std::string_view page, PageKind kind = PageKind::Html) {
-    const std::vector<char> exact(page.begin(), page.end());
-    PageContent content;
-    readPage({exact.data(), exact.size()}, kind, content);
-    return linesOf(content);
-}
-
 struct Row {
     const char* name;
     std::string page;
     Lines lines;
     bool judged = true; ///< libgumbo sees the same.
+    PageKind kind = PageKind::Html;
 };
 
 // clang-format off
@@ -77,13 +70,17 @@ const std::vector<Row> Rows = {
     {"ids and names", "<p id=a><p id=''><a id=b name=c><p name=d><map name=m><img id=e usemap=#m>", {"1:72 img usemap #m", "#a", "#b", "#c", "#e", "#m"}},
     {"no references", "<p itemtype=http://x cite=1 src=2 href=3><a rel=x ping=4 data-src=5>", {}},
     {"PHP", "<?php if ($a > 1) echo '<a href=1>'; ?><a href=2><a href='<?= $x ?>'><? echo '>'", {"1:48 a href 2"}, false},
+    {"the first base", "<base target=t><a href=x><base href='a&amp;/'><base href=b>", {"base a&/", "1:24 a href x"}, false},
+    {"an empty base", "<base href=''><base href=b>", {"base "}, false},
+    {"XHTML", "<title/><script src=s.js /><![CDATA[<a href=1>]]><a href=2 id=i>", {"1:21 script src s.js", "1:58 a href 2", "#i"}, false, PageKind::Xhtml},
+    {"SVG", "<?xml version='1.0'?><!DOCTYPE svg [<!ENTITY a 'b'>]><svg:svg id='s'><title>t</title><style>a{b:url(1)}</style><svg:use xlink:href='2#a'/><foreignObject><img src='3'/></foreignObject></svg:svg>", {"1:101 style url() 1", "1:133 use xlink:href 2#a", "1:164 img src 3", "#s"}, false, PageKind::Svg},
 };
 // clang-format on
 
 TEST(Markup, IsReadAsBrowsersDo) {
-    ASSERT_EQ(Rows.size(), 50U);
+    ASSERT_EQ(Rows.size(), 54U);
     for (const Row& row : Rows) {
-        EXPECT_EQ(read(row.page), row.lines) << row.name;
+        EXPECT_EQ(linesOf(row.page, row.kind), row.lines) << row.name;
         if (row.judged) {
             EXPECT_EQ(judge(row.page), row.lines) << row.name << ", by libgumbo";
         }
@@ -136,30 +133,6 @@ TEST(Markup, HasARoleForEachReference) {
     }
 }
 
-TEST(Markup, HasTheFirstBase) {
-    const std::vector<std::pair<std::string, std::optional<std::string>>> rows = {
-        {"<a href=x>", std::nullopt},
-        {"<base target=t><a href=x><base href='a&amp;/'><base href=b>", "a&/"},
-        {"<base href=''><base href=b>", ""},
-        {"<template><base href=a></template>", std::nullopt},
-    };
-    for (const auto& row : rows) {
-        PageContent content;
-        readPage(row.first, PageKind::Html, content);
-        EXPECT_EQ(content.base, row.second) << row.first;
-    }
-}
-
-TEST(Markup, OfXmlClosesItsElements) {
-    const std::string page = "<title/><script src=s.js /><![CDATA[<a href=1>]]><a href=2 id=i>";
-    EXPECT_EQ(read(page, PageKind::Xhtml), (Lines{"1:21 script src s.js", "1:58 a href 2", "#i"}));
-    EXPECT_EQ(read("<?xml version='1.0'?><!DOCTYPE svg [<!ENTITY a 'b'>]><svg:svg id='s'>"
-                   "<title>t</title><style>a{b:url(1)}</style><svg:use xlink:href='2#a'/>"
-                   "<foreignObject><img src='3'/></foreignObject></svg:svg>",
-                   PageKind::Svg),
-              (Lines{"1:101 style url() 1", "1:133 use xlink:href 2#a", "1:164 img src 3", "#s"}));
-}
-
 TEST(Markup, IsDecodedByWhatItDeclares) {
     // The bytes of each page lead to the same reference.
     const std::vector<std::pair<std::string, const char*>> rows = {
@@ -181,12 +154,74 @@ TEST(Markup, IsDecodedByWhatItDeclares) {
     };
     for (const auto& row : rows) {
         const std::string character = row.first.find("cp866") < 30 ? "\xD0\x92" : "\xC3\xA9";
-        EXPECT_EQ(read(row.first), Lines{"1:9 a href " + character}) << row.second;
+        EXPECT_EQ(linesOf(row.first), Lines{"1:9 a href " + character}) << row.second;
     }
-    EXPECT_EQ(read("<a href=a\xC3\xE2\x82z><meta charset=utf-8>"),
+    EXPECT_EQ(linesOf("<a href=a\xC3\xE2\x82z><meta charset=utf-8>"),
               Lines{"1:9 a href a\xEF\xBF\xBD\xEF\xBF\xBDz"});
-    EXPECT_EQ(read("<?xml version='1.0' encoding='koi8-r'?><a href='\xC1'/>", PageKind::Svg),
+    EXPECT_EQ(linesOf("<?xml version='1.0' encoding='koi8-r'?><a href='\xC1'/>", PageKind::Svg),
               Lines{"1:49 a href \xD0\xB0"});
+}
+
+std::string repeated(std::string_view text, std::size_t times) {
+    std::string all;
+    all.reserve(text.size() * times);
+    for (std::size_t i = 0; i < times; ++i) {
+        all += text;
+    }
+    return all;
+}
+
+struct LongRow {
+    const char* name;
+    std::string page;
+    std::size_t references;
+    std::size_t ids = 0;
+    PageKind kind = PageKind::Html;
+};
+
+// Reading that takes more than linear time never ends here: each page is very many of something.
+TEST(Pages, AreReadInLinearTime) {
+    constexpr std::size_t Many = 20000;
+    const std::vector<LongRow> rows = {
+        {"one long line", repeated("<a href=x>y", Many), Many},
+        {"less-than signs", repeated("<", Many), 0},
+        {"a long attribute", "<a href='" + repeated("a&amp;\r", Many) + "'>", 1},
+        {"attributes", "<a " + repeated("href=x id=y ", Many) + ">", 1, 1},
+        {"srcset", "<img srcset='" + repeated("a&amp; 1x, ", Many) + "'>", Many},
+        {"addresses in a style attribute", "<p style='" + repeated("url(a)&lt;", Many) + "'>",
+         Many},
+        {"open comments", repeated("<!--", Many), 0},
+        {"dashes", "<!--" + repeated("-", Many), 0},
+        {"open PHP", repeated("<? <?x", Many), 0},
+        {"open PHP in XML", "<?xml " + repeated("<?xml>", Many), 0},
+        {"open CDATA in SVG", "<svg>" + repeated("<![CDATA[", Many), 0},
+        {"open titles", repeated("<title></titl", Many), 0},
+        {"open scripts", "<script>" + repeated("<!--<script", Many), 0},
+        {"deep SVG", repeated("<svg><desc>", Many) + repeated("</math>", Many), 0},
+        {"deep templates", repeated("<template><a href=x id=i>", Many), Many},
+        {"ids", repeated("<p id=a&amp;>\n", Many), 0, Many},
+        {"CSS",
+         "<style>" + repeated("/*", Many) + "</style><style>" + repeated("url(a", Many) +
+             "</style>",
+         0},
+        {"open strings in CSS", "<style>" + repeated("@import '\\", Many) + "</style>", 1},
+        {"references that are none",
+         "<a href='" + repeated("&#x;&CounterClockwiseContourIntegra", Many) + "'>", 1},
+        {"bytes that are no UTF-8",
+         "<meta charset=utf-8>" + repeated("\xE9\xF0\x90<a href=\xC3>", Many), Many},
+        {"NUL bytes", "<a href='" + std::string(Many, '\0') + "'>", 1},
+        {"open lists in a manifest", repeated("{\"icons\":[", Many), 0, 0, PageKind::Manifest},
+        {"escapes in a manifest", "{\"start_url\":\"" + repeated("\\\\", Many) + "\"}", 1, 0,
+         PageKind::Manifest},
+        {"open comments in a feed", repeated("<loc><!--", Many), 0, 0, PageKind::Feed},
+        {"open elements in a feed", repeated("<loc>a", Many), Many - 1, 0, PageKind::Feed},
+    };
+    for (const LongRow& row : rows) {
+        PageContent content;
+        readPage(row.page, row.kind, content);
+        EXPECT_EQ(content.references.size(), row.references) << row.name;
+        EXPECT_EQ(content.ids.size(), row.ids) << row.name;
+    }
 }
 
 } // namespace

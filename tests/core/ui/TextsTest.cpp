@@ -4,6 +4,7 @@
 #include "base/Version.h"
 #include "support/Lists.h"
 #include "support/TempFolder.h"
+#include "ui/HostTrustText.h"
 #include "ui/Thousands.h"
 
 #include <gmock/gmock.h>
@@ -106,6 +107,23 @@ TEST(Thousands, AreGroupedByACommaWithoutALocale) {
     EXPECT_EQ(groupedThousands(123456, '.'), "123.456");
     setenv("LC_ALL", "no_SUCH.locale", 1);
     EXPECT_EQ(userThousandsSeparator(), ',');
+}
+
+TEST(HostTrustText, ShowsWhatAHostCallsItselfWithoutBeingSteered) {
+    HostIdentity identity;
+    identity.host = "ftp.site.example:21";
+    identity.reason = "certificate has expired";
+    identity.names = {"one\n\nEverything is fine.\x1B[2J", std::string(5000, 'x')};
+    const std::string text = hostTrustText(identity);
+    EXPECT_THAT(
+        text, testing::HasSubstr("of ftp.site.example:21 is refused: certificate has expired.\n"));
+    EXPECT_THAT(text, testing::HasSubstr("Made out for: one\\x0A\\x0AEverything"));
+    EXPECT_THAT(text, testing::Not(testing::HasSubstr("\x1B")));
+    EXPECT_LT(text.size(), 1000U);
+    identity.names.assign(12, "name");
+    EXPECT_THAT(hostTrustText(identity), testing::HasSubstr("name, name and 2 more\n"));
+    identity.names.clear();
+    EXPECT_THAT(hostTrustText(identity), testing::HasSubstr("Made out for: nobody\n"));
 }
 
 } // namespace
