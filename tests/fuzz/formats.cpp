@@ -3,7 +3,7 @@
 
 #include "report/formats/Formats.h"
 #include "base/Failure.h"
-#include "fuzz/Require.h"
+#include "fuzz/Fuzz.h"
 #include "report/Baseline.h"
 
 #include <algorithm>
@@ -14,10 +14,8 @@
 
 #include <nlohmann/json.hpp>
 
+namespace quillmark::test {
 namespace {
-
-using namespace quillmark;
-using quillmark::test::require;
 
 /// A page for each piece between NULs, which refers to itself.
 void fill(SiteResults& site, std::string_view bytes) {
@@ -75,8 +73,8 @@ void check(std::string_view format, const std::string& text, std::size_t finding
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+void fuzz(FuzzedDataProvider& data) {
+    const std::string bytes = data.ConsumeRemainingBytesAsString();
     SiteResults site;
     fill(site, bytes);
     const ResultLists lists;
@@ -94,7 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         parseBaseline(bytes);
     } catch (const Failure&) {
-        return 0;
     }
-    return 0;
 }
+
+} // namespace quillmark::test

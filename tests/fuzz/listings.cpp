@@ -1,20 +1,18 @@
 // What a host says of a folder, for a check with the web rules.
 
-#include "fuzz/Require.h"
+#include "fuzz/Fuzz.h"
 #include "web/site/HostListing.h"
 
-#include <fuzzer/FuzzedDataProvider.h>
-
+namespace quillmark::test {
 namespace {
 
-using quillmark::test::require;
-using quillmark::web::HostListing;
+using web::HostListing;
 
 void take(const std::string& line, void (HostListing::*take)(std::string_view line)) {
     HostListing listing;
     (listing.*take)(line);
     require(listing.entries.size() <= 1);
-    for (const quillmark::SiteEntry& entry : listing.entries) {
+    for (const SiteEntry& entry : listing.entries) {
         require(!entry.name.empty() && entry.name != "." && entry.name != "..");
         require(entry.name.find('/') == std::string::npos);
         require(line.find(entry.name) != std::string::npos);
@@ -33,19 +31,19 @@ void takeName(const std::string& name, std::uint64_t size) {
                        name.find('/') == std::string::npos && !name.ends_with('\r') &&
                        !name.ends_with('\n');
     require(!sound || listing.entries.size() == 3);
-    for (const quillmark::SiteEntry& entry : listing.entries) {
+    for (const SiteEntry& entry : listing.entries) {
         require(!sound || (entry.name == name && entry.size == size));
     }
 }
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    FuzzedDataProvider data(bytes, size);
+void fuzz(FuzzedDataProvider& data) {
     const auto number = data.ConsumeIntegral<std::uint64_t>();
     const std::string text = data.ConsumeRemainingBytesAsString();
     take(text, &HostListing::takeLine);
     take(text, &HostListing::takeFacts);
     takeName(text, number);
-    return 0;
 }
+
+} // namespace quillmark::test

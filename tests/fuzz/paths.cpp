@@ -6,9 +6,7 @@
 #include "base/Printable.h"
 #include "base/UpperCase.h"
 #include "classic/resolve/UpperLevels.h"
-#include "fuzz/Require.h"
-
-#include <fuzzer/FuzzedDataProvider.h>
+#include "fuzz/Fuzz.h"
 
 namespace quillmark::test {
 namespace {
@@ -40,11 +38,8 @@ void print(const std::string& name, std::size_t columns) {
 }
 
 } // namespace
-} // namespace quillmark::test
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    using namespace quillmark::test;
-    FuzzedDataProvider data(bytes, size);
+void fuzz(FuzzedDataProvider& data) {
     const bool follow = data.ConsumeBool();
     const auto columns = data.ConsumeIntegral<std::uint8_t>();
     const std::string first = data.ConsumeRandomLengthString(200);
@@ -53,5 +48,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     climb(first, second, follow);
     climb(first, "/" + second + "/", follow);
     print(first, columns);
-    return 0;
 }
+
+} // namespace quillmark::test

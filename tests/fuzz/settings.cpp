@@ -1,14 +1,12 @@
 // Settings files of any bytes, values of any text, passwords.
 
 #include "base/Failure.h"
-#include "fuzz/Require.h"
+#include "fuzz/Fuzz.h"
 #include "settings/Cipher.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
 #include "settings/ProfileFile.h"
 #include "settings/SettingValue.h"
-
-#include <fuzzer/FuzzedDataProvider.h>
 
 #include <map>
 
@@ -77,11 +75,8 @@ void set(const std::string& key, const std::string& value) {
 }
 
 } // namespace
-} // namespace quillmark::test
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    using namespace quillmark::test;
-    FuzzedDataProvider data(bytes, size);
+void fuzz(FuzzedDataProvider& data) {
     switch (data.ConsumeIntegralInRange(0, 3)) {
     case 0:
         readConfiguration(data.ConsumeRemainingBytesAsString());
@@ -95,5 +90,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     default:
         set(data.ConsumeRandomLengthString(20), data.ConsumeRemainingBytesAsString());
     }
-    return 0;
 }
+
+} // namespace quillmark::test

@@ -1,10 +1,8 @@
 // A whole check of a small generated site, by both rules: pages, their references, the settings
 // that decide.
 
-#include "fuzz/Require.h"
+#include "fuzz/Fuzz.h"
 #include "support/RunFakes.h"
-
-#include <fuzzer/FuzzedDataProvider.h>
 
 #include <array>
 #include <set>
@@ -86,12 +84,8 @@ void requireConsistent(const SiteResults& results) {
 }
 
 } // namespace
-} // namespace quillmark::test
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    using namespace quillmark;
-    using namespace quillmark::test;
-    FuzzedDataProvider data(bytes, size);
+void fuzz(FuzzedDataProvider& data) {
     RunBench bench;
     const bool local = data.ConsumeBool();
     choose(data, bench.settings);
@@ -103,5 +97,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         requireConsistent(bench.lists, bench.state);
         requireConsistent(bench.siteResults);
     }
-    return 0;
 }
+
+} // namespace quillmark::test

@@ -1,21 +1,19 @@
 // References and what they lead to. Whatever a page writes, the path that comes out stays in the
 // site, and the reference that is proposed for a file leads to it.
 
-#include "fuzz/Require.h"
+#include "fuzz/Fuzz.h"
 #include "web/address/Address.h"
 #include "web/address/RelativeReference.h"
 #include "web/html/Srcset.h"
 #include "web/judge/Fragment.h"
 
-#include <fuzzer/FuzzedDataProvider.h>
-
 #include <algorithm>
 #include <optional>
 
-namespace quillmark::web::test {
+namespace quillmark::test {
 namespace {
 
-using quillmark::test::require;
+using namespace web;
 
 bool isSegment(std::string_view name) {
     return !name.empty() && name != "." && name != "..";
@@ -67,21 +65,19 @@ void takeApart(std::string_view value) {
 }
 
 } // namespace
-} // namespace quillmark::web::test
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    using namespace quillmark::web;
-    FuzzedDataProvider data(bytes, size);
+void fuzz(FuzzedDataProvider& data) {
     const auto site = data.ConsumeBool() ? parseSiteUrl("https://www.example.org/docs/")
                                          : std::optional<SiteUrl>();
     const Addresses addresses(site);
     const std::string page = data.ConsumeRandomLengthString();
     const std::string href = data.ConsumeRandomLengthString();
     const std::string reference = data.ConsumeRemainingBytesAsString();
-    test::staysInSite(addresses, reference, addresses.baseOf("a/b.html", href));
-    test::staysInSite(addresses, reference, addresses.baseOf("a/b.html", std::nullopt));
-    test::leadsBack(addresses, page, reference);
-    test::takeApart(reference);
+    staysInSite(addresses, reference, addresses.baseOf("a/b.html", href));
+    staysInSite(addresses, reference, addresses.baseOf("a/b.html", std::nullopt));
+    leadsBack(addresses, page, reference);
+    takeApart(reference);
     isRoute(reference);
-    return 0;
 }
+
+} // namespace quillmark::test

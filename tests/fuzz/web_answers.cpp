@@ -2,12 +2,10 @@
 
 #include "base/Failure.h"
 #include "classic/verify/PhraseSearch.h"
-#include "fuzz/Require.h"
+#include "fuzz/Fuzz.h"
 #include "platform/http/WebAddress.h"
 #include "web/links/HeaderOption.h"
 #include "web/links/LinkAddress.h"
-
-#include <fuzzer/FuzzedDataProvider.h>
 
 namespace quillmark::test {
 namespace {
@@ -39,15 +37,13 @@ void address(const std::string& text) {
 }
 
 } // namespace
-} // namespace quillmark::test
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    using namespace quillmark::test;
-    FuzzedDataProvider data(bytes, size);
+void fuzz(FuzzedDataProvider& data) {
     if (data.ConsumeBool()) {
         search(data);
     } else {
         address(data.ConsumeRemainingBytesAsString());
     }
-    return 0;
 }
+
+} // namespace quillmark::test

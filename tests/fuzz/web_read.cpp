@@ -1,8 +1,8 @@
-// The readers of pages, sheets, manifests and feeds. The first byte is the kind; what libgumbo
+// The readers of pages, sheets, manifests and feeds. What libgumbo
 // finds in HTML must be found here, too, where its tree is sure to keep the tags as they stand.
 
 #include "core/web/read/Judge.h"
-#include "fuzz/Require.h"
+#include "fuzz/Fuzz.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +11,11 @@
 #include <cstdint>
 #include <string>
 
-namespace quillmark::web::test {
+namespace quillmark::test {
 namespace {
+
+using namespace web;
+using namespace web::test;
 
 /// Whether libgumbo goes by the same rules: PHP is read by ours alone, and in trees of SVG, MathML,
 /// frames, selects and templates it drops or moves tags. Texts that are decoded have other offsets,
@@ -34,25 +37,20 @@ void compare(const std::string& page, const PageContent& content) {
     const Lines ours = linesOf(content);
     for (const std::string& line : judge(content.decoded.empty() ? page : content.decoded)) {
         // libgumbo does not say where a value that is empty would be.
-        quillmark::test::require(line.ends_with(' ') ||
-                                 std::find(ours.begin(), ours.end(), line) != ours.end());
+        require(line.ends_with(' ') || std::find(ours.begin(), ours.end(), line) != ours.end());
     }
 }
 
 } // namespace
-} // namespace quillmark::web::test
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace quillmark::web;
-    if (size == 0) {
-        return 0;
-    }
-    const std::string page(data + 1, data + size);
-    const auto kind = static_cast<PageKind>(data[0] % 6U);
+void fuzz(FuzzedDataProvider& data) {
+    const auto kind = static_cast<PageKind>(data.ConsumeIntegralInRange(0, 5));
+    const std::string page = data.ConsumeRemainingBytesAsString();
     PageContent content;
     readPage(page, kind, content);
-    if (kind == PageKind::Html && test::judgeable(page)) {
-        test::compare(page, content);
+    if (kind == PageKind::Html && judgeable(page)) {
+        compare(page, content);
     }
-    return 0;
 }
+
+} // namespace quillmark::test

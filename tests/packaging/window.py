@@ -7,12 +7,10 @@ import os
 import subprocess
 import sys
 from pathlib import Path
-from time import monotonic, sleep
+from time import sleep
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "windows" / "smoke"))
-from screenshots import Screen, focused, gone, keys, window, xdotool  # noqa: E402
-
-PATIENCE = 120
+from screenshots import PATIENCE, Screen, focused, gone, keys, until, window, xdotool  # noqa: E402
 
 
 def main():
@@ -27,11 +25,7 @@ def main():
         keys("alt+s")
         gone("Profiles")
         page = tree / "home/me/.local/share/quillmark/Quillmark.html"
-        end = monotonic() + PATIENCE
-        while not page.exists():
-            if monotonic() > end:
-                raise SystemExit("the window checked nothing")
-            sleep(0.1)
+        until(page.exists, "the window checked nothing")
         window("Quillmark")  # while the check runs, the title tells of it
         keys("alt+d")
         subprocess.run(["import", "-window", "root", pictures / "installed.png"], check=True)

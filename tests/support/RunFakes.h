@@ -67,8 +67,8 @@ public:
         loseConnectionAt(remoteFile);
         return disk_.CopyFileBinary(local(remoteFile), localFile, [] { return true; }) == 0;
     }
-    void deleteFile(std::string_view /*remoteFile*/) override {}
-    void removeDirectory(std::string_view /*directory*/) override {}
+    void deleteFile(std::string_view remoteFile) override { loseConnectionAt(remoteFile); }
+    void removeDirectory(std::string_view directory) override { loseConnectionAt(directory); }
 
     std::filesystem::path root;
     bool refuses = false;

@@ -54,10 +54,6 @@ def page(path, _writer):
     return answer(f"This is {path}".encode())
 
 
-def missing(path, _writer):
-    return answer(NOT_FOUND if path.endswith("text") else b"Nothing here", "404 Not Found")
-
-
 def status(path, _writer):
     """/status/404"""
     return answer(b"", path.split("/")[2] + " So it is")
@@ -134,18 +130,13 @@ async def after(path, _writer):
     return page(path, _writer)
 
 
-async def late_redirect(path, _writer):
-    await asyncio.sleep(0.3)
-    return redirect(path.split("?", 1)[1])
-
-
 async def never(_path, _writer):
     await asyncio.sleep(3600)
 
 
-async def big(_path, writer, megabytes=8):
-    writer.write(f"HTTP/1.1 200 OK\r\nContent-Length: {megabytes * len(MEGABYTE)}\r\n\r\n".encode())
-    for _ in range(megabytes):
+async def big(_path, writer):
+    writer.write(f"HTTP/1.1 200 OK\r\nContent-Length: {8 * len(MEGABYTE)}\r\n\r\n".encode())
+    for _ in range(8):
         writer.write(MEGABYTE)
         await writer.drain()
 
@@ -179,11 +170,10 @@ async def without_end(head, piece, writer):
 
 HABITS = {
     "page": page,
-    "missing": missing,
+    "missing": lambda *_: answer(NOT_FOUND, "404 Not Found"),
     "hop": hop,
     "slow": slow,
     "after": after,
-    "late": late_redirect,
     "never": never,
     "big": big,
     "to": lambda path, _: redirect(path.split("?", 1)[1]),

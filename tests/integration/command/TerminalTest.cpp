@@ -9,25 +9,35 @@
 namespace quillmark::test {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
 /// The command asks for the password of a user at a host that nobody can reach.
-Command askingCommand(const CommandBench& bench) {
-    return bench.command(
-        {"--host", "127.0.0.1", "--port", "1", "--user", "m\xC2\x9Bme", "--start", "/index.html"});
+Command askingCommand(const CommandBench& bench, const Words& more = {}) {
+    Words words = {"--host", "127.0.0.1",   "--port",  "1",
+                   "--user", "m\xC2\x9Bme", "--start", "/i.html"};
+    words.insert(words.end(), more.begin(), more.end());
+    return bench.command(words);
 }
 
 TEST(Terminal, APasswordIsNotShown) {
     const CommandBench bench;
-    Terminal terminal(askingCommand(bench));
-    ASSERT_TRUE(terminal.waitFor("Password of m\\xC2\\x9Bme at 127.0.0.1: ")) << terminal.shown();
-    EXPECT_FALSE(terminal.echoes());
-    EXPECT_TRUE(terminal.type("secret\n"));
-    EXPECT_EQ(terminal.wait(), 3) << "nobody listens there";
-    EXPECT_THAT(terminal.shown(), HasSubstr("Unable to connect"));
-    EXPECT_THAT(terminal.shown(), Not(HasSubstr("secret")));
-    EXPECT_TRUE(terminal.echoes());
+    bench.workingFolder.write("key", "no key");
+    const std::string login = "Password of m\\xC2\\x9Bme at 127.0.0.1";
+    for (const auto& [more, question] : std::vector<std::pair<Words, std::string>>{
+             {{}, login + ": "},
+             {{"--encryption", "sftp"}, login + " (empty if your SSH agent has the key): "},
+             {{"--encryption", "sftp", "--key", "key"}, "key (empty if it has none): "}}) {
+        Terminal terminal(askingCommand(bench, more), 200);
+        ASSERT_TRUE(terminal.waitFor(question)) << terminal.shown();
+        EXPECT_FALSE(terminal.echoes());
+        EXPECT_TRUE(terminal.type("secret\n"));
+        EXPECT_EQ(terminal.wait(), 3) << "nobody listens there";
+        EXPECT_THAT(terminal.shown(),
+                    AllOf(HasSubstr("Unable to connect"), Not(HasSubstr("secret"))));
+        EXPECT_TRUE(terminal.echoes());
+    }
 }
 
 TEST(Terminal, APasswordThatIsNotGivenLeavesTheTerminalAsItWas) {
@@ -39,9 +49,10 @@ TEST(Terminal, APasswordThatIsNotGivenLeavesTheTerminalAsItWas) {
         EXPECT_EQ(terminal.wait(), 128 + signal);
         EXPECT_TRUE(terminal.echoes()) << signal;
     }
-    for (const char* key : {"abc\x03", "\x04"}) {
-        Terminal terminal(askingCommand(bench));
-        ASSERT_TRUE(terminal.waitFor("127.0.0.1: "));
+    for (const auto& [key, more] : std::vector<std::pair<const char*, Words>>{
+             {"abc\x03", {}}, {"\x04", {}}, {"\x04", {"--encryption", "sftp"}}}) {
+        Terminal terminal(askingCommand(bench, more), 200);
+        ASSERT_TRUE(terminal.waitFor(": "));
         EXPECT_TRUE(terminal.type(key));
         EXPECT_EQ(terminal.wait(), 2);
         EXPECT_TRUE(terminal.echoes());

@@ -1,6 +1,4 @@
 #include "integration/http/WebServer.h"
-#include "platform/http/Inet.h"
-#include "support/RunFakes.h"
 #include "web/check/WebCheck.h"
 
 #include <algorithm>
@@ -15,12 +13,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A check of one page with the real fetcher, and the server that its links lead to.
-struct LinkBench {
-    explicit LinkBench(FetchLimits limits = {}) : inet(bench.events, bench.state, quick(limits)) {
-        bench.settings.profile.RULES = Rules::Web;
-        bench.settings.profile.CHECK_URL = 1;
-        bench.state.localMode = true;
+/// A check of one page, whose links lead to the server.
+struct LinkBench : WebBench {
+    explicit LinkBench(FetchLimits limits = {}) : WebBench(quick(limits)) {
+        settings.profile.RULES = Rules::Web;
+        settings.profile.CHECK_URL = 1;
+        state.localMode = true;
     }
     static FetchLimits quick(FetchLimits limits) {
         limits.pause = 10ms;
@@ -33,18 +31,14 @@ struct LinkBench {
             page += link.starts_with('<') ? link : "<a href='" + link + "'>";
             page += "\n";
         }
-        bench.site.write("index.html", page);
-        bench.settings.profile.START_PATH = ToBackSlashes(bench.path("index.html"));
-        Outside outside{bench.messages, bench.disk,   bench.host,    inet,
-                        bench.window,   bench.events, bench.siteDisk};
-        bench.siteResults = {};
-        web::WebCheck(bench.siteResults, bench.state, bench.settings, options, outside, "")
-            .perform();
+        settings.profile.START_PATH = ToBackSlashes(site.write("index.html", page).string());
+        siteResults = {};
+        web::WebCheck(siteResults, state, settings, options, online, "").perform();
     }
     /// "error moved 301 -> http://..." for what was found on a line; several follow each other.
     std::string foundOn(std::size_t line) const {
         std::string text;
-        for (const Finding& finding : bench.siteResults.findings) {
+        for (const Finding& finding : siteResults.findings) {
             if (finding.at.line == line) {
                 text +=
                     std::string(nameOf(finding.level)) + " " + std::string(nameOf(finding.kind));
@@ -54,12 +48,8 @@ struct LinkBench {
         }
         return text;
     }
-    int reported(const std::string& what) { return server.reported(inet, what); }
 
-    WebServer server;
-    RunBench bench;
     web::WebOptions options;
-    Inet inet;
 };
 
 struct LinkRow {
@@ -69,10 +59,8 @@ struct LinkRow {
 
 void expectRows(LinkBench& bench, const std::vector<LinkRow>& rows) {
     std::vector<std::string> links;
-    links.reserve(rows.size());
-    for (const LinkRow& row : rows) {
-        links.push_back(row.link);
-    }
+    std::transform(rows.begin(), rows.end(), std::back_inserter(links),
+                   std::mem_fn(&LinkRow::link));
     bench.check(links);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         EXPECT_EQ(bench.foundOn(i + 1), rows[i].found) << rows[i].link;
@@ -131,8 +119,8 @@ TEST(LinkCheck, JudgesEachAnswer) {
                       });
     EXPECT_EQ(bench.reported("HEAD /page"), 6); // Once for itself, and for five redirects.
     EXPECT_EQ(bench.reported("/page"), 0);
-    EXPECT_EQ(bench.bench.siteResults.ignored.size(), 2U);
-    EXPECT_EQ(bench.bench.siteResults.addresses.size(), 40U);
+    EXPECT_EQ(bench.siteResults.ignored.size(), 2U);
+    EXPECT_EQ(bench.siteResults.addresses.size(), 40U);
 }
 
 TEST(LinkCheck, WaitsAsLongAsServersWish) {
@@ -202,27 +190,24 @@ TEST(LinkCheck, LooksForFragmentsInPages) {
 
 TEST(LinkCheck, AsksEachHostForFourAtOnce) {
     LinkBench bench;
-    std::vector<LinkRow> rows;
-    rows.reserve(40);
+    std::vector<std::string> links;
     for (int i = 0; i < 40; ++i) {
-        rows.push_back({bench.server.url("/slow/8/4/" + std::to_string(i),
-                                         "127.0.0." + std::to_string(1 + i % 2)),
-                        ""});
+        const std::string host = "127.0.0." + std::to_string(1 + i % 2);
+        links.push_back(bench.server.url("/slow/8/4/" + std::to_string(i), host));
     }
-    expectRows(bench, rows);
+    bench.check(links);
+    EXPECT_TRUE(bench.siteResults.findings.empty());
     EXPECT_EQ(bench.reported("to one host"), 4);
     EXPECT_EQ(bench.reported("in all"), 8);
 }
 
 TEST(LinkCheck, StopKeepsWhatWasJudged) {
     LinkBench bench;
-    bench.bench.events.hook = [&bench] {
-        bench.bench.state.abort = !bench.bench.siteResults.addresses.empty();
-    };
+    bench.events.hook = [&bench] { bench.state.abort = !bench.siteResults.addresses.empty(); };
     bench.check({bench.server.url("/status/404"), bench.server.url("/never")});
     EXPECT_EQ(bench.foundOn(1), "error address-missing 404");
     EXPECT_EQ(bench.foundOn(2), "");
-    EXPECT_EQ(bench.bench.siteResults.ignored.size(), 1U);
+    EXPECT_EQ(bench.siteResults.ignored.size(), 1U);
 }
 
 TEST(LinkCheck, LooksIntoNoPrivateNetwork) {

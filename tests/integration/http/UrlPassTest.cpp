@@ -1,7 +1,5 @@
 #include "classic/verify/ReferencePasses.h"
 #include "integration/http/WebServer.h"
-#include "platform/http/Inet.h"
-#include "support/RunFakes.h"
 
 #include <algorithm>
 #include <chrono>
@@ -20,30 +18,23 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// One URL pass with the real fetcher, and the server that it meets.
-struct UrlPass {
-    explicit UrlPass(const FetchLimits& limits = {}) : inet(bench.events, bench.state, limits) {}
+/// One URL pass over ignored references.
+struct UrlPass : WebBench {
+    explicit UrlPass(const FetchLimits& limits = {}) : WebBench(limits) {}
 
     void ignore(const Lines& urls) {
         for (const std::string& url : urls) {
-            bench.lists.IgnoredReferences.Append(url);
-            bench.lists.IgnoredReferencesFrom.Append("from " + url);
+            lists.IgnoredReferences.Append(url);
+            lists.IgnoredReferencesFrom.Append("from " + url);
         }
     }
     void check() {
-        Outside outside{bench.messages, bench.disk,   bench.host,    inet,
-                        bench.window,   bench.events, bench.siteDisk};
-        RunContext context{bench.lists, bench.state, bench.settings, outside, ""};
-        FiledReferences references(bench.lists);
-        LineIndex files(bench.lists.FileList, NameComparison::Exact);
-        ReferencePasses(context, bench.limit, references, files).checkURLs();
+        RunContext reaching{lists, state, settings, online, ""};
+        FiledReferences references(lists);
+        LineIndex files(lists.FileList, NameComparison::Exact);
+        ReferencePasses(reaching, limit, references, files).checkURLs();
     }
-    int passed() const { return bench.lists.ReferenceList.Count(); }
-    int reported(const std::string& what) { return server.reported(inet, what); }
-
-    WebServer server;
-    RunBench bench;
-    Inet inet;
+    int passed() const { return lists.ReferenceList.Count(); }
 };
 
 Lines fromLines(Lines lines) {
@@ -69,8 +60,8 @@ TEST(UrlPass, GivesEachAnswerItsResultAndMessageInOrder) {
         {"scheme in capitals", "HTTP" + server.url("/page/2").substr(4), Answer::Passes},
         {"blank and bytes beyond ASCII", server.url("/page/a b\xe9"), Answer::Passes},
         {"fragment", server.url("/page/3#part"), Answer::Passes},
-        {"404 by status alone", server.url("/missing"), Answer::Passes},
-        {"404 with the text", server.url("/missing/text"), Answer::Fails},
+        {"404 by status alone", server.url("/status/404"), Answer::Passes},
+        {"404 with the text", server.url("/missing"), Answer::Fails},
         {"200 with the text", server.url("/lie"), Answer::Fails},
         {"text within a gzip stream", server.url("/zipped"), Answer::Fails},
         {"text in two pieces", server.url("/split"), Answer::Fails},
@@ -105,11 +96,11 @@ TEST(UrlPass, GivesEachAnswerItsResultAndMessageInOrder) {
         }
     }
     pass.check();
-    EXPECT_EQ(pass.bench.messages.normals, messages);
-    EXPECT_EQ(linesOf(pass.bench.lists.ReferenceList), references);
-    EXPECT_EQ(linesOf(pass.bench.lists.ReferenceListFrom), fromLines(references));
-    EXPECT_EQ(linesOf(pass.bench.lists.IgnoredReferences), ignored);
-    EXPECT_EQ(linesOf(pass.bench.lists.IgnoredReferencesFrom), fromLines(ignored));
+    EXPECT_EQ(pass.messages.normals, messages);
+    EXPECT_EQ(linesOf(pass.lists.ReferenceList), references);
+    EXPECT_EQ(linesOf(pass.lists.ReferenceListFrom), fromLines(references));
+    EXPECT_EQ(linesOf(pass.lists.IgnoredReferences), ignored);
+    EXPECT_EQ(linesOf(pass.lists.IgnoredReferencesFrom), fromLines(ignored));
     EXPECT_EQ(pass.reported("/page/a%20b%e9"), 1);
     EXPECT_EQ(pass.reported("/never"), 1);
 }
@@ -163,14 +154,13 @@ TEST(UrlPass, StopEndsItAtOnce) {
     const std::string page = pass.server.url("/page");
     pass.ignore({page, pass.server.url("/never"), pass.server.url("/page/2")});
     int waits = 0; // For the host that never answers.
-    pass.bench.events.hook = [&] {
+    pass.events.hook = [&] {
         waits += pass.passed() == 1 ? 1 : 0;
-        pass.bench.state.abort = waits >= 5;
+        pass.state.abort = waits >= 5;
     };
     pass.check();
     EXPECT_EQ(waits, 5);
-    EXPECT_THAT(pass.bench.messages.normals,
-                ::testing::ElementsAre("Check For " + page + " Passed"));
+    EXPECT_THAT(pass.messages.normals, ::testing::ElementsAre("Check For " + page + " Passed"));
 }
 
 /// What the program has allocated and not freed.
@@ -196,7 +186,7 @@ TEST(UrlPass, KeepsItsMemoryWhateverArrivesAhead) {
     }
     const std::size_t before = allocated();
     std::size_t most = before;
-    pass.bench.events.hook = [&most] { most = std::max(most, allocated()); };
+    pass.events.hook = [&most] { most = std::max(most, allocated()); };
     pass.check();
     EXPECT_LT(most - before, std::size_t{32} * 1024 * 1024);
     EXPECT_EQ(pass.passed(), 25);

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "run/UrlFetcher.h"
+#include "platform/http/Inet.h"
 #include "support/Process.h"
+#include "support/RunFakes.h"
 
 #include <chrono>
 #include <optional>
@@ -29,27 +30,6 @@ public:
     }
     std::string tlsUrl() const { return "https://localhost:" + std::to_string(tlsPort_) + "/page"; }
 
-    /// What the server says of the path, or of the most requests at once.
-    int reported(UrlFetcher& inet, const std::string& what) const {
-        struct Text : BodyReader {
-            void begin() override { text.clear(); }
-            bool take(std::string_view bytes) override {
-                text += bytes;
-                return true;
-            }
-            std::string text;
-        } report;
-        inet.expect({}, {});
-        inet.OpenURL({url("/report"), &report});
-        std::istringstream lines(report.text);
-        for (std::string line; std::getline(lines, line);) {
-            if (line.substr(line.find(' ') + 1) == what) {
-                return std::stoi(line);
-            }
-        }
-        return 0;
-    }
-
 private:
     /// Of what the server prints, once it listens; empty if it ended before.
     std::string firstLine() {
@@ -70,6 +50,36 @@ private:
     int port_ = 0;
     int tlsPort_ = 0;
     std::optional<Process> process_;
+};
+
+/// A run with the real fetcher, and the server that it meets.
+struct WebBench : RunBench {
+    explicit WebBench(const FetchLimits& limits) : inet(events, state, limits) {}
+
+    /// What the server says of the path, or of the most requests at once.
+    int reported(const std::string& what) {
+        struct Text : BodyReader {
+            void begin() override { text.clear(); }
+            bool take(std::string_view bytes) override {
+                text += bytes;
+                return true;
+            }
+            std::string text;
+        } report;
+        inet.expect({}, {});
+        inet.OpenURL({server.url("/report"), &report});
+        std::istringstream lines(report.text);
+        for (std::string line; std::getline(lines, line);) {
+            if (line.substr(line.find(' ') + 1) == what) {
+                return std::stoi(line);
+            }
+        }
+        return 0;
+    }
+
+    WebServer server;
+    Inet inet;
+    Outside online{messages, disk, host, inet, window, events, siteDisk};
 };
 
 } // namespace quillmark::test

@@ -1,20 +1,6 @@
 #include "windows/help/frmHelp.h"
 #include "windows/shared/Theme.h"
 #include "windows/support/TestContext.h"
-#include "windows/support/WindowTest.h"
-
-#include <QDialog>
-#include <QDir>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QTest>
-#include <QTextBrowser>
-#include <QToolButton>
-#include <QWindow>
-
-#include <array>
-#include <memory>
 
 namespace quillmark::test {
 
@@ -55,16 +41,17 @@ private slots:
              {" quad  eight ", "-, Boats, -", "1 of 3 pages"},
              {"here", "Start here, -, -", "1 of 3 pages"}, // A word of the title.
              {"href", "-, -, -", "0 of 3 pages"}}};        // A tag is no word.
-        const auto& contents = *control<QListWidget>("lstContents");
+        const auto& contents = control<QListWidget>("lstContents");
         for (const auto& [typed, shown, count] : rows) {
-            control<QLineEdit>("txtSearch")->clear();
-            QTest::keyClicks(control<QLineEdit>("txtSearch"), typed);
+            auto& search = control<QLineEdit>("txtSearch");
+            search.clear();
+            QTest::keyClicks(&search, typed);
             QStringList left;
             for (int row = 0; row < contents.count(); ++row) {
                 left += contents.item(row)->isHidden() ? "-" : contents.item(row)->text();
             }
             QCOMPARE(left.join(", "), shown);
-            QCOMPARE(control<QLabel>("lblFound")->text(), count);
+            QCOMPARE(control<QLabel>("lblFound").text(), count);
         }
     }
 
@@ -74,16 +61,17 @@ private slots:
         QTest::keyClicks(window_->focusWidget(), "quad");
         QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
         QCOMPARE(page(), "boats.html");
-        QCOMPARE(text()->extraSelections().size(), 1);
-        QCOMPARE(text()->extraSelections().first().cursor.selectedText(), "quad");
+        QCOMPARE(text().extraSelections().size(), 1);
+        QCOMPARE(text().extraSelections().first().cursor.selectedText(), "quad");
     }
 
     void pagesAreTurned() {
-        QVERIFY(!control<QToolButton>("cmdBack")->isEnabled());
+        auto& contents = control<QListWidget>("lstContents");
+        QVERIFY(!control("cmdBack").isEnabled());
         clickText("Locks");
         QCOMPARE(page(), "river.html");
-        QCOMPARE(control<QListWidget>("lstContents")->currentItem()->text(), "River");
-        QTest::keyClick(control<QListWidget>("lstContents"), Qt::Key_Up);
+        QCOMPARE(contents.currentItem()->text(), "River");
+        QTest::keyClick(&contents, Qt::Key_Up);
         QCOMPARE(page(), "boats.html");
         for (const auto& [button, file] :
              {std::pair("cmdBack", "river.html"), std::pair("cmdForward", "boats.html"),
@@ -93,7 +81,7 @@ private slots:
         }
         clickText("Locks");
         clickText("Outside");
-        QCOMPARE(shell_.opened, std::vector<std::string>{"http://a.example/b?c"});
+        QCOMPARE(shell_.opened, Lines{"http://a.example/b?c"});
         QCOMPARE(page(), "river.html");
     }
 
@@ -101,7 +89,7 @@ private slots:
         applyTheme(*qApp, ThemeChoice::Dark);
         QTRY_COMPARE(colorOf("Locks"), darkPalette().color(QPalette::Link));
         open(folder_->path() / "no <such> folder");
-        QVERIFY(text()->toPlainText().contains("no <such> folder"));
+        QVERIFY(text().toPlainText().contains("no <such> folder"));
         applyTheme(*qApp, ThemeChoice::Light);
         QTRY_COMPARE(colorOf("The help is not here"), lightPalette().color(QPalette::Link));
     }
@@ -132,25 +120,24 @@ private:
         window_->showPage("index.html");
         QVERIFY(QTest::qWaitForWindowExposed(window_.get(), Patience));
     }
-    template <typename Control> Control* control(const char* name) const {
-        return window_->findChild<Control*>(name);
+    template <typename Control = QWidget> Control& control(const char* name) const {
+        return child<Control>(*window_, name);
     }
-    QTextBrowser* text() const { return control<QTextBrowser>("HelpText"); }
-    QString page() const { return text()->source().fileName(); }
+    QTextBrowser& text() const { return control<QTextBrowser>("HelpText"); }
+    QString page() const { return text().source().fileName(); }
     /// As the window system does it, which lets no click through to a window that has to wait.
     void press(const char* name) const {
-        const auto* button = control<QToolButton>(name);
+        const QWidget& button = control(name);
         QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {},
-                          button->mapTo(window_.get(), button->rect().center()));
+                          button.mapTo(window_.get(), button.rect().center()));
     }
     QColor colorOf(const QString& word) const {
-        return text()->document()->find(word).charFormat().foreground().color();
+        return text().document()->find(word).charFormat().foreground().color();
     }
     void clickText(const QString& word) const {
-        QTextCursor start = text()->document()->find(word);
+        QTextCursor start = text().document()->find(word);
         start.setPosition(start.selectionStart() + 1);
-        QTest::mouseClick(text()->viewport(), Qt::LeftButton, {},
-                          text()->cursorRect(start).center());
+        QTest::mouseClick(text().viewport(), Qt::LeftButton, {}, text().cursorRect(start).center());
     }
 
     std::unique_ptr<TempFolder> folder_;

@@ -4,15 +4,7 @@
 #include "settings/ProfileFile.h"
 #include "windows/results/ResultsTree.h"
 #include "windows/shared/ElidedLabel.h"
-#include "windows/support/Answers.h"
 #include "windows/support/TestProgram.h"
-#include "windows/support/WindowTest.h"
-
-#include <QAbstractItemView>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLineEdit>
-#include <QPushButton>
 
 namespace quillmark::test {
 
@@ -37,33 +29,22 @@ void prepare(TestProgram& program, const FtpLogin& login, const std::string& sta
 }
 
 /// Presses Start, chooses the profile and presses Start there. Returns at the run's end.
-void check(TestProgram& program) {
-    const WhenModal dialog(named("frmProfile"), [](QWidget& profile) {
+void check(const TestProgram& program) {
+    program.inProfileDialog([](QWidget& profile) {
         auto& profiles = child<QComboBox>(profile, "cmboProfiles");
         profiles.lineEdit()->selectAll();
         QTest::keyClicks(profiles.lineEdit(), "Host");
-        QTest::mouseClick(&child<QPushButton>(profile, "cmdStart"), Qt::LeftButton);
+        press(profile, "cmdStart");
     });
-    QTest::mouseClick(&program.control<QPushButton>("cmdStart"), Qt::LeftButton);
 }
 
-QStringList linesOf(QWidget& window, const char* list) {
-    QStringList lines;
-    const QAbstractItemModel& model = *child<QAbstractItemView>(window, list).model();
-    for (int i = 0; i < model.rowCount(); ++i) {
-        lines << model.index(i, 0).data().toString();
-    }
-    return lines;
-}
-
-/// Does something once a run has posted the text; without a text, once a run has begun.
+/// Does something once a run has posted the text.
 class WhenPosted : public QObject {
 public:
-    WhenPosted(TestProgram& program, const QString& text, const std::function<void()>& act) {
+    WhenPosted(const TestProgram& program, const QString& text, const std::function<void()>& act) {
         connect(&timer_, &QTimer::timeout, this, [this, &program, text, act] {
-            const bool running = program.control<QPushButton>("cmdStop").isEnabled();
-            const bool posted = linesOf(program.window(), "Message").contains(text);
-            if (running && (text.isEmpty() || posted)) {
+            const bool running = program.control("cmdStop").isEnabled();
+            if (running && program.messages().contains(text)) {
                 timer_.stop();
                 act();
             }
@@ -75,12 +56,12 @@ private:
     QTimer timer_;
 };
 
-/// What the run had still to say after Stop, up to and without its end.
-QStringList saidAfterStop(TestProgram& program) {
-    QStringList lines = linesOf(program.window(), "Message");
-    const qsizetype stop = lines.indexOf("Stopping Quillmark...Please Wait");
-    const bool aborted = !lines.isEmpty() && lines.takeLast() == "Quillmark Aborted";
-    return stop >= 0 && aborted ? lines.mid(stop + 1) : QStringList("not stopped");
+/// How many messages the run still had after Stop, without its end; -1 if nothing stopped it.
+qsizetype saidAfterStop(const TestProgram& program) {
+    const QStringList messages = program.messages();
+    const qsizetype stop = messages.indexOf("Stopping Quillmark...Please Wait");
+    const bool aborted = stop >= 0 && messages.last() == "Quillmark Aborted";
+    return aborted ? messages.size() - stop - 2 : -1;
 }
 
 } // namespace
@@ -94,13 +75,13 @@ private slots:
         TestProgram program;
         prepare(program, server.login(), std::string(QUILLMARK_EXAMPLE) + "/index.html");
         check(program);
-        QTRY_VERIFY(linesOf(program.window(), "Message").contains("Quillmark Finished"));
+        QTRY_VERIFY(program.messages().contains("Quillmark Finished"));
         QCOMPARE(program.control<QGroupBox>("Frame2").title(),
                  "Host Directory Listing (7 Entries)");
-        auto& trace = child<QWidget>(program.window(), "frmDebug");
-        QVERIFY(trace.isVisible());
-        QTRY_VERIFY(linesOf(trace, "DebugList").contains("Quillmark : Quillmark Finished"));
-        QVERIFY(linesOf(trace, "DebugList").size() <= 52);
+        QVERIFY(program.control("frmDebug").isVisible());
+        const auto& trace = program.control<QAbstractItemView>("DebugList");
+        QTRY_VERIFY(rowsOf(trace).contains("Quillmark : Quillmark Finished"));
+        QVERIFY(rowsOf(trace).size() <= 52);
     }
 
     void asksOnceWhomToTrust() {
@@ -122,17 +103,16 @@ private slots:
             check(program);
             QVERIFY2(question.text().contains(shown), qPrintable(question.text()));
             const QString end = yes ? "Quillmark Finished" : "Quillmark Aborted";
-            QTRY_VERIFY(linesOf(program.window(), "Message").contains(end));
-            const QStringList messages = linesOf(program.window(), "Message");
-            QCOMPARE(messages.contains("Unable to connect"), !yes);
-            QVERIFY(!messages.contains("Stopping Quillmark...Please Wait"));
+            QTRY_VERIFY(program.messages().contains(end));
+            QCOMPARE(program.messages().contains("Unable to connect"), !yes);
+            QVERIFY(!program.messages().contains("Stopping Quillmark...Please Wait"));
             QCOMPARE(program.folder.read("Host.pro").find("#TRUSTED=" + server.fingerprint()) !=
                          std::string::npos,
                      yes);
         }
         const Answer none(QMessageBox::No);
         check(program);
-        QTRY_VERIFY(linesOf(program.window(), "Message").contains("Quillmark Finished"));
+        QTRY_VERIFY(program.messages().contains("Quillmark Finished"));
         QVERIFY(!none.acted());
     }
 
@@ -142,19 +122,19 @@ private slots:
         prepare(program, server.login(), "/index.html");
         // The listing is what stalls; before it, an abort has words of its own.
         const WhenPosted stop(program, "Getting Directory For /", [&program] {
-            QVERIFY(!program.control<QPushButton>("cmdStart").isEnabled());
+            QVERIFY(!program.control("cmdStart").isEnabled());
             QCOMPARE(program.window().windowTitle(), "Quillmark checking...");
             QCOMPARE(program.window().focusWidget()->objectName(), "cmdStop");
             QCOMPARE(program.control<ElidedLabel>("lblOnShow").text(), "Checking Host");
-            QTest::mouseClick(&program.control<QPushButton>("cmdStop"), Qt::LeftButton);
+            press(program.window(), "cmdStop");
         });
         check(program);
         // A deaf run would tell of the host's silence first.
-        QTRY_COMPARE(saidAfterStop(program), QStringList());
+        QTRY_COMPARE(saidAfterStop(program), 0);
         QCOMPARE(program.control<ResultsTree>("ListView1").emptyText(),
                  "The check was stopped. Choose a list to see what was found until then");
-        QVERIFY(program.control<QPushButton>("cmdStart").isEnabled());
-        QVERIFY(program.control<QPushButton>("cmdSave").isEnabled());
+        QVERIFY(program.control("cmdStart").isEnabled());
+        QVERIFY(program.control("cmdSave").isEnabled());
         program.control<QAction>("mnuShowPage").trigger();
         QCOMPARE(program.shell.opened.size(), 1U);
         const std::string page = program.folder.read("Quillmark-results.html");
@@ -175,42 +155,30 @@ private slots:
         QVERIFY(!program.window().isVisible());
     }
 
-    void staysAliveInALocalRun() {
+    void staysAliveInALocalRunAndStops() {
         TestProgram program;
-        TempFolder site;
-        std::string page;
-        for (int i = 0; i < 50; ++i) {
-            page.append("<a href=\"page").append(std::to_string(i * 12)).append(".html\">\r\n");
-        }
-        for (int i = 0; i < 600; ++i) {
-            site.write("page" + std::to_string(i) + ".html", page + "\r\n");
-        }
-        prepare(program, {}, ToBackSlashes(site.path().string()) + "\\page0.html");
-        int turns = 0;
-        QTimer beat;
-        connect(&beat, &QTimer::timeout, this,
-                [&] { turns += program.control<QPushButton>("cmdStop").isEnabled() ? 1 : 0; });
-        beat.start(0);
-        check(program);
-        QVERIFY2(turns > 3, qPrintable(QString::number(turns)));
-    }
-
-    void stopsALocalRun() {
-        TestProgram program;
-        TempFolder site;
+        const TempFolder site;
         std::string links;
         for (int i = 0; i < 3000; ++i) {
             const std::string name = "page" + std::to_string(i) + ".html";
             site.write(name, "<a href=\"index.html\">\r\n\r\n");
             links += "<a href=\"" + name + "\">\r\n";
         }
-        site.write("index.html", links + "\r\n");
-        prepare(program, {}, ToBackSlashes(site.path().string()) + "\\index.html");
-        const WhenPosted stop(program, {}, [&program] {
-            QTest::mouseClick(&program.control<QPushButton>("cmdStop"), Qt::LeftButton);
+        const auto start = site.write("index.html", links + "\r\n");
+        prepare(program, {}, ToBackSlashes(start.string()));
+        int turns = 0;
+        QTimer beat;
+        connect(&beat, &QTimer::timeout, this, [&] {
+            turns += program.control("cmdStop").isEnabled() ? 1 : 0;
+            if (turns == 4) {
+                press(program.window(), "cmdStop");
+            }
         });
+        beat.start(0);
         check(program);
-        QTRY_VERIFY(saidAfterStop(program).size() < 10);
+        QTRY_VERIFY(program.messages().contains("Quillmark Aborted"));
+        const qsizetype said = saidAfterStop(program);
+        QVERIFY2(said >= 0 && said < 10, qPrintable(QString::number(said)));
     }
 };
 

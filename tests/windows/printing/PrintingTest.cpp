@@ -1,43 +1,19 @@
-#include "base/Failure.h"
-#include "support/Lists.h"
 #include "windows/printing/ReportCommands.h"
 #include "windows/printing/ReportPages.h"
 #include "windows/printing/frmPrinting.h"
-#include "windows/support/Answers.h"
-#include "windows/support/Pictures.h"
+#include "windows/shared/Text.h"
 #include "windows/support/TestContext.h"
-#include "windows/support/WindowTest.h"
 
-#include <QLabel>
 #include <QPdfWriter>
-#include <QProcess>
 
 namespace quillmark::test {
 
-/// A printer that looks at the windows while it prints.
-class WatchingPrinter : public ReportPrinter {
-public:
-    bool available() const override { return true; }
-    void print(const QStringList& lines) override {
-        printed = lines;
-        auto& notice = *owner.findChild<frmPrinting*>();
-        noticed = notice.isVisible() ? notice.findChild<QLabel*>()->text() : QString();
-        keepPicture(notice, "printing");
-        if (refuses) {
-            throw printerError();
-        }
-    }
-
-    QWidget owner;
-    QStringList printed;
-    QString noticed;
-    bool refuses = false;
-};
+namespace {
 
 /// The pages that the lines fill, as text.
-static QStringList printedPages(const QStringList& lines, QPageSize::PageSizeId size) {
+QStringList printedPages(const QStringList& lines, QPageSize::PageSizeId size) {
     const TempFolder folder;
-    const QString file = QString::fromStdString((folder.path() / "pages.pdf").string());
+    const QString file = shown((folder.path() / "pages.pdf").string());
     {
         QPdfWriter writer(file);
         writer.setPageSize(QPageSize(size));
@@ -50,22 +26,19 @@ static QStringList printedPages(const QStringList& lines, QPageSize::PageSizeId 
                                     : QStringList();
 }
 
-/// Everything that a command needs, with one found file to report.
-struct CommandBench {
+/// Everything that the commands need, with one found file to report.
+struct CommandBench : TestContext {
     CommandBench() {
-        parts.workspace.settings.configuration.SAVE_FILE = 1;
-        parts.workspace.lists.FileList.Append("/www/\xE4.html");
+        workspace.settings.configuration.SAVE_FILE = 1;
+        workspace.lists.FileList.Append("/www/\xE4.html");
     }
+    std::filesystem::path pathOf(const char* name) const { return folder.path() / name; }
 
-    Lines messages() const { return linesOf(parts.workspace.lists.Message); }
-    std::string pathOf(const char* name) const { return (parts.folder.path() / name).string(); }
-
-    TestContext parts;
-    WatchingPrinter watching;
-    WindowContext watched{parts.workspace, parts.files,        parts.messages, parts.progress,
-                          parts.disk,      parts.ftp,          parts.shell,    parts.dialogs,
-                          watching,        parts.folder.path()};
+    QWidget owner;
+    ReportCommands commands{context, &owner};
 };
+
+} // namespace
 
 class PrintingTest : public QObject {
     Q_OBJECT
@@ -99,92 +72,96 @@ private slots:
 
     void reportIsSaved() {
         CommandBench bench;
-        bench.parts.dialogs.answers = {bench.parts.folder.path() / "my report.txt", std::nullopt,
-                                       bench.parts.folder.path() / "missing" / "r.txt",
-                                       "/dev/full"};
-        const auto save = [&bench] { ReportCommands(bench.parts.context, nullptr).Save(); };
-        save();
-        const std::string report = bench.parts.folder.read("my report.txt");
+        bench.dialogs.answers = {bench.pathOf("my report.txt"), std::nullopt,
+                                 bench.pathOf("missing") / "r.txt", "/dev/full"};
+        bench.commands.Save();
+        const std::string report = bench.folder.read("my report.txt");
         QVERIFY(report.find("/www/\xE4.html\r\n") != std::string::npos);
-        const Lines written{"File " + bench.pathOf("my report.txt") + " Written"};
-        QCOMPARE(bench.messages(), written);
-        QCOMPARE(bench.parts.dialogs.asked.front().proposed.string(), "Quillmark");
-        QCOMPARE(bench.parts.dialogs.asked.front().extension, "txt");
+        const Lines written{"File " + bench.pathOf("my report.txt").string() + " Written"};
+        QCOMPARE(bench.messages.normals, written);
+        QCOMPARE(bench.dialogs.asked.front().proposed.string(), "Quillmark");
+        QCOMPARE(bench.dialogs.asked.front().extension, "txt");
         for (int i = 0; i < 3; ++i) { // What is not saved ends without a word.
-            save();
+            bench.commands.Save();
         }
-        QVERIFY(bench.parts.dialogs.answers.empty());
-        QCOMPARE(bench.messages(), written);
+        QVERIFY(bench.dialogs.answers.empty());
+        QCOMPARE(bench.messages.normals, written);
     }
 
     void pageIsSavedAndShown() {
         CommandBench bench;
-        bench.parts.dialogs.answers = {bench.parts.folder.path() / "my page.html"};
-        ReportCommands commands(bench.parts.context, nullptr);
-        bench.parts.workspace.settings.profile.START_PATH = "\\www\\index.html";
-        commands.keepSettings();
-        bench.parts.workspace.settings.profile.START_PATH = "\\elsewhere\\index.html";
-        commands.SaveAsPage();
-        QCOMPARE(bench.messages(), Lines{"File " + bench.pathOf("my page.html") + " Written"});
-        const std::string page = bench.parts.folder.read("my page.html");
+        const auto chosen = bench.pathOf("my page.html");
+        bench.dialogs.answers = {chosen};
+        bench.workspace.settings.profile.START_PATH = "\\www\\index.html";
+        bench.commands.keepSettings();
+        bench.workspace.settings.profile.START_PATH = "\\elsewhere\\index.html";
+        bench.commands.SaveAsPage();
+        QCOMPARE(bench.messages.normals, Lines{"File " + chosen.string() + " Written"});
+        const std::string page = bench.folder.read("my page.html");
         QVERIFY(page.find("\"top\":\"/www/\"") != std::string::npos);
         QVERIFY(page.find("\\\\xE4.html") != std::string::npos);
-        commands.ShowAsPage();
-        QCOMPARE(bench.parts.shell.opened,
-                 Lines{ToBackSlashes(bench.pathOf("Quillmark-results.html"))});
-        QVERIFY(bench.parts.folder.read("Quillmark-results.html").ends_with("</html>\n"));
+        bench.commands.ShowAsPage();
+        QCOMPARE(bench.shell.opened,
+                 Lines{ToBackSlashes(bench.pathOf("Quillmark-results.html").string())});
+        QVERIFY(bench.folder.read("Quillmark-results.html").ends_with("</html>\n"));
     }
 
     void failedPagesAreTold() {
         CommandBench bench;
-        bench.parts.dialogs.answers = {"/dev/full"};
-        std::filesystem::create_directory(bench.parts.folder.path() / "Quillmark-results.html");
-        ReportCommands commands(bench.parts.context, nullptr);
+        bench.dialogs.answers = {"/dev/full"};
+        std::filesystem::create_directory(bench.pathOf("Quillmark-results.html"));
         const Answer full(QMessageBox::Ok);
-        commands.SaveAsPage();
+        bench.commands.SaveAsPage();
         QCOMPARE(full.text(), QString("An error has occurred: Disk full"));
         const Answer folder(QMessageBox::Ok);
-        commands.ShowAsPage();
+        bench.commands.ShowAsPage();
         QVERIFY(folder.text().startsWith("An error has occurred: "));
-        QVERIFY(bench.parts.shell.opened.empty());
-        QVERIFY(bench.messages().empty());
+        QVERIFY(bench.shell.opened.empty());
+        QVERIFY(bench.messages.normals.empty());
     }
 
     void reportIsPrinted() {
         CommandBench bench;
-        bench.parts.folder.write("Quillmark.tmp", "an older report" + std::string(9999, '.'));
-        ReportCommands commands(bench.watched, &bench.watching.owner);
-        commands.Print();
-        QTRY_COMPARE(bench.messages(), Lines{"Printing Completed"});
-        QCOMPARE(bench.watching.noticed, QString("Printing...Please Wait"));
+        bench.folder.write("Quillmark.tmp", "an older report" + std::string(9999, '.'));
+        QString noticed;
+        bench.printer.whilePrinting = [&] {
+            auto& notice = *bench.owner.findChild<frmPrinting*>();
+            noticed = notice.isVisible() ? notice.findChild<QLabel*>()->text() : QString();
+            keepPicture(notice, "printing");
+        };
+        bench.commands.Print();
+        QTRY_COMPARE(bench.messages.normals, Lines{"Printing Completed"});
+        QCOMPARE(noticed, QString("Printing...Please Wait"));
         QVERIFY(QApplication::activeModalWidget() == nullptr);
-        QCOMPARE(bench.watching.printed.value(0), QString("Quillmark Version 3.5.0"));
-        QVERIFY(bench.watching.printed.contains(QString("/www/") + QChar(0xE4) + ".html"));
-        QCOMPARE(bench.watching.printed.join("\r\n").size() + 2,
-                 qsizetype(bench.parts.folder.read("Quillmark.tmp").size()));
-        commands.Print();
-        QTRY_COMPARE(bench.messages().size(), 2U);
+        const QStringList& printed = bench.printer.printed.front();
+        QCOMPARE(printed.value(0), QString("Quillmark Version 3.5.0"));
+        QVERIFY(printed.contains(QString("/www/") + QChar(0xE4) + ".html"));
+        QCOMPARE(printed.join("\r\n").size() + 2,
+                 qsizetype(bench.folder.read("Quillmark.tmp").size()));
+        bench.commands.Print();
+        QTRY_COMPARE(bench.messages.normals.size(), 2U);
     }
 
     void failedPrintsAreTold() {
         CommandBench bench;
-        const auto said = [&bench](const WindowContext& context) {
+        const auto said = [&bench] {
             const Answer answer(QMessageBox::Ok);
-            ReportCommands commands(context, &bench.watching.owner);
-            commands.Print();
+            bench.commands.Print();
             static_cast<void>(QTest::qWaitFor([&answer] { return answer.acted(); }, Patience));
             return answer.text();
         };
-        bench.parts.printer.there = false;
-        QCOMPARE(said(bench.parts.context).toStdString(),
-                 "There is no default printer. The report is in " + bench.pathOf("Quillmark.tmp"));
-        QVERIFY(!bench.parts.folder.read("Quillmark.tmp").empty());
-        bench.watching.refuses = true;
-        QCOMPARE(said(bench.watched), QString("An error has occurred: Printer error"));
-        std::filesystem::remove(bench.parts.folder.path() / "Quillmark.tmp");
-        std::filesystem::create_directory(bench.parts.folder.path() / "Quillmark.tmp");
-        QVERIFY(said(bench.watched).startsWith("An error has occurred: Disk failure"));
-        QVERIFY(bench.messages().empty());
+        const auto report = bench.pathOf("Quillmark.tmp");
+        bench.printer.there = false;
+        QCOMPARE(said().toStdString(),
+                 "There is no default printer. The report is in " + report.string());
+        QVERIFY(!bench.folder.read("Quillmark.tmp").empty());
+        bench.printer.there = true;
+        bench.printer.whilePrinting = [] { throw printerError(); };
+        QCOMPARE(said(), QString("An error has occurred: Printer error"));
+        std::filesystem::remove(report);
+        std::filesystem::create_directory(report);
+        QVERIFY(said().startsWith("An error has occurred: Disk failure"));
+        QVERIFY(bench.messages.normals.empty());
     }
 };
 

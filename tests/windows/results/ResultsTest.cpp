@@ -1,47 +1,14 @@
-#include "support/Lists.h"
-#include "support/RunFakes.h"
 #include "ui/results/ItemActions.h"
 #include "windows/results/DisplayFrame.h"
 #include "windows/results/ResultsTree.h"
-#include "windows/support/Answers.h"
 #include "windows/support/TestContext.h"
-#include "windows/support/WindowTest.h"
 
-#include <QClipboard>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QHelpEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QToolTip>
-#include <QTreeView>
-
-#include <filesystem>
-#include <memory>
 #include <new>
 #include <stdexcept>
-#include <utility>
 
 namespace quillmark::test {
 
 namespace fs = std::filesystem;
-
-/// A host that refuses every deletion.
-class RefusingHost : public FolderHost {
-public:
-    void removeDirectory(std::string_view directory) override {
-        throw Failure(1099, "No " + std::string(directory));
-    }
-};
-
-/// Lets something happen while a list is being built, as the real indicator does.
-class HookedProgress : public QuietProgress {
-public:
-    void UpdateThinking(int /*current*/, int /*total*/) override {
-        std::exchange(hook, [] {})();
-    }
-    std::function<void()> hook = [] {};
-};
 
 /// The frame over a small local site.
 struct Bench {
@@ -66,22 +33,13 @@ struct Bench {
         return (all.folder.path() / "site" / name).string();
     }
     std::string backslashed(const std::string& name) const { return ToBackSlashes(site(name)); }
-    template <typename Kind> Kind& the(const char* name) { return *frame.findChild<Kind*>(name); }
+    template <typename Kind> Kind& the(const char* name) { return child<Kind>(frame, name); }
     QTreeView& view() { return the<QTreeView>("ListView1"); }
     QString caption() { return the<QGroupBox>("Frame2").title(); }
-    void choose(const char* selector, int entry) {
-        QTest::keyClick(&the<QComboBox>(selector), Qt::Key_Home);
-        for (int i = 0; i < entry; ++i) {
-            QTest::keyClick(&the<QComboBox>(selector), Qt::Key_Down);
-        }
-    }
+    void choose(const char* selector, int entry) { test::choose(the<QComboBox>(selector), entry); }
     /// The file names of the rows' first column.
     QString rows() {
-        QStringList names;
-        for (int row = 0; row < view().model()->rowCount(); ++row) {
-            names += view().model()->index(row, 0).data().toString().section('/', -1);
-        }
-        return names.join(' ');
+        return rowsOf(view()).replaceInStrings(QRegularExpression(".*/"), "").join(' ');
     }
     QPoint middleOf(int row, int column = 0) {
         return view().visualRect(view().model()->index(row, column)).center();
@@ -115,15 +73,10 @@ struct Bench {
         QTest::mouseClick(&menu(), Qt::LeftButton, {},
                           menu().actionGeometry(&the<QAction>(command)).center());
     }
-    Lines messages() const { return linesOf(all.workspace.lists.Message); }
 
     TestContext all;
-    RefusingHost refusing;
-    HookedProgress progress;
-    WindowContext context{all.workspace, all.files, all.messages, progress,    all.disk,
-                          refusing,      all.shell, all.dialogs,  all.printer, all.folder.path()};
     int hostWorks = 0;
-    DisplayFrame frame{context, [this](const std::function<void()>& work) {
+    DisplayFrame frame{all.context, [this](const std::function<void()>& work) {
                            ++hostWorks;
                            work();
                        }};
@@ -164,10 +117,17 @@ private slots:
     }
 
     void theLastChoiceWinsWhileAListIsBuilt() {
-        bench_->progress.hook = [this] { bench_->choose("cmbDisplay", 2); };
+        int built = 0;
+        bench_->all.progress.onTitle = [this, &built](std::string_view /*title*/) {
+            if (++built == 1) {
+                bench_->choose("cmbDisplay", 2);
+            } else if (built == 3) {
+                bench_->frame.enterNoResults();
+            }
+        };
         bench_->choose("cmbDisplay", 1);
         QCOMPARE(bench_->caption(), "Host References (2 Files)");
-        bench_->progress.hook = [this] { bench_->frame.enterNoResults(); };
+        QCOMPARE(built, 2);
         bench_->choose("cmbDisplay", 1);
         QCOMPARE(bench_->caption() + bench_->rows(), "");
     }
@@ -232,12 +192,6 @@ private slots:
         bench_->view().selectAll();
         QCOMPARE(bench_->captionsOf(1).first(2),
                  QStringList({"Of the 4 selected rows, this one:", "|"}));
-        bench_->all.workspace.lists.UnusedList.Append(std::string(900, 'w'));
-        bench_->choose("cmbDisplay", 3);
-        bench_->rightClick(0);
-        QVERIFY(bench_->menu().width() < bench_->frame.screen()->size().width());
-        QVERIFY(bench_->the<QAction>("mnuViewURL1").toolTip().contains(QString(900, 'w')));
-        bench_->menu().close();
         bench_->all.workspace.run.localMode = false;
         bench_->all.workspace.run.baseUrl = "http://my.site";
         bench_->choose("cmbDisplay", 2);
@@ -245,7 +199,7 @@ private slots:
                  QStringList({"View http://my.site/x/two.gif", "Delete /x/two.gif", "|",
                               "View http://else.where/"}));
         bench_->press("mnuViewURL2", 1);
-        QCOMPARE(bench_->all.shell.opened, std::vector<std::string>{"http://else.where/"});
+        QCOMPARE(bench_->all.shell.opened, Lines{"http://else.where/"});
     }
 
     void doubleClickAndEnterViewTheCell() {
@@ -259,12 +213,8 @@ private slots:
             QTest::keyClick(&bench_->view(), key);
             QTest::keyClick(&bench_->view(), Qt::Key_Return);
         }
-        QStringList opened;
-        for (const std::string& target : bench_->all.shell.opened) {
-            opened += QString::fromStdString(target);
-        }
-        QCOMPARE(opened.join(" "),
-                 "\\x\\two.gif http://else.where/ (base file) \\x\\one.html (base file)");
+        QCOMPARE(bench_->all.shell.opened, (Lines{"\\x\\two.gif", "http://else.where/",
+                                                  "(base file)", "\\x\\one.html", "(base file)"}));
     }
 
     void aRowReachedByKeysIsSelected() {
@@ -307,11 +257,12 @@ private slots:
         }
     }
 
-    void toolTipsShowWhatLooksLikeMarkUp() {
+    void longNamesAndWhatLooksLikeMarkUpShowInToolTips() {
         const QString name = QString("<img src=x.gif>").repeated(40);
         bench_->all.workspace.lists.UnusedList.Append(name.toStdString());
         bench_->choose("cmbDisplay", 3);
         bench_->rightClick(0);
+        QVERIFY(bench_->menu().width() < bench_->frame.screen()->size().width());
         const QString ofMenu = bench_->the<QAction>("mnuViewURL1").toolTip();
         bench_->menu().close();
         for (const QString& tip : {bench_->tipOf(0), ofMenu}) {
@@ -329,28 +280,24 @@ private slots:
             QCOMPARE(fs::exists(file), button == QMessageBox::No);
         }
         QCOMPARE(bench_->rows(), "b.html a&b.gif \u00E9.html A.TXT");
-        QVERIFY(bench_->messages().empty());
+        QVERIFY(bench_->all.messages.normals.empty());
     }
 
     /// A folder stays on the disk, and on a host that refuses.
     void tellsWhatIsNotDeleted() {
         const fs::path inside = bench_->all.folder.write("site/img/x.gif", "x");
+        bench_->all.host.lostAt = bench_->site("img/");
         bench_->frame.ShowResults();
         for (const bool local : {true, false}) {
             bench_->all.workspace.run.localMode = local;
-            QString told;
-            const Answer yes(QMessageBox::Yes);
-            const WhenModal error([&yes](QWidget&) { return yes.acted(); },
-                                  [&told](QWidget& box) {
-                                      told = dynamic_cast<QMessageBox&>(box).text();
-                                      box.close();
-                                  });
+            const YesAndError told;
             bench_->press("mnuDeleteFile1", 0);
-            const QString reason = local ? "File not found: /" : "No /";
-            QVERIFY2(told.startsWith("An error has occurred: " + reason), qPrintable(told));
+            const QString reason = local ? "File not found: /" : "Connection lost";
+            QVERIFY2(told.error.startsWith("An error has occurred: " + reason),
+                     qPrintable(told.error));
             QVERIFY(fs::exists(inside));
             QCOMPARE(bench_->hostWorks, local ? 0 : 1);
-            QVERIFY(!bench_->refusing.connected());
+            QVERIFY(!bench_->all.host.connected());
         }
     }
 
@@ -360,11 +307,11 @@ private slots:
         bench_->all.dialogs.answers = {std::nullopt, source, target};
         bench_->choose("cmbDisplay", 1);
         for (int i = 0; i < 3; ++i) {
-            QVERIFY(fs::exists(source) && bench_->messages().empty());
+            QVERIFY(fs::exists(source) && bench_->all.messages.normals.empty());
             QCOMPARE(bench_->all.folder.read("other/b.html"), "older");
             bench_->press("mnuMoveFile1", 0);
         }
-        QCOMPARE(bench_->messages(),
+        QCOMPARE(bench_->all.messages.normals,
                  Lines{"File " + bench_->backslashed("b.html") + " Moved To " + target.string()});
         QVERIFY(!fs::exists(source));
         QCOMPARE(bench_->all.folder.read("other/b.html"), "moved");

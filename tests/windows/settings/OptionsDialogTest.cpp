@@ -1,12 +1,5 @@
 #include "windows/settings/frmConfig2.h"
-#include "windows/support/Answers.h"
 #include "windows/support/TestContext.h"
-#include "windows/support/WindowTest.h"
-
-#include <QAction>
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QSignalSpy>
 
 namespace quillmark::test {
 
@@ -28,8 +21,8 @@ private slots:
     void okWritesWhatIsShown() {
         QVERIFY(box("chkSound").isChecked() && !box("chkDebug").isChecked());
         QTest::mouseClick(&box("chkTraceWindow"), Qt::LeftButton, {}, QPoint(8, 8));
-        QTest::keyClicks(dialog_->findChild<QLineEdit*>("txtFileMasks"), "class,.dot");
-        press("cmdOk");
+        QTest::keyClicks(&child<QLineEdit>(*dialog_, "txtFileMasks"), "class,.dot");
+        press(*dialog_, "cmdOk");
         QVERIFY(!dialog_->isVisible());
         const Configuration& configuration = all_->workspace.settings.configuration;
         QCOMPARE(configuration.SOUND, std::int16_t{1});
@@ -44,27 +37,24 @@ private slots:
     void onlyASuccessfulOkSaves() {
         const std::int16_t& debug = all_->workspace.settings.configuration.DEBUG;
         const QSignalSpy help(dialog_.get(), &frmConfig2::helpRequested);
-        dialog_->findChild<QAction*>("mnuHelp")->trigger();
+        child<QAction>(*dialog_, "mnuHelp").trigger();
         QCOMPARE(help.count(), 1);
         box("chkDebug").setChecked(true);
-        press("cmdCancel");
+        press(*dialog_, "cmdCancel");
         QVERIFY(!dialog_->isVisible());
         QCOMPARE(debug, std::int16_t{0});
         QVERIFY(!std::filesystem::exists(all_->folder.path() / "Quillmark.ini"));
         std::filesystem::create_directory(all_->folder.path() / "Quillmark.ini");
         dialog_->show();
         const Answer told(QMessageBox::Ok);
-        press("cmdOk");
+        press(*dialog_, "cmdOk");
         QVERIFY(told.text().startsWith("An error has occurred: "));
         QVERIFY(dialog_->isVisible());
         QCOMPARE(debug, std::int16_t{1});
     }
 
 private:
-    QCheckBox& box(const char* name) const { return *dialog_->findChild<QCheckBox*>(name); }
-    void press(const char* button) const {
-        QTest::mouseClick(dialog_->findChild<QPushButton*>(button), Qt::LeftButton);
-    }
+    QCheckBox& box(const char* name) const { return child<QCheckBox>(*dialog_, name); }
     std::unique_ptr<TestContext> all_;
     std::unique_ptr<frmConfig2> dialog_;
 };

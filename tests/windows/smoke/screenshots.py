@@ -15,7 +15,6 @@ from pathlib import Path
 from time import monotonic, sleep
 
 SOURCE = Path(__file__).resolve().parents[3]
-EXAMPLE = SOURCE / "examples" / "site" / "index.html"
 PATIENCE = 120
 
 
@@ -42,32 +41,33 @@ def xdotool(*words):
     return subprocess.run(["xdotool", *words], capture_output=True, text=True)
 
 
+def until(condition, problem):
+    """Waits until the condition has a true value, and returns that."""
+    end = monotonic() + PATIENCE
+    while not (result := condition()):
+        if monotonic() > end:
+            raise SystemExit(problem)
+        sleep(0.01)
+    return result
+
+
+def shown(title):
+    return xdotool("search", "--onlyvisible", "--name", f"^{title}$").stdout.split()
+
+
 def window(title):
     """The window of that title, once it is on the screen."""
-    end = monotonic() + PATIENCE
-    while monotonic() < end:
-        found = xdotool("search", "--onlyvisible", "--name", f"^{title}$").stdout.split()
-        if found:
-            return found[-1]
-        sleep(0.01)
-    raise SystemExit(f"no window {title!r} on the screen")
+    return until(lambda: shown(title), f"no window {title!r} on the screen")[-1]
 
 
 def focused(title):
     """Waits until the keys go to the window of that title."""
-    end = monotonic() + PATIENCE
-    while xdotool("getactivewindow", "getwindowname").stdout.strip() != title:
-        if monotonic() > end:
-            raise SystemExit(f"the window {title!r} does not get the keys")
-        sleep(0.05)
+    until(lambda: xdotool("getactivewindow", "getwindowname").stdout.strip() == title,
+          f"the window {title!r} does not get the keys")
 
 
 def gone(title):
-    end = monotonic() + PATIENCE
-    while xdotool("search", "--onlyvisible", "--name", f"^{title}$").stdout.split():
-        if monotonic() > end:
-            raise SystemExit(f"the window {title!r} stays")
-        sleep(0.05)
+    until(lambda: not shown(title), f"the window {title!r} stays")
 
 
 def keys(*names):
@@ -81,19 +81,19 @@ class Tour:
         self.to = Path(options.to)
         self.to.mkdir(parents=True, exist_ok=True)
         self.environment = {**os.environ, "QUILLMARK_FOLDER": folder, "XDG_RUNTIME_DIR": folder}
-        start = str(EXAMPLE).replace("/", "\\")
         # So many names that lead nowhere, each a line of the log, that the passes can be seen.
-        large = Path(folder) / "large" / "index.html"
-        large.parent.mkdir()
-        large.write_text("".join(f'<a href="gone{i}.gif">\r\n' for i in range(15000)) + "\r\n")
-        self.save_profile("Large site", "START_PATH=" + str(large).replace("/", "\\"))
-        self.save_profile("Example site", f"START_PATH={start}", "CHECK_DUPES=1", "IGNORE_VALUE=1")
-        page = Path(folder) / "unix" / "index.html"
-        page.parent.mkdir()
-        page.write_text('<a href="https://a.example/">\n\n<a href="boats.html">\n')
-        self.save_profile("Unix site", "START_PATH=" + str(page).replace("/", "\\"))
-        today = str(SOURCE / "examples/today/index.html").replace("/", "\\")
-        self.save_profile("Today", "START_PATH=" + today, "RULES=web")
+        large = "".join(f'<a href="gone{i}.gif">\r\n' for i in range(15000)) + "\r\n"
+        unix = '<a href="https://a.example/">\n\n<a href="boats.html">\n'
+        for name, site, text, *values in (
+                ("Large site", folder + "/large", large),
+                ("Example site", SOURCE / "examples/site", None, "CHECK_DUPES=1", "IGNORE_VALUE=1"),
+                ("Unix site", folder + "/unix", unix),
+                ("Today", SOURCE / "examples/today", None, "RULES=web")):
+            page = Path(site, "index.html")
+            if text:
+                page.parent.mkdir()
+                page.write_text(text)
+            self.save_profile(name, "START_PATH=" + str(page).replace("/", "\\"), *values)
         self.host = subprocess.Popen([sys.executable, SOURCE / "tests/support/ftp_faults.py",
                                       "healthy", f"{folder}/log"],
                                      stdout=subprocess.PIPE, text=True)
@@ -107,18 +107,14 @@ class Tour:
                         "profile", "save", name, *sets],
                        check=True, env={**os.environ, "QUILLMARK_PASSWORD": password})
 
-    def picture(self, name, title):
-        target = window(title)
+    def picture(self, name, title=None):
+        """Of a window, or of everything: menus are no windows of the window manager's."""
+        target = window(title) if title else "root"
         sleep(0.4)
         subprocess.run(["import", "-window", target, self.to / f"{name}.png"], check=True)
 
-    def screen(self, name):
-        """A picture of everything: menus are no windows of the window manager's."""
-        sleep(0.4)
-        subprocess.run(["import", "-window", "root", self.to / f"{name}.png"], check=True)
-
     def walk(self):
-        program = subprocess.Popen([self.options.program, "--theme", self.options.theme],
+        program = subprocess.Popen([self.options.program, "--theme", "light"],
                                    env=self.environment, stderr=subprocess.PIPE, text=True)
         try:
             self.picture("splash", "Quillmark")
@@ -127,7 +123,7 @@ class Tour:
             status = program.wait(PATIENCE)
             said = program.stderr.read()
         except BaseException:
-            self.screen("failed")
+            self.picture("failed")
             raise
         finally:
             program.kill()
@@ -179,9 +175,9 @@ class Tour:
     def row(self):
         """What can be done with a row of the invalid references, and with one of several."""
         keys("alt+d", "Up", "Up", "Tab", "Tab", "Tab", "Down", "Menu")
-        self.screen("row-menu")
+        self.picture("row-menu")
         keys("Escape", "shift+Down", "shift+Down", "Menu")
-        self.screen("row-menu-of-several")
+        self.picture("row-menu-of-several")
         keys("Escape", "ctrl+f")
         xdotool("type", "contact")
         self.picture("find", "Quillmark")
@@ -227,10 +223,8 @@ def main():
     parser.add_argument("--program", required=True)
     parser.add_argument("--check", required=True)
     parser.add_argument("--to", required=True, help="the folder for the pictures")
-    parser.add_argument("--theme", default="light")
-    parser.add_argument("--screen", default="1280x800")
     options = parser.parse_args()
-    screen = Screen(options.screen)
+    screen = Screen("1280x800")
     try:
         with tempfile.TemporaryDirectory() as folder:
             Tour(options, folder).walk()

@@ -1,11 +1,6 @@
 #pragma once
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QStringList>
-#include <QTest>
-#include <QTimer>
+#include "windows/support/Controls.h"
 
 #include <functional>
 #include <utility>
@@ -63,6 +58,17 @@ public:
 
 private:
     QString text_;
+};
+
+/// Answers a question with Yes, and keeps what the error says that follows.
+struct YesAndError {
+    Answer yes{QMessageBox::Yes};
+    QString error;
+    WhenModal ok{[this](QWidget&) { return yes.acted(); },
+                 [this](QWidget& box) {
+                     error = dynamic_cast<QMessageBox&>(box).text();
+                     box.close();
+                 }};
 };
 
 } // namespace quillmark::test

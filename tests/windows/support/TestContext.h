@@ -1,43 +1,30 @@
 #pragma once
 
-#include "base/Paths.h"
 #include "platform/ProgramFolder.h"
-#include "platform/disk/DiskAdapter.h"
-#include "platform/host/FtpTrace.h"
-#include "platform/host/FtpXCtl.h"
-#include "run/EventLoop.h"
-#include "settings/DefaultSettings.h"
-#include "support/TempFolder.h"
-#include "ui/MessageLog.h"
+#include "support/RunFakes.h"
 #include "windows/outside/WindowContext.h"
-#include "windows/support/Patience.h"
-
-#include <QStringList>
+#include "windows/support/Answers.h"
 
 #include <deque>
-#include <functional>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace quillmark::test {
 
 /// File dialogs that answer what the test says, in order, and keep what they were asked.
 class ScriptedFileDialogs : public FileDialogs {
 public:
-    std::optional<std::filesystem::path> saveFile(QWidget* /*owner*/,
-                                                  const SaveQuestion& question) override {
+    using Chosen = std::optional<std::filesystem::path>;
+    Chosen saveFile(QWidget* /*owner*/, const SaveQuestion& question) override {
         asked.push_back(question);
         return next();
     }
-    std::optional<std::filesystem::path> openPage(QWidget* /*owner*/) override { return next(); }
-    std::optional<std::filesystem::path> openKeyFile(QWidget* /*owner*/) override { return next(); }
+    Chosen openPage(QWidget* /*owner*/) override { return next(); }
+    Chosen openKeyFile(QWidget* /*owner*/) override { return next(); }
 
-    std::deque<std::optional<std::filesystem::path>> answers; ///< None left: cancelled.
+    std::deque<Chosen> answers; ///< None left: cancelled.
     std::vector<SaveQuestion> asked;
 
 private:
-    std::optional<std::filesystem::path> next() {
+    Chosen next() {
         if (answers.empty()) {
             return std::nullopt;
         }
@@ -61,65 +48,39 @@ public:
     }
     std::string program; ///< The target that is a program.
     std::function<void()> failing = [] {};
-    std::vector<std::string> opened;
+    Lines opened;
 };
 
 /// Keeps what was to be printed.
 class RecordingPrinter : public ReportPrinter {
 public:
     bool available() const override { return there; }
-    void print(const QStringList& lines) override { printed.push_back(lines); }
+    void print(const QStringList& lines) override {
+        printed.push_back(lines);
+        whilePrinting();
+    }
     bool there = true;
+    std::function<void()> whilePrinting = [] {};
     std::vector<QStringList> printed;
 };
 
-class QuietSink : public MessageSink {
-public:
-    void posted(bool /*debug*/, std::string_view /*text*/) override {}
-    bool wantsDebug() const override { return false; }
-};
-class QuietProgress : public Progress {
-public:
-    void InitializeThinking(std::string_view /*title*/) override {}
-    void UpdateThinking(int /*current*/, int /*total*/) override {}
-    void RemoveThinking() override {}
-};
-class QuietEvents : public EventLoop {
-public:
-    void DoEvents() override {}
-};
-class NoTrust : public HostTrust {
-public:
-    bool trusts(const HostIdentity& /*identity*/) override { return false; }
-};
-class QuietTrace : public FtpTrace {
-public:
-    void Trace(std::string_view /*text*/) override {}
-};
-
-/// All that a window needs, on a program folder of the test's own; what a person or another program
-/// would answer is scripted, everything else is real.
+/// All that a window needs, on a program folder of the test's own; what a person, a web host or
+/// another program would answer is scripted.
 struct TestContext {
     TestContext() { SetDefaultSettings(workspace.settings); }
 
     TempFolder folder;
     Workspace workspace;
     ProgramFolder files{ToBackSlashes(folder.path().string())};
-    QuietSink sink;
-    MessageLog messages{workspace.settings.configuration, workspace.run,
-                        workspace.lists.Message,          workspace.trace,
-                        folder.path() / "Quillmark.log",  sink};
-    QuietProgress progress;
-    QuietEvents events;
-    QuietTrace trace;
-    NoTrust trust;
+    RecordingMessages messages;
+    RecordingWindow progress;
     DiskAdapter disk;
-    FtpXCtl ftp{messages, events, workspace.run, trace, trust, FtpTimeouts()};
+    FolderHost host;
     RecordingShell shell;
     ScriptedFileDialogs dialogs;
     RecordingPrinter printer;
     WindowContext context{workspace, files, messages, progress, disk,
-                          ftp,       shell, dialogs,  printer,  folder.path()};
+                          host,      shell, dialogs,  printer,  folder.path()};
 };
 
 } // namespace quillmark::test

@@ -3,25 +3,23 @@
 #include <QObject>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
 namespace quillmark::test {
 
-/// Has the program of the window tests run a class of them when its name is the first argument.
-class WindowTest {
-public:
-    using Make = std::function<std::unique_ptr<QObject>()>;
-
-    WindowTest(const std::string& name, Make make);
-
-    /// The tests of a class, or nothing when no class has the name.
-    static std::unique_ptr<QObject> make(const std::string& name);
-};
+/// What makes the tests of a class, by its name.
+inline std::map<std::string, std::function<std::unique_ptr<QObject>()>>& windowTests() {
+    static std::map<std::string, std::function<std::unique_ptr<QObject>()>> tests;
+    return tests;
+}
 
 } // namespace quillmark::test
 
 /// Stands at the end of a file of tests.
 #define QUILLMARK_WINDOW_TEST(Test)                                                                \
-    const quillmark::test::WindowTest made##Test(                                                  \
-        #Test, [] { return std::make_unique<quillmark::test::Test>(); });
+    const bool made##Test =                                                                        \
+        quillmark::test::windowTests()                                                             \
+            .emplace(#Test, [] { return std::make_unique<quillmark::test::Test>(); })              \
+            .second;
