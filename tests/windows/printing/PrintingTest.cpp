@@ -26,6 +26,8 @@ QStringList printedPages(const QStringList& lines, QPageSize::PageSizeId size) {
                                     : QStringList();
 }
 
+} // namespace
+
 /// Everything that the commands need, with one found file to report.
 struct CommandBench : TestContext {
     CommandBench() {
@@ -37,8 +39,6 @@ struct CommandBench : TestContext {
     QWidget owner;
     ReportCommands commands{context, &owner};
 };
-
-} // namespace
 
 class PrintingTest : public QObject {
     Q_OBJECT
