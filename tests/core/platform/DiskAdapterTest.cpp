@@ -1,14 +1,18 @@
 #include "platform/disk/DiskAdapter.h"
 #include "base/Failure.h"
 #include "base/Paths.h"
+#include "platform/FileDescriptor.h"
 #include "platform/disk/StartFile.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cerrno>
 
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace quillmark::test {
 namespace {
@@ -61,6 +65,10 @@ TEST(DiskAdapter, CopyFindsAnotherSpellingOnlyWhenTheExactOneIsMissing) {
     const TempFolder folder;
     folder.write("Docs/Page.HTM", "mixed");
     folder.write("Docs/PAGE.HTM", "upper");
+    const FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    const fs::path docs = folder.path() / "Docs";
+    ASSERT_GE(inotify_add_watch(watch.number(), docs.c_str(), IN_ACCESS | IN_ONLYDIR), 0);
+    std::array<char, 65536> readings{};
     const fs::path target = folder.path() / "copy";
     DiskAdapter disk;
     const std::vector<std::pair<std::string, std::string>> rows = {
@@ -72,10 +80,12 @@ TEST(DiskAdapter, CopyFindsAnotherSpellingOnlyWhenTheExactOneIsMissing) {
         EXPECT_EQ(copied(disk, folder.path() / asked, target), found.empty() ? 1 : 0);
         EXPECT_EQ(folder.read("copy").substr(0, 5), found.empty() ? "upper" : found) << asked;
     }
+    EXPECT_GT(read(watch.number(), readings.data(), readings.size()), 0) << "the watch works";
     folder.write("Docs/New.HTM", "");
-    EXPECT_EQ(copied(disk, folder.path() / "Docs/new.htm", target), 1) << "a folder is read once";
+    EXPECT_EQ(copied(disk, docs / "new.htm", target), 1);
+    EXPECT_LT(read(watch.number(), readings.data(), readings.size()), 0) << "a folder is read once";
     disk.endRun();
-    EXPECT_EQ(copied(disk, folder.path() / "Docs/new.htm", target), 0);
+    EXPECT_EQ(copied(disk, docs / "new.htm", target), 0);
 }
 
 TEST(DiskAdapter, ReadsAndDeletes) {

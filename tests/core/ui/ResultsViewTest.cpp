@@ -79,8 +79,6 @@ TEST_F(ResultsViewTest, ShowsEachDisplayMaskedAndSortedInItsOwnWay) {
              {2, All, SortOrder::Name,
               "Reference | Referenced In | /b/p.gif < /q.htm | /q.htm < (base file) "
               "| Host References (2 Files)"},
-             {2, FileCategory::Image, SortOrder::Path,
-              "Reference | Referenced In | /b/p.gif < /q.htm | Host References (1 Files)"},
              {3, All, SortOrder::Name,
               "Unused Files | | /t.zip | /u.zip | Unused Host Files (2 Files)"},
              {4, FileCategory::Code, SortOrder::Name,

@@ -87,9 +87,9 @@ TEST(Feed, NamesItsPages) {
                       PageKind::Feed),
               (Lines{"1:21 link  a", "1:51 enclosure url b.mp3", "1:85 url  c.png"}));
     EXPECT_EQ(
-        linesOf("<feed><link href='a' rel='self'/><entry><link href='b'></link></entry></feed>",
+        linesOf("<feed><link href='a' rel='self'/>no<entry><link href='b'></link></entry></feed>",
                 PageKind::Feed),
-        (Lines{"1:19 link href a", "1:53 link href b"}));
+        (Lines{"1:19 link href a", "1:55 link href b"}));
 }
 
 } // namespace
