@@ -8,9 +8,8 @@
 #include <stdexcept>
 #include <thread>
 
-#include <arpa/inet.h>
 #include <fcntl.h>
-#include <netinet/in.h>
+#include <netdb.h>
 #include <poll.h>
 #include <pty.h>
 #include <sys/prctl.h>
@@ -59,22 +58,17 @@ void redirectStreams(const std::filesystem::path& folder) {
 
 using Call = int (*)(int, const sockaddr*, socklen_t);
 
-/// Whether a port of this machine can be bound or be connected to.
-template <typename Address> bool works(Call call, const Address& address) {
-    const int socketHandle =
-        socket(reinterpret_cast<const sockaddr*>(&address)->sa_family, SOCK_STREAM, 0);
-    const bool result =
-        call(socketHandle, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    close(socketHandle);
-    return result;
-}
-
-bool works(Call call, int port, bool ip6 = false) {
-    const in_port_t number = htons(static_cast<std::uint16_t>(port));
-    if (ip6) {
-        return works(call, sockaddr_in6{AF_INET6, number, 0, IN6ADDR_LOOPBACK_INIT, 0});
+/// Whether a port of an address, such as 127.0.0.1, can be bound or be connected to.
+bool works(Call call, const std::string& address, int port) {
+    addrinfo* found = nullptr;
+    if (getaddrinfo(address.c_str(), std::to_string(port).c_str(), nullptr, &found) != 0) {
+        return false;
     }
-    return works(call, sockaddr_in{AF_INET, number, {htonl(INADDR_LOOPBACK)}, {}});
+    const int socketHandle = socket(found->ai_family, SOCK_STREAM, 0);
+    const bool result = call(socketHandle, found->ai_addr, found->ai_addrlen) == 0;
+    close(socketHandle);
+    freeaddrinfo(found);
+    return result;
 }
 
 } // namespace
@@ -185,7 +179,7 @@ Finished run(const Command& command) {
 int freePort() {
     static int next = 20'000 + getpid() * 16 % 10'000;
     while (next < 32'000) {
-        if (works(bind, next++)) {
+        if (works(bind, "127.0.0.1", next++)) {
             return next - 1;
         }
     }
@@ -195,7 +189,7 @@ int freePort() {
 bool waitForPort(int port, const std::string& address) {
     using namespace std::chrono_literals;
     const auto end = std::chrono::steady_clock::now() + 120s;
-    while (!works(connect, port, address == "::1")) {
+    while (!works(connect, address, port)) {
         if (std::chrono::steady_clock::now() > end) {
             return false;
         }

@@ -8,6 +8,8 @@
 namespace quillmark::test {
 namespace {
 
+struct ExampleSite : testing::Test, CommandBench {};
+
 /// The lines of a list, with the site's folder taken off, in byte order.
 Words sorted(const nlohmann::json& list) {
     Words lines = list;
@@ -21,11 +23,9 @@ Words sorted(const nlohmann::json& list) {
     return lines;
 }
 
-TEST(ExampleSite, HoldsWhatIsPlantedInIt) {
-    const CommandBench bench;
-    const auto json = bench.json({"--set", "IGNORECASE=0", "--set", "CHECK_DUPES=1",
-                                  std::string(QUILLMARK_EXAMPLE) + "/index.html"});
-    const auto& lists = json["lists"];
+TEST_F(ExampleSite, HoldsWhatIsPlantedInIt) {
+    const auto lists = json({"--set", "IGNORECASE=0", "--set", "CHECK_DUPES=1",
+                             std::string(QUILLMARK_EXAMPLE) + "/index.html"})["lists"];
     const std::string outside = std::filesystem::path(QUILLMARK_EXAMPLE).parent_path().string();
     EXPECT_EQ(sorted(lists["InvalidReferences"]),
               (Words{outside + "/pictures/evening-light.jpg", "boats/Masters of Otterbrook",
@@ -50,19 +50,18 @@ TEST(ExampleSite, HoldsWhatIsPlantedInIt) {
     EXPECT_EQ(lists["ReferenceList"].size(), 146U);
 }
 
-TEST(ExampleSite, OfTodayShowsWhatTheReadmeTells) {
-    const CommandBench bench;
-    const std::filesystem::path site = QUILLMARK_EXAMPLE_TODAY;
+TEST_F(ExampleSite, OfTodayShowsWhatTheReadmeTells) {
+    const std::filesystem::path example = QUILLMARK_EXAMPLE_TODAY;
     const Words words = {"--rules", "web", "--set", "CHECK_DUPES=1",
-                         (site / "index.html").string()};
-    const Finished summary = bench.check(words);
+                         (example / "index.html").string()};
+    const Finished summary = check(words);
     EXPECT_EQ(summary.status, 1);
     std::string shown = summary.out;
-    shown.replace(shown.find(site.string()), site.string().size(),
+    shown.replace(shown.find(example.string()), example.string().size(),
                   "/home/me/quillmark/examples/today");
-    std::ifstream readme(site / "../../README.md");
+    std::ifstream readme(example / "../../README.md");
     EXPECT_THAT(std::string(std::istreambuf_iterator<char>(readme), {}), testing::HasSubstr(shown));
-    const auto first = bench.json(words)["findings"][0];
+    const auto first = json(words)["findings"][0];
     EXPECT_EQ(first["element"], "link");
     EXPECT_EQ(first["attribute"], "href");
     EXPECT_EQ(first["suggestion"], "images/logo.svg");

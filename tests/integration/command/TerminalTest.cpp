@@ -13,23 +13,24 @@ using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-/// The command asks for the password of a user at a host that nobody can reach.
-Command askingCommand(const CommandBench& bench, const Words& more = {}) {
-    Words words = {"--host", "127.0.0.1",   "--port",  "1",
-                   "--user", "m\xC2\x9Bme", "--start", "/i.html"};
-    words.insert(words.end(), more.begin(), more.end());
-    return bench.command(words);
-}
+struct TerminalOutput : testing::Test, CommandBench {
+    /// The command asks for the password of a user at a host that nobody can reach.
+    Command askingCommand(const Words& more = {}) const {
+        Words words = {"--host", "127.0.0.1",   "--port",  "1",
+                       "--user", "m\xC2\x9Bme", "--start", "/i.html"};
+        words.insert(words.end(), more.begin(), more.end());
+        return command(words);
+    }
+};
 
-TEST(Terminal, APasswordIsNotShown) {
-    const CommandBench bench;
-    bench.workingFolder.write("key", "no key");
+TEST_F(TerminalOutput, APasswordIsNotShown) {
+    workingFolder.write("key", "no key");
     const std::string login = "Password of m\\xC2\\x9Bme at 127.0.0.1";
     for (const auto& [more, question] : std::vector<std::pair<Words, std::string>>{
              {{}, login + ": "},
              {{"--encryption", "sftp"}, login + " (empty if your SSH agent has the key): "},
              {{"--encryption", "sftp", "--key", "key"}, "key (empty if it has none): "}}) {
-        Terminal terminal(askingCommand(bench, more), 200);
+        Terminal terminal(askingCommand(more), 200);
         ASSERT_TRUE(terminal.waitFor(question)) << terminal.shown();
         EXPECT_FALSE(terminal.echoes());
         EXPECT_TRUE(terminal.type("secret\n"));
@@ -40,10 +41,9 @@ TEST(Terminal, APasswordIsNotShown) {
     }
 }
 
-TEST(Terminal, APasswordThatIsNotGivenLeavesTheTerminalAsItWas) {
-    const CommandBench bench;
+TEST_F(TerminalOutput, APasswordThatIsNotGivenLeavesTheTerminalAsItWas) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-        Terminal terminal(askingCommand(bench));
+        Terminal terminal(askingCommand());
         ASSERT_TRUE(terminal.waitFor("127.0.0.1: "));
         kill(terminal.pid(), signal);
         EXPECT_EQ(terminal.wait(), 128 + signal);
@@ -51,7 +51,7 @@ TEST(Terminal, APasswordThatIsNotGivenLeavesTheTerminalAsItWas) {
     }
     for (const auto& [key, more] : std::vector<std::pair<const char*, Words>>{
              {"abc\x03", {}}, {"\x04", {}}, {"\x04", {"--encryption", "sftp"}}}) {
-        Terminal terminal(askingCommand(bench, more), 200);
+        Terminal terminal(askingCommand(more), 200);
         ASSERT_TRUE(terminal.waitFor(": "));
         EXPECT_TRUE(terminal.type(key));
         EXPECT_EQ(terminal.wait(), 2);
@@ -59,34 +59,32 @@ TEST(Terminal, APasswordThatIsNotGivenLeavesTheTerminalAsItWas) {
     }
 }
 
-TEST(Terminal, ShowsColoursWhereTheyAreWanted) {
-    const CommandBench bench;
-    bench.writeBrokenSite();
+TEST_F(TerminalOutput, ShowsColoursWhereTheyAreWanted) {
+    writeBrokenSite();
     struct Row {
         std::string noColor, terminal;
         bool coloured;
     };
     for (const Row& row : {Row{"", "xterm", true}, {"1", "xterm", false}, {"", "dumb", false}}) {
-        Command command = bench.command({"-q", bench.start()});
-        command.environment["NO_COLOR"] = row.noColor;
-        command.environment["TERM"] = row.terminal;
-        Terminal terminal(command);
+        Command coloured = command({"-q", start()});
+        coloured.environment["NO_COLOR"] = row.noColor;
+        coloured.environment["TERM"] = row.terminal;
+        Terminal terminal(coloured);
         EXPECT_EQ(terminal.wait(), 1);
         EXPECT_EQ(terminal.shown().find('\x1B') != std::string::npos, row.coloured)
             << row.noColor << row.terminal;
     }
 }
 
-TEST(Terminal, MessagesStayInOneLine) {
-    const CommandBench bench;
-    bench.site.write("index.html", "");
-    Terminal terminal(bench.command({bench.start()}), 21);
+TEST_F(TerminalOutput, MessagesStayInOneLine) {
+    site.write("index.html", "");
+    Terminal terminal(command({start()}), 21);
     EXPECT_EQ(terminal.wait(), 0);
     EXPECT_THAT(terminal.shown(), HasSubstr("\r\x1B[KQuillmark running in\r\x1B[K"))
         << "the first message, without the column behind which the terminal begins a new line";
 }
 
-TEST(Terminal, TheBarShowsHowFarAPassCame) {
+TEST_F(TerminalOutput, TheBarShowsHowFarAPassCame) {
     testing::internal::CaptureStderr();
     {
         TerminalMessages messages(MessageDetail::Newest);
@@ -97,22 +95,21 @@ TEST(Terminal, TheBarShowsHowFarAPassCame) {
               "\r\x1B[K[######..................] Checking References...PleaseWait\r\x1B[K");
 }
 
-TEST(Terminal, ListsDoNotSteerIt) {
-    const CommandBench bench;
-    bench.site.write("index.html", "");
-    bench.site.write("\x1B[2J\xC2\x9B"
-                     "m\xFF.txt",
-                     "");
+TEST_F(TerminalOutput, ListsDoNotSteerIt) {
+    site.write("index.html", "");
+    site.write("\x1B[2J\xC2\x9B"
+               "m\xFF.txt",
+               "");
     for (const Words& words : {Words{"--list", "UnusedList"}, {"--json", "-"}}) {
         Words all = words;
-        all.insert(all.end(), {"-q", bench.start()});
-        Terminal terminal(bench.command(all));
+        all.insert(all.end(), {"-q", start()});
+        Terminal terminal(command(all));
         EXPECT_EQ(terminal.wait(), 0);
         EXPECT_THAT(terminal.shown(), HasSubstr("m"));
         for (const char* raw : {"\x1B", "\xC2\x9B", "\xFF"}) {
             EXPECT_THAT(terminal.shown(), Not(HasSubstr(raw)));
         }
-        const std::string piped = bench.check(all).out;
+        const std::string piped = check(all).out;
         EXPECT_EQ(piped.find('\xFF') != std::string::npos, words.front() == "--list");
     }
 }

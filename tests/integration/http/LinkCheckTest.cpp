@@ -14,8 +14,8 @@ namespace {
 using namespace std::chrono_literals;
 
 /// A check of one page, whose links lead to the server.
-struct LinkBench : WebBench {
-    explicit LinkBench(FetchLimits limits = {}) : WebBench(quick(limits)) {
+struct LinkBench : HttpBench {
+    explicit LinkBench(FetchLimits limits = {}) : HttpBench(quick(limits)) {
         settings.profile.RULES = Rules::Web;
         settings.profile.CHECK_URL = 1;
         state.localMode = true;

@@ -19,8 +19,8 @@ namespace {
 using namespace std::chrono_literals;
 
 /// One URL pass over ignored references.
-struct UrlPass : WebBench {
-    explicit UrlPass(const FetchLimits& limits = {}) : WebBench(limits) {}
+struct UrlPass : HttpBench {
+    explicit UrlPass(const FetchLimits& limits = {}) : HttpBench(limits) {}
 
     void ignore(const Lines& urls) {
         for (const std::string& url : urls) {

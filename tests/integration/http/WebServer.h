@@ -53,8 +53,8 @@ private:
 };
 
 /// A run with the real fetcher, and the server that it meets.
-struct WebBench : RunBench {
-    explicit WebBench(const FetchLimits& limits) : inet(events, state, limits) {}
+struct HttpBench : RunBench {
+    explicit HttpBench(const FetchLimits& limits) : inet(events, state, limits) {}
 
     /// What the server says of the path, or of the most requests at once.
     int reported(const std::string& what) {

@@ -39,28 +39,6 @@ QString frameAfterChoosing(const TestProgram& program, const QString& display,
     return program.control<QGroupBox>("Frame2").title();
 }
 
-QStringList namelessControls(const QWidget& window) {
-    QStringList nameless;
-    for (QWidget* control : window.findChildren<QWidget*>()) {
-        const bool reached = control->isVisible() && control->focusProxy() == nullptr &&
-                             (control->focusPolicy() & Qt::TabFocus) != 0;
-        QAccessibleInterface* tool = QAccessible::queryAccessibleInterface(control);
-        if (reached && tool != nullptr && tool->text(QAccessible::Name).isEmpty()) {
-            nameless += control->metaObject()->className() + control->objectName();
-        }
-    }
-    return nameless;
-}
-
-QStringList announcedSelectors(const QWidget& window) {
-    QStringList names;
-    for (QComboBox* selector : window.findChildren<QComboBox*>()) {
-        names += QAccessible::queryAccessibleInterface(selector)->text(QAccessible::Name);
-    }
-    names.sort();
-    return names;
-}
-
 } // namespace
 
 class MainWindowTest : public QObject {
@@ -266,34 +244,6 @@ private slots:
             QCOMPARE(program.messages(), QStringList());
         }
         QVERIFY(!program.control("cmdSave").isEnabled());
-    }
-
-    void namesEveryControlForAssistiveTools() {
-        const TestProgram program;
-        program.folder.write("site.pro", "");
-        auto& display = program.control<QComboBox>("cmbDisplay");
-        QAccessibleInterface& tool = *QAccessible::queryAccessibleInterface(&display);
-        QCOMPARE(announcedSelectors(program.window()),
-                 QStringList({"Display: Host Directory List", "File Mask: All Files",
-                              "Sort On: " + program.control<QComboBox>("cmbSort").currentText()}));
-        QCOMPARE(tool.text(QAccessible::Value), "Host Directory List");
-        QCOMPARE(tool.child(0)->childCount(), display.count());
-        QStringList nameless = namelessControls(program.window());
-        program.inProfileDialog([&nameless](QWidget& dialog) {
-            child<QComboBox>(dialog, "cmboProfiles").setEditText("site");
-            QCOMPARE(announcedSelectors(dialog),
-                     QStringList({"Encryption: None: the password can be read on the way",
-                                  "Profile Name: site", "Rules: Classic"}));
-            nameless += namelessControls(dialog);
-            dialog.close();
-        });
-        const WhenModal options(named("frmConfig2"), [&nameless](QWidget& dialog) {
-            nameless += namelessControls(dialog);
-            dialog.close();
-        });
-        press(program.window(), "cmdOptions");
-        QVERIFY(options.acted());
-        QCOMPARE(nameless.join(" "), "");
     }
 
     void alternatesTheSoundsWhileTheyAreOn() {

@@ -66,19 +66,42 @@ QStringList sharedKeys(QWidget& window) {
     return shared + sharedKeys(captions);
 }
 
+QStringList namelessControls(const QWidget& window) {
+    QStringList nameless;
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        const bool reached = control->isVisible() && control->focusProxy() == nullptr &&
+                             (control->focusPolicy() & Qt::TabFocus) != 0;
+        QAccessibleInterface* tool = QAccessible::queryAccessibleInterface(control);
+        if (reached && tool != nullptr && tool->text(QAccessible::Name).isEmpty()) {
+            nameless += control->metaObject()->className() + control->objectName();
+        }
+    }
+    return nameless;
+}
+
+QStringList announcedSelectors(const QWidget& window) {
+    QStringList names;
+    for (QComboBox* selector : window.findChildren<QComboBox*>()) {
+        names += QAccessible::queryAccessibleInterface(selector)->text(QAccessible::Name);
+    }
+    names.sort();
+    return names;
+}
+
 } // namespace
 
-class MnemonicsTest : public QObject {
+/// What people need who work with the keys or with assistive tools.
+class AccessTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void eachKeyLeadsToOneThing() {
+    void eachKeyLeadsToOneThingAndEachControlHasAName() {
         const TestProgram program;
         QStringList seen;
-        QStringList shared;
+        QStringList faults;
         const auto look = [&](QWidget& window) {
             seen += window.objectName();
-            shared += sharedKeys(window);
+            faults += sharedKeys(window) + namelessControls(window);
         };
         for (const auto& [name, button] :
              {std::pair("frmProfile", "cmdStart"), std::pair("frmConfig2", "cmdOptions")}) {
@@ -98,11 +121,30 @@ private slots:
              {"frmMain", "frmDebug", "frmHelp", "frmAbout", "frmProfile", "frmConfig2"}) {
             QVERIFY2(seen.contains(name), name);
         }
-        QCOMPARE(shared.join("; "), "");
+        QCOMPARE(faults.join("; "), "");
+    }
+
+    void selectorsAreAnnouncedWithTheirLabels() {
+        const TestProgram program;
+        program.folder.write("site.pro", "");
+        auto& display = program.control<QComboBox>("cmbDisplay");
+        QAccessibleInterface& tool = *QAccessible::queryAccessibleInterface(&display);
+        QCOMPARE(announcedSelectors(program.window()),
+                 QStringList({"Display: Host Directory List", "File Mask: All Files",
+                              "Sort On: " + program.control<QComboBox>("cmbSort").currentText()}));
+        QCOMPARE(tool.text(QAccessible::Value), "Host Directory List");
+        QCOMPARE(tool.child(0)->childCount(), display.count());
+        program.inProfileDialog([](QWidget& dialog) {
+            child<QComboBox>(dialog, "cmboProfiles").setEditText("site");
+            QCOMPARE(announcedSelectors(dialog),
+                     QStringList({"Encryption: None: the password can be read on the way",
+                                  "Profile Name: site", "Rules: Classic"}));
+            dialog.close();
+        });
     }
 };
 
 } // namespace quillmark::test
 
-QUILLMARK_WINDOW_TEST(MnemonicsTest)
-#include "MnemonicsTest.moc"
+QUILLMARK_WINDOW_TEST(AccessTest)
+#include "AccessTest.moc"
