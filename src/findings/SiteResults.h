@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -66,7 +67,7 @@ struct SiteResults {
     std::vector<std::string_view> otherTargets;
 
     std::vector<SitePage> pages;           ///< In the order of their discovery.
-    std::vector<SiteReference> references; ///< Page by page, in the order of their source.
+    std::deque<SiteReference> references;  ///< Page by page, in the order of their source.
     std::vector<Finding> findings;         ///< Page by page, in the order of their source.
     std::vector<IgnoredReference> ignored; ///< The same.
     std::vector<AskedAddress> addresses;   ///< In the order in which references name them first.

@@ -4,6 +4,7 @@
 #include "web/page/PageContent.h"
 
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,8 +48,13 @@ struct Discovered {
     std::vector<std::uint32_t> pageOfTarget;              ///< By target; NoTarget for none.
     std::unordered_map<std::uint32_t, std::string> bases; ///< By page: a base href's path.
     std::vector<OpenFinding> findings;
-    std::vector<OpenFragment> fragments;
+    std::deque<OpenFragment> fragments;
     std::vector<std::string> troubles; ///< Lines for the user.
+
+    /// The page of a target; null if it was not read, or not yet.
+    const PageNotes* readPage(std::uint32_t target) const;
+    /// Whether no part of its page has the name, as far as the page was read.
+    bool isMissing(const OpenFragment& open) const;
 };
 
 } // namespace quillmark::web

@@ -106,11 +106,18 @@ void Discovery::fileTarget(std::uint32_t page, const JudgedReference& reference,
         reach(target, reference.file, reference.role);
     }
     results_.references.push_back({target, reference.at.line, reference.at.column});
-    if (reference.fragment != JudgedReference::Fragment::None) {
-        found_.fragments.push_back({page, reference.ordinal, target,
-                                    reference.fragment == JudgedReference::Fragment::Missing,
-                                    reference.role == Role::SvgUse, reference.rawHash,
-                                    reference.decodedHash});
+    if (reference.fragment == JudgedReference::Fragment::None) {
+        return;
+    }
+    const OpenFragment open{page,
+                            reference.ordinal,
+                            target,
+                            reference.fragment == JudgedReference::Fragment::Missing,
+                            reference.role == Role::SvgUse,
+                            reference.rawHash,
+                            reference.decodedHash};
+    if (found_.readPage(target) == nullptr || found_.isMissing(open)) {
+        found_.fragments.push_back(open);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "base/Failure.h"
 #include "base/Hash.h"
 #include "web/address/PercentCoding.h"
+#include "web/address/ReferenceText.h"
 #include "web/judge/Fragment.h"
 
 #include <algorithm>
@@ -56,11 +57,10 @@ Target targetFor(const Found& found) {
     }
 }
 
-/// "#part", without anything that browsers would take out.
-bool isPlainFragment(std::string_view text) {
-    return text.starts_with('#') && std::none_of(text.begin(), text.end(), [](char c) {
-               return static_cast<unsigned char>(c) <= 0x20;
-           });
+/// Browsers take blanks and line breaks out of a reference.
+bool hasBlanks(std::string_view text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) <= 0x20; });
 }
 
 bool contains(const std::vector<std::uint64_t>& sorted, std::uint64_t hash) {
@@ -84,6 +84,10 @@ void PageJudge::judge(const PageTask& task, JudgedPage& page) {
         page.base = context_.addresses.inSite(base_);
     }
     hashIds(task.kind, page);
+    recent_.clear();
+    if (!content_.base) {
+        recent_.add({std::string_view(""), Target::OwnPage, 0, true, false});
+    }
     for (std::uint32_t i = 0; i < content_.references.size(); ++i) {
         judgeReference(task, i, page);
     }
@@ -133,8 +137,7 @@ void PageJudge::judgeUseMap(const PageReference& reference, JudgedReference judg
 
 void PageJudge::judgeAddress(const PageTask& task, const PageReference& reference,
                              JudgedReference judged, JudgedPage& page) {
-    if (isPlainFragment(reference.text) && !content_.base && context_.exclude.empty()) {
-        judgeOwnFragment(task, reference.text.substr(1), judged, page);
+    if (context_.exclude.empty() && judgeRepeated(reference, judged, page)) {
         return;
     }
     context_.addresses.resolve(reference.text, base_, address_);
@@ -159,16 +162,25 @@ void PageJudge::judgeAddress(const PageTask& task, const PageReference& referenc
     }
 }
 
-/// A third of the references of documentation: nothing has to be resolved or looked up.
-void PageJudge::judgeOwnFragment(const PageTask& task, std::string_view fragment,
-                                 JudgedReference judged, JudgedPage& page) {
-    judged.target = Target::OwnPage;
-    address_.fragment = fragment.substr(0, fragment.find(":~:"));
-    path_ = task.path;
-    if (judged.role != Role::UseOnly) {
-        judgeFragment(task, judged, page);
-        page.references.push_back(judged);
+/// Judges a reference to a file that the page has named before. False if it is none.
+bool PageJudge::judgeRepeated(const PageReference& reference, JudgedReference judged,
+                              JudgedPage& page) {
+    std::string_view text = reference.text;
+    const auto fragment = cutFragment(text);
+    const RecentTargets::Entry* const known = recent_.find(text);
+    if (known == nullptr || reference.text.empty() || hasBlanks(fragment.value_or(""))) {
+        return false;
     }
+    judged.target = known->target;
+    judged.file = known->file;
+    judged.fromTop = known->fromTop;
+    if (judged.role != Role::UseOnly) {
+        judgeFragment(fragment, known->ownPage, judged, page);
+    } else if (judged.target == Target::OwnPage) {
+        return true;
+    }
+    page.references.push_back(judged);
+    return true;
 }
 
 void PageJudge::judgeTarget(const PageTask& task, const PageReference& reference,
@@ -178,6 +190,7 @@ void PageJudge::judgeTarget(const PageTask& task, const PageReference& reference
         address_.unreachable ? Found{What::Nothing, 0, false} : context_.targets.find(path_);
     judged.target = targetFor(found);
     judged.file = found.file;
+    remember(reference.text, judged, path_ == task.path);
     const bool isFile = judged.target == Target::File || judged.target == Target::FileBehindLink;
     if (judged.target == Target::FileBehindLink || !isFile) {
         judged.path = keep(isFile ? path_ : address_.path, page);
@@ -197,19 +210,28 @@ void PageJudge::judgeTarget(const PageTask& task, const PageReference& reference
         return;
     }
     if (isFile) {
-        judgeFragment(task, judged, page);
+        judgeFragment(address_.fragment, path_ == task.path, judged, page);
     } else {
         judged.written = keepWritten(reference.text, page);
     }
     page.references.push_back(judged);
 }
 
-void PageJudge::judgeFragment(const PageTask& task, JudgedReference& judged,
-                              const JudgedPage& page) const {
-    if (!address_.fragment || address_.fragment->empty()) {
+/// What only counts as use may lead elsewhere: of it every server is the site's own.
+void PageJudge::remember(std::string_view reference, const JudgedReference& judged, bool ownPage) {
+    static_cast<void>(cutFragment(reference));
+    const bool repeats = judged.target == Target::File && judged.role != Role::UseOnly;
+    if (repeats && !reference.empty() && !hasBlanks(reference)) {
+        recent_.add({reference, judged.target, judged.file, ownPage, judged.fromTop});
+    }
+}
+
+void PageJudge::judgeFragment(std::optional<std::string_view> written, bool ownPage,
+                              JudgedReference& judged, const JudgedPage& page) {
+    if (!written || written->empty()) {
         return;
     }
-    const std::string_view fragment = *address_.fragment;
+    const std::string_view fragment = *written;
     judged.rawHash = hashOf(fragment);
     judged.decodedHash = judged.rawHash;
     std::string decoded;
@@ -220,7 +242,7 @@ void PageJudge::judgeFragment(const PageTask& task, JudgedReference& judged,
     if (isTopOfPage(fragment) || isTopOfPage(decoded.empty() ? fragment : decoded)) {
         return;
     }
-    if (path_ != task.path) {
+    if (!ownPage) {
         judged.fragment = JudgedReference::Fragment::Unknown;
     } else if (!contains(page.ids, judged.rawHash) && !contains(page.ids, judged.decodedHash)) {
         judged.fragment = JudgedReference::Fragment::Missing;

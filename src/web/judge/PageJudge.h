@@ -4,9 +4,11 @@
 #include "web/address/Address.h"
 #include "web/judge/PageQueue.h"
 #include "web/judge/Patterns.h"
+#include "web/judge/RecentTargets.h"
 #include "web/judge/TargetFinder.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -34,12 +36,13 @@ private:
     void judgeReference(const PageTask& task, std::uint32_t ordinal, JudgedPage& page);
     void judgeAddress(const PageTask& task, const PageReference& reference, JudgedReference judged,
                       JudgedPage& page);
-    void judgeOwnFragment(const PageTask& task, std::string_view fragment, JudgedReference judged,
-                          JudgedPage& page);
+    bool judgeRepeated(const PageReference& reference, JudgedReference judged, JudgedPage& page);
     void judgeTarget(const PageTask& task, const PageReference& reference, JudgedReference judged,
                      JudgedPage& page);
     void judgeUseMap(const PageReference& reference, JudgedReference judged, JudgedPage& page);
-    void judgeFragment(const PageTask& task, JudgedReference& judged, const JudgedPage& page) const;
+    void remember(std::string_view reference, const JudgedReference& judged, bool ownPage);
+    static void judgeFragment(std::optional<std::string_view> written, bool ownPage,
+                              JudgedReference& judged, const JudgedPage& page);
     bool isExcluded(const PageReference& reference) const;
     void addIgnored(IgnoredReason reason, const PageReference& reference, JudgedReference judged,
                     JudgedPage& page) const;
@@ -50,6 +53,7 @@ private:
     Base base_;
     Address address_;
     std::string path_; ///< What was found for the address.
+    RecentTargets recent_;
 };
 
 /// What a PageQueue has its threads do.

@@ -1,7 +1,6 @@
 #include "web/verdict/Fragments.h"
 
 #include "base/Failure.h"
-#include "base/Hash.h"
 #include "web/judge/Fragment.h"
 
 #include <algorithm>
@@ -10,10 +9,6 @@
 namespace quillmark::web {
 
 namespace {
-
-bool holds(const std::vector<std::uint64_t>& sorted, std::uint64_t hash) {
-    return std::binary_search(sorted.begin(), sorted.end(), hash);
-}
 
 /// The reference up to its "#", and what follows it without ":~:" and the blanks at the end.
 std::pair<std::string_view, std::string_view> split(std::string_view reference) {
@@ -33,7 +28,7 @@ void Fragments::perform(StopToken& stop) {
         if (stop.stopped()) {
             return;
         }
-        if (!isMissing(open)) {
+        if (!found_.isMissing(open)) {
             continue;
         }
         if (!wrong.empty() && wrong.back().page != open.page) {
@@ -51,17 +46,6 @@ void Fragments::perform(StopToken& stop) {
         }
         suggest(target.first, target.second);
     }
-}
-
-bool Fragments::isMissing(const OpenFragment& open) const {
-    const std::uint32_t page = found_.pageOfTarget[open.target];
-    if (open.missing || page >= found_.notes.size() || !found_.notes[page].read) {
-        return open.missing;
-    }
-    const PageNotes& notes = found_.notes[page];
-    const bool judged =
-        notes.kind == PageKind::Html || (notes.kind == PageKind::Svg && open.svgUse);
-    return judged && !holds(notes.ids, open.rawHash) && !holds(notes.ids, open.decodedHash);
 }
 
 bool Fragments::read(std::uint32_t page) {

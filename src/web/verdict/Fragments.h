@@ -25,7 +25,6 @@ public:
     void perform(StopToken& stop);
 
 private:
-    bool isMissing(const OpenFragment& open) const;
     void describe(std::uint32_t page, const std::vector<OpenFragment>& wrong);
     void describeOne(const OpenFragment& open, const PageContent& content);
     void suggest(std::uint32_t target, const std::vector<std::size_t>& findings);
