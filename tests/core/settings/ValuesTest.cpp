@@ -82,16 +82,12 @@ TEST(SetByKey, SetsOneValuePerKey) {
     EXPECT_EQ(settings.profile.MAX_LEVELS, -32768);
     EXPECT_EQ(settings.configuration.masks.lstFileMasks.Line(1), "X");
     EXPECT_EQ(settings.configuration.fileMasksText, ".DOT,X");
-    setByKey(settings, "RULES", "web");
-    setByKey(settings, "SITE_URL", "https://x.example/");
     for (const char* name : {"none", "tls", "implicit", "sftp"}) {
         setByKey(settings, "ENCRYPTION", name);
         EXPECT_EQ(nameOf(settings.profile.ENCRYPTION), name);
     }
     setByKey(settings, "CONNECTIONS", "16");
     EXPECT_EQ(settings.profile.CONNECTIONS, 16);
-    EXPECT_EQ(settings.profile.RULES, Rules::Web);
-    EXPECT_EQ(settings.profile.SITE_URL, "https://x.example/");
 }
 
 TEST(SetByKey, SaysWhyItRefuses) {
