@@ -127,22 +127,18 @@ TEST(TraceSave, NeverGetsBeyondTheTitleOfItsFirstFile) {
     TraceLog trace;
     TraceSave saver(trace);
     Lines lines;
-    const auto expectFailure = [&](const std::optional<std::filesystem::path>& chosen) {
-        saver.save(chosen);
-        lines.emplace_back("Unable to save trace window");
-        EXPECT_EQ(linesOf(trace.DebugList()), lines);
-    };
     for (int i = 0; i < 51; ++i) {
         trace.Trace(lines.emplace_back(std::to_string(i)));
     }
-    expectFailure(std::nullopt);
-    expectFailure(folder.path() / "missing" / "trace.txt");
-    expectFailure(first);
-    EXPECT_EQ(folder.read("first.txt"), title) << "while it is still open";
-    for (const auto& later : {second, folder.path() / "third.txt", first}) {
-        expectFailure(later);
+    using Chosen = std::optional<std::filesystem::path>;
+    for (const Chosen& chosen :
+         {Chosen(), Chosen(folder.path() / "missing" / "trace.txt"), Chosen(first), Chosen(second),
+          Chosen(folder.path() / "third.txt"), Chosen(first)}) {
+        saver.save(chosen);
+        lines.emplace_back("Unable to save trace window");
+        EXPECT_EQ(linesOf(trace.DebugList()), lines);
     }
-    EXPECT_EQ(folder.read("first.txt"), title);
+    EXPECT_EQ(folder.read("first.txt"), title) << "while it is still open";
     EXPECT_EQ(folder.read("second.txt"), "kept");
     EXPECT_FALSE(exists(folder.path() / "third.txt"));
 }
