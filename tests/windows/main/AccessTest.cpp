@@ -111,6 +111,7 @@ private slots:
             });
             press(program.window(), button);
         }
+        program.control("noticeBar").show();
         program.window().showTraceWindow();
         program.control<QAction>("mnuContents").trigger();
         program.control<QAction>("mnuAbout").trigger();
@@ -139,7 +140,6 @@ private slots:
             QCOMPARE(announcedSelectors(dialog),
                      QStringList({"Encryption: None: the password can be read on the way",
                                   "Profile Name: site", "Rules: Classic"}));
-            dialog.close();
         });
     }
 };

@@ -32,9 +32,12 @@ struct TestProgram {
         return child<Control>(window(), name);
     }
     QStringList messages() const { return rowsOf(control<QAbstractItemView>("Message")); }
-    /// Presses Start and does something with the profile dialog.
+    /// Presses Start and does something with the profile dialog, which is closed afterwards.
     void inProfileDialog(const std::function<void(QWidget&)>& act) const {
-        const WhenModal dialog(named("frmProfile"), act);
+        const WhenModal dialog(named("frmProfile"), [&act](QWidget& profile) {
+            act(profile);
+            profile.close();
+        });
         press(window(), "cmdStart");
         QVERIFY(dialog.acted());
     }
