@@ -246,6 +246,7 @@ class Config(unittest.TestCase):
         rows = [
             ('rules = "web"', [], 1, "1 error, 1 note"),
             ('rules = "web"\nexclude = "gone#"  # "x', [], 0, "0 errors, 1 note"),
+            ("rules = 'web'\nset = ['CHECK_DUPES=1']", [], 1, "0 duplicate files"),
             ("rules = 'web'\nexclude = [ # it's\n  'a\\.b',\n  'gone',\n]\nstrict = true", [], 1,
              "0 errors, 1 note"),
             ('rules = "web"\nexclude = "gone"', ["--exclude", "nothing"], 1, "1 error, 1 note"),

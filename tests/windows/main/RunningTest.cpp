@@ -166,11 +166,13 @@ private slots:
         }
         const auto start = site.write("index.html", links + "\r\n");
         prepare(program, {}, ToBackSlashes(start.string()));
-        int turns = 0;
+        QSet<QString> seen; // Each turn of the event loop shows another newest message.
         QTimer beat;
         connect(&beat, &QTimer::timeout, this, [&] {
-            turns += program.control("cmdStop").isEnabled() ? 1 : 0;
-            if (turns == 4) {
+            if (seen.size() < 4) {
+                seen += program.messages().value(program.messages().size() - 1);
+            } else {
+                beat.stop();
                 press(program.window(), "cmdStop");
             }
         });

@@ -93,6 +93,8 @@ private slots:
     }
 
     void findsAndCopies() {
+        all_->workspace.lists.ReferenceList.Append("/x/three.gif");
+        all_->workspace.lists.ReferenceListFrom.Append("/x/one.html");
         choose("cmbDisplay", 2);
         QTest::keyClick(&view(), Qt::Key_F, Qt::ControlModifier);
         auto& text = the<QLineEdit>("txtFind");
@@ -103,7 +105,7 @@ private slots:
         QTest::keyClicks(&text, "/x/");
         QCOMPARE(current(), 1);
         QTest::keyClick(&text, Qt::Key_Return);
-        QCOMPARE(current(), 0);
+        QCOMPARE(current(), 2);
         QTest::keyClick(&text, Qt::Key_F3, Qt::ShiftModifier);
         QCOMPARE(current(), 1);
         QTest::keyClicks(&text, "y");
@@ -112,8 +114,9 @@ private slots:
         QVERIFY(!text.isVisible() && view().hasFocus());
         view().selectAll();
         QTest::keyClick(&view(), Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(QGuiApplication::clipboard()->text(),
-                 "/x/one.html\t(base file)\n/x/two.gif\thttp://else.where/");
+        QCOMPARE(
+            QGuiApplication::clipboard()->text(),
+            "/x/one.html\t(base file)\n/x/two.gif\thttp://else.where/\n/x/three.gif\t/x/one.html");
     }
 
     void showsTheEndsOfALongTextAndCopiesTheWhole() {
