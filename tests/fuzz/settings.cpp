@@ -1,43 +1,27 @@
 // Settings files of any bytes, values of any text, passwords.
 
 #include "base/Failure.h"
+#include "base/Paths.h"
 #include "fuzz/Fuzz.h"
+#include "platform/ProgramFolder.h"
 #include "settings/Cipher.h"
 #include "settings/ConfigurationFile.h"
 #include "settings/DefaultSettings.h"
 #include "settings/ProfileFile.h"
 #include "settings/SettingValue.h"
-
-#include <map>
+#include "support/TempFolder.h"
 
 namespace quillmark::test {
 namespace {
-
-class MemoryFiles : public SettingsFiles {
-public:
-    std::string read(std::string_view name) override {
-        const auto found = bytes.find(std::string(name));
-        if (found == bytes.end()) {
-            throw fileNotFound();
-        }
-        return found->second;
-    }
-    void replace(std::string_view name, std::string_view text, FileAccess /*access*/) override {
-        bytes[std::string(name)] = text;
-    }
-    std::vector<std::string> names(std::string_view /*extension*/) override { return {}; }
-    void remove(std::string_view name) override { bytes.erase(std::string(name)); }
-
-    std::map<std::string, std::string> bytes;
-};
 
 void ignoreMessage(std::string_view /*text*/) {}
 
 /// What a reading leaves behind, the next one reads whole and leaves alone. Only a quoted value can
 /// hold line ends; it is written as it is, and read again as several lines.
 void readConfiguration(const std::string& bytes) {
-    MemoryFiles files;
-    files.bytes[std::string(ConfigurationFileName)] = bytes;
+    const TempFolder folder;
+    folder.write(ConfigurationFileName, bytes);
+    ProgramFolder files(ToBackSlashes(folder.path().string()));
     Settings settings;
     SetDefaultSettings(settings);
     ReadConfigurations(settings, files, ignoreMessage);
@@ -49,8 +33,9 @@ void readConfiguration(const std::string& bytes) {
 }
 
 void readProfile(const std::string& bytes) {
-    MemoryFiles files;
-    files.bytes["x.pro"] = bytes;
+    const TempFolder folder;
+    folder.write("x.pro", bytes);
+    ProgramFolder files(ToBackSlashes(folder.path().string()));
     Settings settings;
     LoadProfile(settings, files, "x");
     SaveProfile(settings, files, "y");

@@ -20,6 +20,8 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
+const std::string Fingerprint = "SHA256:47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU";
+
 struct CheckCommand : testing::Test, CommandBench {
     /// Starts a check of pages so large that it still reads them when a signal comes.
     Process& runUntilItReads(const Words& more = {}) {
@@ -196,6 +198,31 @@ TEST_F(CheckCommand, RunsAProfileAndSettingsForOneRun) {
     EXPECT_EQ(shallow["ReferenceList"].size(), 1U);
     EXPECT_EQ(json({"--profile", "My Site"})["lists"], lists) << "--set is forgotten";
     EXPECT_THAT(check({"--profile", "none"}).err, HasSubstr("the profiles are: My Site"));
+}
+
+/// One profile is saved again and again: the port follows the encryption until somebody moves it.
+TEST_F(CheckCommand, HostOptionsAreKeptInTheProfile) {
+    const std::string key = workingFolder.write("key", "").string();
+    const std::vector<std::pair<Words, std::string>> rows = {
+        {{}, "HOST_PORT=21\n"},
+        {{"--encryption", "sftp"}, "HOST_PORT=22\n"},
+        {{"--encryption", "implicit"}, "HOST_PORT=990\n"},
+        {{"--encryption", "tls"}, "HOST_PORT=21\n"},
+        {{"--encryption", "sftp", "--port", "21"}, "HOST_PORT=21\n"},
+        {{"--encryption", "implicit"}, "HOST_PORT=21\n"},
+        {{"--port", "990"}, "HOST_PORT=990\n"},
+        {{"--encryption", "none"}, "HOST_PORT=21\n"},
+        {{"--encryption", "sftp", "--set", "HOST_PORT=2222"}, "HOST_PORT=2222\n"},
+        {{"--set", "ENCRYPTION=tls"}, "HOST_PORT=2222\n"},
+        {{"--encryption", "sftp", "--connections", "8", "--trust", Fingerprint, "--key", "key"},
+         "ENCRYPTION=sftp\nCONNECTIONS=8\nTRUSTED=" + Fingerprint + "\nKEY_FILE=" + key + "\n"},
+    };
+    for (const auto& [words, shown] : rows) {
+        Words save = {"profile", "save", "Host", "--host", "127.0.0.1"};
+        save.insert(save.end(), words.begin(), words.end());
+        EXPECT_EQ(check(save).status, 0);
+        EXPECT_THAT(check({"profile", "show", "Host"}).out, HasSubstr(shown));
+    }
 }
 
 TEST_F(CheckCommand, ResetsAnOldConfigurationWithANotice) {

@@ -12,8 +12,6 @@ namespace quillmark::test {
 
 using Words = std::vector<std::string>;
 
-inline const std::string Fingerprint = "SHA256:47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU";
-
 /// quillmark-check as a user starts it, with a folder of its own and a site to check.
 struct CommandBench {
     TempFolder site;

@@ -82,8 +82,16 @@ class PageTest(unittest.TestCase):
     def groups(self):
         return self.browser.texts("#rows h3")
 
+    def keep_picture(self, name):
+        """For the README, in the folder that QUILLMARK_PICTURES names."""
+        if folder := os.environ.get("QUILLMARK_PICTURES"):
+            with open(os.path.join(folder, name + ".png"), "wb") as file:
+                shot = self.browser.command("Page.captureScreenshot")
+                file.write(base64.b64decode(shot["data"]))
+
     def test_lists_are_chosen_grouped_and_sorted(self):
         self.show(self.today)
+        self.keep_picture("page")
         self.assertEqual(
             self.browser.texts("#views label"),
             ["15 errors", "3 notes", "4 ignored references", "4 unused files", "2 duplicate files"])

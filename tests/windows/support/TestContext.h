@@ -3,7 +3,7 @@
 #include "platform/ProgramFolder.h"
 #include "support/RunFakes.h"
 #include "windows/outside/WindowContext.h"
-#include "windows/support/Answers.h"
+#include "windows/support/Controls.h"
 
 #include <deque>
 
