@@ -40,7 +40,7 @@ const std::vector<Row> Rows = {
     {"numeric references", "<a href='&#65;&#x42&#X43;&#128;&#0;&#xD800;&#x110000;&#;&#x;&#99999999999;'>", {"1:10 a href ABC\xE2\x82\xAC\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD&#;&#x;\xEF\xBF\xBD"}},
     {"comments", "<!--<a href=1>--><!--><a href=2><!---><a href=3><!-- -- --!><a href=4><!--->-->", {"1:31 a href 2", "1:47 a href 3", "1:69 a href 4"}},
     {"comment up to the end", "<a href=x><!-- <a href=y>", {"1:9 a href x"}},
-    {"declarations and instructions", "<!DOCTYPE a \">\"<a href=1><!x><?xml <a href=2>?></ <a href=3>>", {"1:24 a href 1"}},
+    {"declarations and instructions", "<!DOCTYPE a \">\"<a href=1><!x><?xml <a href=2>?></ <a href=3>><?x><a href=4>?>", {"1:24 a href 1", "1:74 a href 4"}},
     {"CDATA is a comment in HTML", "<![CDATA[<a href=1>]]><a href=2>", {"1:31 a href 2"}},
     {"CDATA in SVG", "<svg><![CDATA[<a href=1>]]><a href=2></svg><![CDATA[<a href=3>", {"1:36 a href 2"}},
     {"raw text", "<title><a href=1></title><textarea><a href=2></textarea ><xmp><a href=3></XMP/><noembed><a href=4></noembed><noframes><a href=5></noframes><iframe src=i><a href=6></iframe><a href=7>", {"1:152 iframe src i", "1:181 a href 7"}},
