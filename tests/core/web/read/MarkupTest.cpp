@@ -47,7 +47,7 @@ const std::vector<Row> Rows = {
     {"end tags of other names in raw text", "<title></titles></a></title-><a href=1></title><a href=2>", {"1:56 a href 2"}},
     {"plaintext", "<plaintext></plaintext><a href=x>", {}},
     {"script", "<script src=s.js>'<a href=1>'</script><a href=2>", {"1:13 script src s.js", "1:47 a href 2"}},
-    {"script with a comment", "<script><!-- </script><a href=1><script><!-- <script> </script> --></script><a href=2>", {"1:31 a href 1", "1:85 a href 2"}},
+    {"script with a comment", "<script><!-- </script><a href=1><script><!-- <script> </script><a href=3> --></script><a href=2>", {"1:31 a href 1", "1:95 a href 2"}},
     {"script in a script without a comment", "<script><script></script><a href=1>", {"1:34 a href 1"}},
     {"short comments in a script", "<script><!--><script></script><a href=1><script><!---><script></script><a href=2>", {"1:39 a href 1", "1:80 a href 2"}},
     {"noscript is markup", "<noscript><img src=x></noscript>", {"1:20 img src x"}},
