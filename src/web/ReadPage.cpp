@@ -59,7 +59,7 @@ void readSource(const Source& source, PageKind kind, PageContent& content) {
 void readPage(std::string_view bytes, PageKind kind, PageContent& content) {
     content.clear();
     if (bytes.empty()) {
-        return; // It may have no address, which the searches in memory do not take.
+        return; // An empty file may have no address, which the searches in memory do not accept.
     }
     readSource(decodeFile(bytes, labelFinder(kind), content.decoded), kind, content);
 }

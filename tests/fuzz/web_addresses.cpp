@@ -3,9 +3,9 @@
 
 #include "fuzz/Fuzz.h"
 #include "web/address/Address.h"
+#include "web/address/ReferenceText.h"
 #include "web/address/RelativeReference.h"
 #include "web/html/Srcset.h"
-#include "web/judge/Fragment.h"
 
 #include <algorithm>
 #include <optional>

@@ -4,8 +4,8 @@
 #include "classic/verify/PhraseSearch.h"
 #include "fuzz/Fuzz.h"
 #include "platform/http/WebAddress.h"
-#include "web/links/HeaderOption.h"
 #include "web/links/LinkAddress.h"
+#include "web/links/LinkOptions.h"
 
 namespace quillmark::test {
 namespace {

@@ -3,6 +3,7 @@
 #include "web/address/PathSegments.h"
 #include "web/address/PercentCoding.h"
 #include "web/address/ReferenceText.h"
+#include "web/text/Ascii.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,14 +14,10 @@ namespace {
 
 constexpr std::uint16_t HttpsPort = 443;
 
+/// "C|" and "C|/...": an old spelling of a drive letter. "C:" looks like a scheme.
 bool isDrive(std::string_view text) {
-    return text.size() >= 2 && text[1] == '|' && (text[0] | 0x20) >= 'a' &&
-           (text[0] | 0x20) <= 'z' && (text.size() == 2 || isSlash(text[2]));
-}
-
-bool isFile(std::string_view scheme) {
-    return scheme.size() == 4 && (scheme[0] | 0x20) == 'f' && (scheme[1] | 0x20) == 'i' &&
-           (scheme[2] | 0x20) == 'l' && (scheme[3] | 0x20) == 'e';
+    return text.size() >= 2 && isLetter(text[0]) && text[1] == '|' &&
+           (text.size() == 2 || isSlash(text[2]));
 }
 
 } // namespace
@@ -35,6 +32,7 @@ Base Addresses::baseOf(std::string_view page, std::optional<std::string_view> hr
     }
     Address address;
     follow(*href, own, address);
+    // Browsers pass over a base href that is no address, or one such as "data:".
     if (address.leads == Leads::Nowhere || address.leads == Leads::OtherScheme) {
         return own;
     }
@@ -76,7 +74,8 @@ void Addresses::follow(std::string_view text, const Base& base, Address& address
 
 void Addresses::followAbsolute(std::string_view scheme, std::string_view text, const Base& base,
                                Address& address) const {
-    if (scheme.size() == 1 || isFile(scheme)) {
+    // A single letter is a drive, "C:": no scheme in use is that short.
+    if (scheme.size() == 1 || equalIgnoringCase(scheme, "file")) {
         address.leads = Leads::ThisComputer;
         return;
     }
@@ -84,7 +83,7 @@ void Addresses::followAbsolute(std::string_view scheme, std::string_view text, c
     if (!port) {
         address.leads = Leads::OtherScheme;
     } else if (*port == HttpsPort && (text.empty() || !isSlash(text.front()))) {
-        // "https:page.html" is relative to a page of that scheme, as pages of today are.
+        // "https:page.html" is relative if the page itself has that scheme, as sites of today do.
         followPath(text, base, address);
     } else {
         followServer(text, *port, address);
@@ -136,7 +135,7 @@ void Addresses::enterSite(Address& address) const {
     }
     if (address.path.starts_with(site_->folder)) {
         address.path.erase(0, site_->folder.size());
-    } else if (address.path + "/" == site_->folder) {
+    } else if (address.path + "/" == site_->folder) { // "/docs" leads to "/docs/".
         address.path.clear();
     } else {
         address.leads = Leads::AboveTop;

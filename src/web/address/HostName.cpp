@@ -16,6 +16,7 @@ bool allDigits(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
+/// The forbidden domain code points (WHATWG URL, section 3.2).
 bool isForbidden(char c) {
     const auto code = static_cast<unsigned char>(c);
     return code <= 0x20 || code == 0x7F ||
@@ -23,17 +24,15 @@ bool isForbidden(char c) {
 }
 
 bool isHexText(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) {
-        const char lower = static_cast<char>(c | 0x20);
-        return isDigit(c) || (lower >= 'a' && lower <= 'f');
-    });
+    return std::all_of(text.begin(), text.end(), [](char c) { return hexDigit(c) >= 0; });
 }
 
 bool isHexNumber(std::string_view text) {
     return (text.starts_with("0x") || text.starts_with("0X")) && isHexText(text.substr(2));
 }
 
-/// The number of an IPv4 part: decimal, "0x" hexadecimal or "0" octal; nothing if it is none.
+/// The number of an IPv4 part: decimal, "0x" hexadecimal or "0" octal; nothing if it is not a
+/// number.
 std::optional<std::uint64_t> ipv4Number(std::string_view part) {
     unsigned base = 10;
     if (isHexNumber(part)) {
@@ -46,8 +45,7 @@ std::optional<std::uint64_t> ipv4Number(std::string_view part) {
     }
     std::uint64_t number = 0;
     for (const char c : part) {
-        const unsigned digit = isDigit(c) ? static_cast<unsigned>(c - '0')
-                                          : static_cast<unsigned>((c | 0x20) - 'a') + 10;
+        const auto digit = static_cast<unsigned>(hexDigit(c));
         if (digit >= base || number > UINT32_MAX) {
             return std::nullopt;
         }
@@ -56,7 +54,7 @@ std::optional<std::uint64_t> ipv4Number(std::string_view part) {
     return number;
 }
 
-/// A host whose last part is a number is an IPv4 address, or none (section 3.5, IPv4 parser).
+/// A host whose last part is a number must be an IPv4 address (section 3.5, IPv4 parser).
 bool isSoundNumber(std::string_view host) {
     host.remove_suffix(host.ends_with('.') ? 1 : 0);
     const std::string_view last = host.substr(host.rfind('.') + 1);
@@ -72,6 +70,7 @@ bool isSoundNumber(std::string_view host) {
             return false;
         }
         if (dot == std::string_view::npos) {
+            // The last part stands for all bytes that the others leave: "127.1" is "127.0.0.1".
             static constexpr std::array<std::uint64_t, 5> Below = {0, 1ULL << 32U, 1ULL << 24U,
                                                                    1ULL << 16U, 256};
             return *number < Below.at(static_cast<std::size_t>(parts));
@@ -83,6 +82,8 @@ bool isSoundNumber(std::string_view host) {
     }
 }
 
+/// Whether the text has the characters of an IPv6 address. Its groups are not counted: a site with
+/// such an address is compared by its text.
 bool isSoundIpv6(std::string_view text) {
     return text.find(':') != std::string_view::npos &&
            std::all_of(text.begin(), text.end(), [](char c) {
@@ -117,7 +118,8 @@ std::optional<std::uint16_t> soundPort(std::string_view text, std::uint16_t ownP
 } // namespace
 
 std::optional<Authority> parseAuthority(std::string_view text, std::uint16_t ownPort) {
-    text.remove_prefix(text.rfind('@') + 1); // npos + 1 is 0
+    // User and password do not matter for where the address leads. (npos + 1 is 0.)
+    text.remove_prefix(text.rfind('@') + 1);
     const std::size_t bracket = text.rfind(']');
     const std::size_t colon = text.find(':', bracket == std::string_view::npos ? 0 : bracket);
     auto host = soundHost(text.substr(0, colon));

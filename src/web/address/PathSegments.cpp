@@ -6,7 +6,7 @@ namespace quillmark::web {
 
 namespace {
 
-/// The number of dots that a segment means, 1 or 2, with "%2e" for any of them; 0 for a name.
+/// How many dots a segment consists of, 1 or 2, each of which may be "%2e"; 0 for a name.
 int dots(std::string_view segment) {
     int count = 0;
     while (!segment.empty()) {
@@ -33,7 +33,8 @@ bool leaveFolder(std::string& folder) {
     return true;
 }
 
-/// An encoded "/" is no separator, so it stays encoded. Tells whether a file can have that name.
+/// Appends a decoded name. An encoded "/" does not separate folders, so such a name stays encoded.
+/// Returns whether a file can have that name.
 bool appendName(std::string& path, std::string_view segment) {
     if (segment.find('%') == std::string_view::npos) {
         path += segment;
@@ -71,7 +72,7 @@ AppendedPath appendPath(std::string& folder, std::string_view path) {
         last = end == path.size();
         const std::string_view segment = path.substr(0, end);
         path.remove_prefix(last ? end : end + 1);
-        const int dotCount = segment.size() <= 6 ? dots(segment) : 0;
+        const int dotCount = segment.size() <= 6 ? dots(segment) : 0; // "%2e%2e" is the longest.
         if (dotCount == 2) {
             result.climbedOut |= !leaveFolder(folder);
         } else if (dotCount == 0) {

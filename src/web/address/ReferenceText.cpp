@@ -1,5 +1,7 @@
 #include "web/address/ReferenceText.h"
 
+#include "web/text/Ascii.h"
+
 #include <algorithm>
 
 namespace quillmark::web {
@@ -39,6 +41,14 @@ std::optional<std::string_view> cutFragment(std::string_view& text) {
     std::string_view fragment = text.substr(hash + 1);
     text = text.substr(0, hash);
     return fragment.substr(0, fragment.find(":~:"));
+}
+
+bool isTopOfPage(std::string_view fragment) {
+    return fragment.empty() || equalIgnoringCase(fragment, "top");
+}
+
+bool isRoute(std::string_view fragment) {
+    return fragment.starts_with('/') || fragment.starts_with("!/");
 }
 
 } // namespace quillmark::web

@@ -5,8 +5,8 @@
 
 namespace quillmark::web {
 
-/// The reference to write for a file, from a page (or its base) to it, both from the top of the
-/// site on: "../images/a%20b.png".
+/// The reference to write in a page for a file: "../images/a%20b.png". Both paths are decoded and
+/// relative to the top of the site; `page` may be the base of a page.
 std::string relativeReference(std::string_view page, std::string_view target);
 
 } // namespace quillmark::web

@@ -8,19 +8,7 @@ namespace quillmark::web {
 namespace {
 
 bool isSchemeCharacter(char c) {
-    return isLetter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
-}
-
-bool equalsLower(std::string_view text, std::string_view lower) {
-    if (text.size() != lower.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if ((text[i] | 0x20) != lower[i]) {
-            return false;
-        }
-    }
-    return true;
+    return isLetter(c) || isDigit(c) || c == '+' || c == '-' || c == '.';
 }
 
 } // namespace
@@ -41,10 +29,10 @@ std::string_view schemeOf(std::string_view text) {
 }
 
 std::optional<std::uint16_t> webPort(std::string_view scheme) {
-    if (equalsLower(scheme, "http")) {
+    if (equalIgnoringCase(scheme, "http")) {
         return std::uint16_t{80};
     }
-    if (equalsLower(scheme, "https")) {
+    if (equalIgnoringCase(scheme, "https")) {
         return std::uint16_t{443};
     }
     return std::nullopt;

@@ -7,6 +7,7 @@ namespace quillmark::web {
 
 namespace {
 
+/// Short enough for Stop and the progress bar to feel immediate.
 constexpr std::chrono::milliseconds BetweenEvents{10};
 
 } // namespace
@@ -23,7 +24,7 @@ void Phases::perform(std::string_view title, const std::function<void()>& work) 
         while (result.wait_for(BetweenEvents) != std::future_status::ready) {
             letEventsRun();
         }
-        letEventsRun();
+        letEventsRun(); // Work that ended within the first wait shows its progress, too.
         result.get();
     } else {
         letEventsRun();
@@ -32,6 +33,7 @@ void Phases::perform(std::string_view title, const std::function<void()>& work) 
 }
 
 bool Phases::stopped() {
+    // On the run's thread nobody else lets events run while the work goes on.
     if (!aside_) {
         letEventsRun();
     }

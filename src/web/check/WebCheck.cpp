@@ -31,7 +31,7 @@ std::string withFinalSlash(std::string folder) {
     return folder;
 }
 
-/// The site's address: as the user gave it, or that of the host alias.
+/// The site's address: the one that the user gave, or one made of the host alias.
 std::optional<SiteUrl> siteUrlOf(const Profile& profile) {
     if (!profile.SITE_URL.empty()) {
         return parseSiteUrl(profile.SITE_URL);
@@ -45,7 +45,7 @@ bool isEarlier(const Finding& a, const Finding& b) {
            std::tie(b.at.page, b.at.line, b.at.column);
 }
 
-/// What one check works with, made anew for each.
+/// One check with its parts. Made anew for each, so that no part remembers an earlier one.
 class WebRun {
 public:
     WebRun(SiteResults& results, RunState& state, const Settings& settings,
@@ -112,6 +112,8 @@ private:
         phases_.perform("Reading Pages", [&] { readFrom(*start); });
     }
 
+    /// The start path may be spelled in another letter case than the file: that is no reason to
+    /// refuse the whole check.
     std::optional<std::uint32_t> startFile() const {
         const std::string_view path = results_.fromTop(start_);
         if (const auto exact = inventory_.file(path)) {
@@ -125,6 +127,7 @@ private:
         PageQueue queue(pageJudges(judge_), threads());
         Discovery discovery(results_, inventory_, kinds_, source_, queue, found_,
                             {phases_.done, phases_.known});
+        // Visitors come to the start page by its address alone.
         results_.files[start].used = true;
         results_.files[inventory_.realFile(start)].used = true;
         discovery.addPage(start, PageKind::Html);
@@ -145,7 +148,7 @@ private:
                                     : std::max(1U, std::thread::hardware_concurrency());
     }
 
-    /// Search engines look for them at the top without any reference.
+    /// Search engines look for sitemaps at the top of the site without a reference to them.
     void addSitemaps(Discovery& discovery) {
         for (std::uint32_t i = 0; i < results_.files.size() && !phases_.stopped(); ++i) {
             const std::string_view path = inventory_.pathOf(i);
@@ -184,7 +187,7 @@ private:
     }
 
     void findUnused() {
-        // What an aborted run did not read may use every file.
+        // The pages that an aborted run did not read may use any file.
         if (!state_.abort) {
             phases_.perform("Checking Unused Files", [&] { findUnusedFiles(results_, keep_); });
             state_.unusedPass = PassProgress::Done;
@@ -206,7 +209,8 @@ private:
         state_.duplicatesPass = state_.abort ? PassProgress::Stopped : PassProgress::Done;
     }
 
-    /// Last, since it takes longest: a Stop loses nothing else. The run's thread does it itself.
+    /// The last step, since it takes longest: Stop then loses nothing else. It runs on the run's
+    /// thread, which lets events run while it waits for answers.
     void checkLinks() {
         if (state_.abort || profile_.CHECK_URL != 1) {
             return;

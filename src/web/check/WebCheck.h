@@ -14,12 +14,13 @@ namespace quillmark::web {
 /// One check with the web rules, from the inventory to the findings.
 class WebCheck : public SiteCheck {
 public:
-    /// `workingCopy` is where pages of a host are retrieved to, full path in "\" form.
+    /// `workingCopy` is the file that pages of a host are retrieved into, full path in "\" form.
     WebCheck(SiteResults& results, RunState& state, const Settings& settings,
              const WebOptions& options, Outside& outside, std::string workingCopy);
 
-    /// Fills the results, which are empty before. The abort flag ends it; what was found so far
-    /// stays. Throws a Failure when the start file is not in the site or the host is lost.
+    /// Fills the results, which must be empty. The abort flag ends the check early; what was found
+    /// until then stays. Throws a Failure if an option is invalid, the start file lies outside the
+    /// site or the host is lost.
     void perform() override;
     void computeStatistics() override;
 

@@ -3,7 +3,6 @@
 #include "base/Failure.h"
 #include "web/address/SiteUrl.h"
 #include "web/judge/Patterns.h"
-#include "web/links/HeaderOption.h"
 
 #include <algorithm>
 
@@ -15,7 +14,7 @@ void requireSoundOptions(const WebOptions& options, const Profile& profile) {
     std::for_each(options.links.headers.begin(), options.links.headers.end(), headerRuleOf);
     if (!profile.SITE_URL.empty() && !parseSiteUrl(profile.SITE_URL)) {
         throw invalidValue("\"" + profile.SITE_URL +
-                           "\" is no address of a site; write one such as "
+                           "\" is not the address of a site; write one such as "
                            "https://www.site.example/");
     }
 }

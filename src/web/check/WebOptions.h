@@ -8,19 +8,19 @@
 
 namespace quillmark::web {
 
-/// What a check with the web rules can be told beyond the settings.
+/// Options of a check with the web rules, beside its settings.
 struct WebOptions {
     std::vector<std::string> indexNames = {"index.html", "index.htm"};
-    std::vector<std::string> exclude; ///< RE2: references that are not looked up.
-    std::vector<std::string> keep;    ///< RE2: paths from the top that are never called unused.
-    bool cleanUrls = false;           ///< "about" finds about.html.
-    bool allPages = false;            ///< Reads every page of the inventory.
-    unsigned threads = 0;             ///< That read pages; 0 is one a core.
-    LinkOptions links;                ///< Where the profile has web addresses checked.
+    std::vector<std::string> exclude; ///< RE2 patterns: references that are not looked up.
+    std::vector<std::string> keep;    ///< RE2 patterns: files that are never called unused.
+    bool cleanUrls = false;           ///< "about" leads to about.html.
+    bool allPages = false;            ///< Read pages that no reference leads to, too.
+    unsigned threads = 0;             ///< Threads that read pages; 0 means one per core.
+    LinkOptions links;                ///< Used if the profile asks for web addresses.
 };
 
-/// Throws a Failure that names the first pattern that is no regular expression, a header that is
-/// none, or a site address that is none.
+/// Throws a Failure that names the first invalid value: a pattern that is not a regular expression,
+/// a malformed header, or a site address that is not an http or https address.
 void requireSoundOptions(const WebOptions& options, const Profile& profile);
 
 } // namespace quillmark::web

@@ -20,7 +20,7 @@ std::size_t countHexDigits(std::string_view text) {
     return digits;
 }
 
-/// The length of the line end, or other blank, that a text begins with.
+/// The length of the one blank that ends an escape with digits, and belongs to it.
 std::size_t blankLength(std::string_view text) {
     if (text.starts_with("\r\n")) {
         return 2;
@@ -38,7 +38,7 @@ char* writeCharacter(char32_t character, char* to) {
     return std::copy_n(bytes.begin(), size, to);
 }
 
-/// Writes what an escape stands for, whose text behind the "\" is given.
+/// Writes what an escape stands for; `escape` is its text behind the "\".
 char* writeEscaped(std::string_view escape, char* to) {
     const std::size_t digits = countHexDigits(escape);
     if (digits > 0) {

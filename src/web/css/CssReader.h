@@ -4,14 +4,15 @@
 
 namespace quillmark::web {
 
-/// Where CSS stands: in a sheet or an element named style an address is placed by how it is given
-/// ("url()"), in an attribute by that.
+/// What holds the CSS. The place of an address is named by how it is given ("url()") in a sheet or
+/// a style element, and by the attribute in an attribute.
 struct CssPlace {
     Element element = Element::Other;
     Attribute attribute = Attribute::Other; ///< Other: no attribute.
 };
 
-/// Files the addresses in CSS; UseOnly makes all of them such.
+/// Files the addresses in CSS with that role. What @import names is a Sheet, unless the role is
+/// UseOnly.
 void readCss(const Value& css, CssPlace place, Role role, References& references);
 
 } // namespace quillmark::web

@@ -18,7 +18,7 @@ bool isNameCharacter(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-/// What may stand in an address without quotes only behind a "\".
+/// What an address without quotes may hold only behind a "\".
 bool breaksUnquoted(char c) {
     const auto byte = static_cast<unsigned char>(c);
     return c == '"' || c == '\'' || c == '(' || byte <= 0x08 || byte == 0x0B ||
@@ -72,7 +72,8 @@ bool CssScanner::takeToken() {
     }
 }
 
-/// A string is an address where a rule or image-set() says so.
+/// A string is an address in an @import rule and directly in image-set(). Deeper inside that, as in
+/// type("image/png"), it is not.
 bool CssScanner::takeString() {
     const std::optional<std::string_view> raw = readString();
     if (!raw) {
@@ -136,6 +137,8 @@ void CssScanner::takeBracket(char bracket) {
         imageSet_ = imageSet_ == depth_ ? 0 : imageSet_;
         depth_ -= depth_ > 0 ? 1 : 0;
     } else if (bracket == ';' || bracket == '{' || bracket == '}') {
+        // Whatever was left open by mistake ends here, so that one mistake hides no more than a
+        // rule.
         rule_ = Rule::None;
         depth_ = 0;
         imageSet_ = 0;
@@ -161,6 +164,7 @@ void CssScanner::skipComment() {
     at_ = end == std::string_view::npos ? css_.size() : end + 2;
 }
 
+/// Passes over what is left of a bad url() up to its ")", as browsers do (CSS Syntax, 4.3.14).
 void CssScanner::skipBadUrl() {
     while (at_ < css_.size() && css_[at_] != ')') {
         at_ = css_[at_] == '\\' ? afterEscape(css_, at_) : at_ + 1;
@@ -168,7 +172,7 @@ void CssScanner::skipBadUrl() {
     at_ = std::min(at_ + 1, css_.size());
 }
 
-/// The string at at_, without its quotes; nothing if a line ends in it.
+/// The string that begins at at_, without its quotes; nothing if a line ends before it does.
 std::optional<std::string_view> CssScanner::readString() {
     const char quote = css_[at_];
     const std::size_t start = ++at_;
@@ -193,7 +197,7 @@ std::string_view CssScanner::readName() {
 
 bool CssScanner::take(std::string_view raw, Attribute kind) {
     if (rule_ == Rule::Namespace) {
-        return false; // A name that only looks like an address.
+        return false; // @namespace gives a name that only looks like an address.
     }
     address_ = unescaped(raw);
     if (address_.empty() || address_[0] == '#') {

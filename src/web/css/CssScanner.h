@@ -10,17 +10,17 @@
 namespace quillmark::web {
 
 /// Goes through the addresses in CSS (CSS Syntax, section 4): those of url() and src(), the strings
-/// of image-set(), and what @import names. Empty ones and places of the page itself, "url(#x)", are
-/// left out.
+/// in image-set(), and what @import names. Empty addresses and fragments alone, "url(#x)", are left
+/// out.
 class CssScanner {
 public:
     CssScanner(std::string_view css, TextArena& texts) : css_(css), texts_(texts) {}
 
     /// Moves on to the next address; false at the end.
     bool next();
-    /// With its escapes decoded.
+    /// The address, with its escapes decoded.
     std::string_view address() const { return address_; }
-    /// Where the address begins, in bytes from 0.
+    /// Where the address begins, in bytes, 0-based.
     std::size_t offset() const { return offset_; }
     /// How it is given: CssUrl, CssSrc, CssImageSet or CssImport.
     Attribute kind() const { return kind_; }
@@ -45,8 +45,8 @@ private:
     TextArena& texts_;
     std::size_t at_ = 0;
     Rule rule_ = Rule::None;   ///< The rule that the next address belongs to.
-    std::size_t depth_ = 0;    ///< Open parentheses.
-    std::size_t imageSet_ = 0; ///< The depth within an open image-set(); 0 without one.
+    std::size_t depth_ = 0;    ///< How many parentheses are open.
+    std::size_t imageSet_ = 0; ///< The depth inside an open image-set(); 0 without one.
     std::string_view address_;
     std::size_t offset_ = 0;
     Attribute kind_ = Attribute::CssUrl;

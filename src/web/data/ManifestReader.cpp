@@ -12,7 +12,8 @@ namespace {
 
 using Json = nlohmann::json;
 
-/// An iterator over JSON that tells how far the parser has come.
+/// An iterator over JSON that notes how far the parser has come: the parser itself tells nobody
+/// where a string stands.
 class CountingIterator {
 public:
     using iterator_category = std::forward_iterator_tag;
@@ -36,15 +37,15 @@ private:
     const char** reached_;
 };
 
-/// Where in a manifest the parser is, as far as addresses may be there.
+/// The parts of a manifest that lead to addresses, and Outside for all others.
 enum class Part { Outside, Manifest, Images, Image, Shortcuts, Shortcut };
 
 struct Level {
     Part part;
-    Element element; ///< The list that the part belongs to.
+    Element element; ///< The list that the part belongs to, for the finding's place.
 };
 
-/// Takes what the parser finds.
+/// Takes what the parser finds, and files the addresses.
 class ManifestSink : public Json::json_sax_t {
 public:
     explicit ManifestSink(References& references)
@@ -87,7 +88,7 @@ private:
     std::string key_;
 };
 
-/// What the string of the current key is, if it is an address.
+/// The attribute that the current key counts as, if its string is an address.
 Attribute ManifestSink::address(Part part) const {
     switch (part) {
     case Part::Manifest:
@@ -101,7 +102,8 @@ Attribute ManifestSink::address(Part part) const {
     }
 }
 
-/// The string that the parser has just read, as it stands in the file, without its quotes.
+/// The string that the parser has just read, as the file has it, without its quotes. Goes back from
+/// the closing quote to the opening one, past escaped quotes.
 std::string_view ManifestSink::written() const {
     const char* const close = reached_ - 1;
     const char* open = close - 1;

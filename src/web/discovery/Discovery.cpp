@@ -54,7 +54,7 @@ void Discovery::readAll(StopToken& stop) {
         ++taken_;
         progress_.read = static_cast<int>(taken_);
     }
-    // What was still waiting when the run was stopped is no page that was read.
+    // The pages that still waited when the run was stopped were not read.
     results_.pages.resize(taken_);
     found_.notes.resize(taken_);
 }
@@ -100,7 +100,7 @@ void Discovery::file(std::uint32_t page, const JudgedPage& judged,
 
 void Discovery::fileTarget(std::uint32_t page, const JudgedReference& reference,
                            std::uint32_t target) {
-    // A page that names itself is not used for that.
+    // A page is not in use because it refers to itself.
     if (target != results_.pages[page].target) {
         markUsed(reference.file);
         reach(target, reference.file, reference.role);
@@ -116,6 +116,7 @@ void Discovery::fileTarget(std::uint32_t page, const JudgedReference& reference,
                             reference.role == Role::SvgUse,
                             reference.rawHash,
                             reference.decodedHash};
+    // Most fragments lead to pages that were read before: only the doubtful ones are kept.
     if (found_.readPage(target) == nullptr || found_.isMissing(open)) {
         found_.fragments.push_back(open);
     }
@@ -150,6 +151,7 @@ std::uint32_t Discovery::targetOf(std::uint32_t page, const JudgedPage& judged,
     }
 }
 
+/// The number of a target that is not a file under its own path. Numbers go on behind the files'.
 std::uint32_t Discovery::otherTarget(std::string_view path) {
     if (const auto known = otherTargets_.find(path); known != otherTargets_.end()) {
         return known->second;
@@ -171,6 +173,8 @@ void Discovery::markUsed(std::uint32_t file) {
     }
 }
 
+/// Queues a target that is to be read, by its name or by what refers to it. Each is read once, in
+/// the way that the first reference asked for.
 void Discovery::reach(std::uint32_t target, std::uint32_t file, Role role) {
     if (found_.pageOfTarget[target] != NoTarget) {
         return;
@@ -191,6 +195,7 @@ void Discovery::enqueue(std::uint32_t target, PageKind kind) {
     progress_.known = static_cast<int>(results_.pages.size());
 }
 
+/// The text, kept once however many references have it: a site repeats its menus on every page.
 std::string_view Discovery::interned(std::string_view text) {
     if (const auto known = texts_.find(text); known != texts_.end()) {
         return *known;

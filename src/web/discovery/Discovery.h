@@ -5,7 +5,7 @@
 #include "run/StopToken.h"
 #include "web/discovery/Discovered.h"
 #include "web/discovery/PageKinds.h"
-#include "web/judge/PageQueue.h"
+#include "web/judge/JudgedPage.h"
 #include "web/site/Inventory.h"
 
 #include <atomic>
@@ -16,10 +16,10 @@
 
 namespace quillmark::web {
 
-/// How far the reading has come; asked by another thread.
+/// How far the reading has come, for another thread to show.
 struct ReadingProgress {
-    std::atomic<int>& read;  ///< Pages.
-    std::atomic<int>& known; ///< Pages.
+    std::atomic<int>& read;  ///< Pages read.
+    std::atomic<int>& known; ///< Pages found so far.
 };
 
 /// Reads the pages of a site from one page on and gathers what they refer to. The results depend on
@@ -30,9 +30,10 @@ public:
               SiteSource& source, PageQueue& queue, Discovered& found,
               const ReadingProgress& progress);
 
-    /// Adds a file as a page, read as its name says or, without that, as `otherwise`.
+    /// Queues a file as a page. Its extension says how it is read; if that says nothing, it is read
+    /// as `otherwise`.
     void addPage(std::uint32_t file, PageKind otherwise);
-    /// Reads every page that waits and what they lead to.
+    /// Reads all pages that are queued, and the pages that these lead to.
     void readAll(StopToken& stop);
 
 private:

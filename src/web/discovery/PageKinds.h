@@ -10,19 +10,19 @@
 
 namespace quillmark::web {
 
-/// Decides by its extension, and by what refers to it, how a file is read.
+/// Decides how a file is read: by its extension, or by what refers to it.
 class PageKinds {
 public:
-    /// `extensions` are those of pages (CHECK_HTML), upper case; those of pages that servers put
-    /// together come with them.
+    /// `extensions` are those of pages (CHECK_HTML), in any letter case. "xhtml", and the pages
+    /// that servers put together, "shtml" and "php", are added.
     explicit PageKinds(const ResultList& extensions);
 
-    /// How a file is read whoever refers to it; nothing for most files.
+    /// How a file is read whatever refers to it; nothing for most files.
     std::optional<PageKind> byName(std::string_view path) const;
-    /// How it is read for a reference of that role.
+    /// How a file is read for a reference of that role; nothing if it is not read.
     static std::optional<PageKind> byRole(Role role);
 
-    /// Of pages, lower case: "html".
+    /// The extensions of pages, in lower case: "html".
     const std::vector<std::string>& extensions() const { return extensions_; }
 
 private:

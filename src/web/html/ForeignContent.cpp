@@ -8,10 +8,10 @@ namespace quillmark::web {
 
 namespace {
 
-/// As deep as browsers nest elements.
+/// As deep as browsers nest elements; deeper ones are not followed.
 constexpr std::size_t DeepestNesting = 512;
 
-/// Start tags that end SVG and MathML, since nobody can have meant them to be in there.
+/// Start tags that end SVG and MathML: nobody can have meant them to be in there.
 bool breaksOut(const Tag& tag) {
     switch (tag.element) {
     case Element::B:
@@ -65,7 +65,7 @@ bool breaksOut(const Tag& tag) {
     }
 }
 
-/// End tags of elements around SVG and MathML, which end with them.
+/// End tags of elements around SVG and MathML, which these cannot outlive.
 bool closesAround(const Tag& tag) {
     switch (tag.element) {
     case Element::Article:

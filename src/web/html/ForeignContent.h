@@ -6,16 +6,17 @@
 
 namespace quillmark::web {
 
-/// Follows which part of a page is SVG or MathML, where other elements and CDATA sections exist
-/// and no element has raw text, and which is in a template (WHATWG HTML, 13.2.6.5). Only the
-/// elements that decide this are remembered, not the whole tree.
+/// Follows which parts of a page are SVG or MathML, and which are in a template (WHATWG HTML,
+/// 13.2.6.5). In SVG and MathML there are other elements and CDATA sections, and no raw text. Only
+/// the elements that decide this are remembered, not the whole tree.
 class ForeignContent {
 public:
-    /// Takes a start tag; to be asked first whether the tag itself is foreign.
+    /// Takes a start tag. Returns whether its element is one of SVG or MathML.
     bool start(const Tag& tag);
+    /// Takes an end tag.
     void end(const Tag& tag);
 
-    /// Whether the next start tag would be one of SVG or MathML, unless it cannot be.
+    /// Whether the next element is one of SVG or MathML, unless its tag is one that ends them.
     bool foreign() const { return !open_.empty() && open_.back().foreign; }
     /// Whether an end tag could change anything.
     bool anyOpen() const { return !open_.empty(); }
@@ -24,7 +25,7 @@ public:
 private:
     struct Open {
         Element element;
-        bool foreign; ///< Its children are foreign: it is no way back to HTML.
+        bool foreign; ///< Its children are foreign; false if its content is HTML.
     };
 
     bool startForeign(const Tag& tag);

@@ -82,7 +82,8 @@ void HtmlReader::readStart() {
     }
 }
 
-/// Lets the tokenizer know what the elements that are open now make of the next markup.
+/// Tells the tokenizer what the open elements mean for the markup that follows. Where nothing
+/// depends on end tags it passes over them.
 void HtmlReader::followForeign() {
     tokenizer_.allowCdata(foreign_.foreign());
     tokenizer_.reportEndTags(foreign_.anyOpen() || markup_ == Markup::Svg);
@@ -93,11 +94,12 @@ Meaning HtmlReader::meaningOf(Attribute attribute) const {
     if (!svg_) {
         return htmlMeaning(element, attribute);
     }
+    // Browsers use href if an element has both.
     if (attribute == Attribute::XlinkHref && tokenizer_.tag().has(Attribute::Href)) {
         return Meaning::None;
     }
     const Meaning meaning = svgMeaning(element, attribute);
-    // An SVG file may hold HTML, whose elements are told by their names alone.
+    // An SVG file may hold elements of HTML; their names alone tell them.
     return meaning == Meaning::None && markup_ == Markup::Svg ? htmlMeaning(element, attribute)
                                                               : meaning;
 }
@@ -186,7 +188,7 @@ void HtmlReader::readContent(const TagAttribute& attribute) {
     }
 }
 
-/// Reads the content of a style element of HTML, unless its type says that it is none of CSS.
+/// Reads the content of a style element of HTML, unless its type says that it is not CSS.
 void HtmlReader::readStyle(std::string_view css) {
     const std::string_view type = decoded(Attribute::Type);
     if (type.empty() || equalIgnoringCase(type, "text/css")) {

@@ -7,12 +7,12 @@
 
 namespace quillmark::web {
 
-/// What the address of a link element is for, by its attributes rel and type, decoded. Nothing for
-/// one that only names a host to connect to: no file is fetched from it.
+/// What the address of a link element is for, by its attributes rel and type (decoded). Nothing if
+/// it only names a host to connect to: then no file is fetched.
 std::optional<Role> linkRole(std::string_view rel, std::string_view type);
 
-/// Whether the content of a meta element is the address of a file, by the name that its attribute
-/// property, name or itemprop gives it, decoded: pictures for previews, mostly.
+/// Whether the content of a meta element with this property, name or itemprop (decoded) is the
+/// address of a file: mostly pictures for previews.
 bool namesFile(std::string_view name);
 
 } // namespace quillmark::web

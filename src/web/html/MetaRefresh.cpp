@@ -13,7 +13,7 @@ template <class Is> std::string_view skip(std::string_view text, Is is) {
     return text.substr(static_cast<std::size_t>(first - text.begin()));
 }
 
-/// What follows "url" and "=", if the text begins with them; else the text.
+/// What follows "url" and "=", if the text begins with them; otherwise the whole text.
 std::string_view afterUrlWord(std::string_view text) {
     if (!startsIgnoringCase(text, "url")) {
         return text;
@@ -25,6 +25,7 @@ std::string_view afterUrlWord(std::string_view text) {
 } // namespace
 
 std::string_view refreshAddress(std::string_view content) {
+    // A number comes first, then a separator, and only then the address.
     const std::string_view time = skip(content, isBlank);
     std::string_view rest = skip(time, [](char c) { return isDigit(c) || c == '.'; });
     if (rest.size() == time.size() || rest.empty() ||

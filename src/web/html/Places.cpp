@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t Elements = 256;
 constexpr std::size_t Attributes = 64;
 
-/// A meaning for each element and attribute.
+/// A meaning for each attribute and element: one lookup, however many rows the tables below have.
 using Meanings = std::array<std::array<Meaning, Elements>, Attributes>;
 
 struct Row {

@@ -10,9 +10,9 @@ namespace quillmark::web {
 enum class Meaning : std::uint8_t {
     None,
     Link,    ///< One address.
-    Form,    ///< The address of what takes a form.
+    Form,    ///< The address that a form is sent to.
     UseMap,  ///< "#name" of a map.
-    SvgUse,  ///< The address of an element of SVG.
+    SvgUse,  ///< The address of another element of SVG.
     Srcset,  ///< Several addresses with descriptors.
     Css,     ///< Declarations or a value of CSS.
     Base,    ///< The address that others are relative to.

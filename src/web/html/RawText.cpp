@@ -10,7 +10,7 @@ namespace quillmark::web {
 
 namespace {
 
-/// Whether the text has `name` at `at`, and what ends a tag's name behind it.
+/// Whether `name` stands at `at`, followed by what ends the name of a tag.
 bool hasName(std::string_view text, std::size_t at, std::string_view name) {
     if (!startsIgnoringCase(text.substr(at), name) || at + name.size() >= text.size()) {
         return false;
@@ -23,7 +23,8 @@ bool isEndTag(std::string_view text, std::size_t at, std::string_view name) {
     return at + 1 < text.size() && text[at + 1] == '/' && hasName(text, at + 2, name);
 }
 
-/// The states of a script: between "<!--" and "-->" a "<script>" hides the next "</script>".
+/// The text of a script. Between "<!--" and "-->" a "<script>" hides the next "</script>": old
+/// pages wrap their scripts in comments and write scripts from there.
 class ScriptText {
 public:
     explicit ScriptText(std::string_view text) : text_(text) {}

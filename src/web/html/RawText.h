@@ -10,8 +10,8 @@ namespace quillmark::web {
 /// markup: readers without scripts and search engines follow it.
 bool hasRawText(Element element);
 
-/// The length of such a text: `text` begins behind the start tag (WHATWG HTML, 13.2.5.2 to
-/// 13.2.5.31). The rest of the page if there is no end tag.
+/// The length of such content in bytes; `text` begins behind the start tag (WHATWG HTML, 13.2.5.2
+/// to 13.2.5.31). Without an end tag it is the rest of the page.
 std::size_t rawTextLength(std::string_view text, Element element);
 
 } // namespace quillmark::web

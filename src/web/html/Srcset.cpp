@@ -20,7 +20,7 @@ bool Srcset::next() {
         skipDescriptors();
         return true;
     }
-    // Commas inside an address are part of it, those at its end are not.
+    // Commas inside an address are part of it; those at its end are separators.
     while (value_[start_ + size_ - 1] == ',') {
         --size_;
     }

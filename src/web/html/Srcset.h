@@ -6,7 +6,7 @@
 namespace quillmark::web {
 
 /// Goes through the addresses of a srcset (WHATWG HTML, 4.8.4.3.10). Descriptors are passed over,
-/// valid or not: an address that a browser leaves out today it may take tomorrow.
+/// valid or not: browsers of tomorrow may understand one that they reject today.
 class Srcset {
 public:
     explicit Srcset(std::string_view value) : value_(value) {}
@@ -14,7 +14,7 @@ public:
     /// Moves on to the next address; false at the end.
     bool next();
     std::string_view address() const { return value_.substr(start_, size_); }
-    /// Where the address begins in the value, in bytes from 0.
+    /// Where the address begins in the value, in bytes, 0-based.
     std::size_t offset() const { return start_; }
 
 private:

@@ -5,8 +5,8 @@
 
 namespace quillmark::web {
 
-/// Goes through the text between two tags of XML or SVG: what stands outside of comments, and
-/// what CDATA sections hold.
+/// Goes through the text between two tags of XML or SVG: the text outside comments, and the content
+/// of CDATA sections.
 class TextPieces {
 public:
     explicit TextPieces(std::string_view text) : rest_(text) {}
@@ -14,7 +14,7 @@ public:
     /// Moves on to the next piece that is not empty; false at the end.
     bool next();
     std::string_view piece() const { return piece_; }
-    /// Whether the piece stands in a CDATA section: it is without character references.
+    /// Whether the piece stands in a CDATA section, where there are no character references.
     bool inCdata() const { return cdata_; }
 
 private:

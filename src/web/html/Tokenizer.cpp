@@ -10,14 +10,14 @@ namespace quillmark::web {
 
 namespace {
 
-/// For each byte the byte that it adds to a name, in lower case; 0 for one that ends the name.
+/// For each byte, what it adds to a name: the byte in lower case, or 0 if it ends the name.
 using NameBytes = std::array<unsigned char, 256>;
 
 constexpr NameBytes nameBytes(std::string_view ends) {
     NameBytes bytes{};
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto c = static_cast<char>(i);
-        // A NUL is part of a name that nobody looks for.
+        // A NUL is part of a name, but 0 ends one. No known name has 0xFF, so this one is unknown.
         bytes.at(i) = c == '\0' ? 0xFF : static_cast<unsigned char>(lowerAscii(c));
         if (isBlank(c) || ends.find(c) != std::string_view::npos) {
             bytes.at(i) = 0;
@@ -56,13 +56,14 @@ const char* find(const char* p, const char* end, char c) {
     return found == nullptr ? end : static_cast<const char*>(found);
 }
 
-/// Behind the next `text`; the end without one.
+/// The place behind the next `text`; the end if there is none.
 const char* behind(const char* p, const char* end, std::string_view text) {
     const std::size_t found = view(p, end).find(text);
     return found == std::string_view::npos ? end : p + found + text.size();
 }
 
-/// Behind a comment whose "<!--" ends at p.
+/// The place behind a comment whose "<!--" ends at p. "<!-->" and "<!--->" are whole comments, and
+/// "--!>" ends one, too (WHATWG HTML, 13.2.5.43 to 13.2.5.52).
 const char* afterComment(const char* p, const char* end) {
     const std::string_view text = view(p, end);
     if (text.starts_with(">")) {
@@ -112,7 +113,7 @@ bool Tokenizer::readTag(const char* name) {
     const char* p = readName(name, end_, TagNameBytes, key);
     tag_.element = findElement(view(name, p), key);
     if (syntax_ == Syntax::Xml && tag_.element == Element::Other) {
-        // The prefix of a namespace: "svg:use".
+        // The name may have the prefix of a namespace: "svg:use".
         const std::string_view whole = view(name, p);
         tag_.element = findElement(whole.substr(whole.rfind(':') + 1));
     }
@@ -150,7 +151,7 @@ bool Tokenizer::readAttributes(const char* p) {
 const char* Tokenizer::readAttribute(const char* p) {
     NameKey key;
     const char* const name = p;
-    if (*p == '=') { // The first character of a name may be one.
+    if (*p == '=') { // As its first character a name may have "=".
         key.append('=');
         ++p;
     }
@@ -178,7 +179,7 @@ const char* Tokenizer::readAttribute(const char* p) {
     return p;
 }
 
-/// Behind what begins with a "<" before p and is no tag.
+/// The place behind markup that is not a tag; its "<" stands before p.
 const char* Tokenizer::afterMarkup(const char* p) {
     if (*p == '!') {
         return afterDeclaration(p + 1);

@@ -6,7 +6,7 @@
 
 namespace quillmark::web {
 
-/// What makes XML differ from HTML where tags are found.
+/// The rules by which tags are found.
 enum class Syntax { Html, Xml };
 
 /// Goes through markup from tag to tag (WHATWG HTML, 13.2.5), past text, comments, declarations,
@@ -17,16 +17,16 @@ public:
         : at_(source.data()), end_(source.data() + source.size()), syntax_(syntax),
           cdata_(syntax == Syntax::Xml) {}
 
-    /// Moves on to the next tag; false at the end. A tag without its ">" is none.
+    /// Moves on to the next tag; false at the end. A tag without its ">" does not count.
     bool next();
     const Tag& tag() const { return tag_; }
 
     /// Tells whether "<![CDATA[" begins a section, as it does in SVG and MathML.
     void allowCdata(bool allowed) { cdata_ = allowed || syntax_ == Syntax::Xml; }
-    /// Tells whether next() stops at end tags, too. At first it does.
+    /// Tells whether next() stops at end tags, too, as it does at first.
     void reportEndTags(bool reported) { endTags_ = reported; }
-    /// Passes over the raw text that follows the start tag of an element up to its end tag, and
-    /// returns it. The end tag is the next tag. "" for an element whose content is markup.
+    /// Passes over the raw text between the start tag of an element and its end tag, and returns
+    /// it. The end tag is the next tag. Returns "" for an element whose content is markup.
     std::string_view skipRawText(Element element);
 
 private:
@@ -43,7 +43,7 @@ private:
     Syntax syntax_;
     bool cdata_;
     bool endTags_ = true;
-    bool phpEnds_ = true; ///< There may be another "?>" ahead.
+    bool phpEnds_ = true; ///< There may be another "?>" ahead: no second search without one.
     Tag tag_;
 };
 

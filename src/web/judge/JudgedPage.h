@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/OrderedQueue.h"
 #include "findings/Finding.h"
 #include "web/page/PageContent.h"
 
@@ -12,17 +13,17 @@
 
 namespace quillmark::web {
 
-/// A longer reference is shown cut: data: addresses hold whole files.
+/// Longer references, in bytes, are shown cut: data: addresses hold whole files.
 inline constexpr std::size_t LongestShown = 4096;
 
-/// A file that is to be read for its references.
+/// A file to read for its references.
 struct PageTask {
-    std::string fullPath; ///< Its address: the full path that its references are relative to.
-    std::string path;     ///< The same, from the top of the site on.
+    std::string fullPath; ///< "/" form. A page behind a link has the path through the link.
+    std::string path;     ///< The same, relative to the top of the site.
     PageKind kind = PageKind::Html;
 };
 
-/// What a reference turned out to lead to.
+/// A reference and what it leads to.
 struct JudgedReference {
     enum class Target : std::uint8_t {
         OwnPage,
@@ -30,7 +31,7 @@ struct JudgedReference {
         FileBehindLink, ///< `file`, under the path `path`.
         Folder,         ///< The folder `path`, which has no index page.
         Elsewhere,      ///< `path`, which a link leads out of the site to; something is there.
-        Missing,        ///< `path`, where nothing is.
+        Missing,        ///< `path`, and nothing is there.
         DanglingLink,   ///< `file`, a link to nothing.
         Ignored,
         ThisComputer,
@@ -45,25 +46,26 @@ struct JudgedReference {
     Target target = Target::File;
     IgnoredReason reason = IgnoredReason::AnotherSite;
     Role role = Role::Link;
-    bool fromTop = false;               ///< Was written with a leading "/".
+    bool fromTop = false;               ///< It was written with a leading "/".
     Fragment fragment = Fragment::None; ///< Unknown until the target's ids are known.
     std::uint16_t place = 0;
-    std::uint32_t ordinal = 0; ///< Index into PageContent::references.
+    std::uint32_t ordinal = 0; ///< 0-based index into PageContent::references.
     Position at;
     std::uint32_t file = 0;
-    Text path;                     ///< From the top of the site on.
-    Text written;                  ///< As written, where that will be shown.
-    std::uint64_t rawHash = 0;     ///< Of the fragment as written.
-    std::uint64_t decodedHash = 0; ///< Of the fragment, percent-decoded.
+    Text path;                     ///< Relative to the top of the site.
+    Text written;                  ///< As written, if it will be shown.
+    std::uint64_t rawHash = 0;     ///< Hash of the fragment as written.
+    std::uint64_t decodedHash = 0; ///< Hash of the fragment, percent-decoded.
 };
 
-/// All that is known of a page once it was read. One object serves many pages and keeps its memory.
+/// All that is known of a page after reading it. One object serves many pages and reuses its
+/// memory.
 struct JudgedPage {
     std::string trouble; ///< Why it could not be read; empty if it was.
     std::vector<JudgedReference> references;
-    std::vector<std::uint64_t> ids;  ///< Hashes, ascending.
-    std::optional<std::string> base; ///< The path of its base href, from the top of the site on.
-    std::string texts;
+    std::vector<std::uint64_t> ids;  ///< Hashes of its ids, ascending.
+    std::optional<std::string> base; ///< The path of its base href, if that lies in the site.
+    std::string texts;               ///< What JudgedReference::Text points into.
 
     std::string_view text(JudgedReference::Text part) const {
         return std::string_view(texts).substr(part.start, part.length);
@@ -76,5 +78,8 @@ struct JudgedPage {
         texts.clear();
     }
 };
+
+/// The pages to judge, handed out in the order of their discovery.
+using PageQueue = OrderedQueue<PageTask, JudgedPage>;
 
 } // namespace quillmark::web

@@ -4,7 +4,6 @@
 #include "base/Hash.h"
 #include "web/address/PercentCoding.h"
 #include "web/address/ReferenceText.h"
-#include "web/judge/Fragment.h"
 
 #include <algorithm>
 #include <memory>
@@ -24,6 +23,7 @@ JudgedReference::Text keep(std::string_view text, JudgedPage& page) {
     return part;
 }
 
+/// Keeps a reference for the user to read, cut if it is very long.
 JudgedReference::Text keepWritten(std::string_view text, JudgedPage& page) {
     if (text.size() <= LongestShown) {
         return keep(text, page);
@@ -57,7 +57,8 @@ Target targetFor(const Found& found) {
     }
 }
 
-/// Browsers take blanks and line breaks out of a reference.
+/// Whether a reference has blanks or control characters. Browsers take some of them out, so equal
+/// bytes in front of the "#" are not enough to know where it leads.
 bool hasBlanks(std::string_view text) {
     return std::any_of(text.begin(), text.end(),
                        [](char c) { return static_cast<unsigned char>(c) <= 0x20; });
@@ -85,6 +86,7 @@ void PageJudge::judge(const PageTask& task, JudgedPage& page) {
     }
     hashIds(task.kind, page);
     recent_.clear();
+    // "#part" alone names the page, unless a base href turns it into a reference elsewhere.
     if (!content_.base) {
         recent_.add({std::string_view(""), Target::OwnPage, 0, true, false});
     }
@@ -118,8 +120,8 @@ void PageJudge::judgeReference(const PageTask& task, std::uint32_t ordinal, Judg
     }
 }
 
-/// What follows the first "#" names a map of the page (WHATWG HTML, section 4.8.14). Browsers take
-/// its name only; authors use its id, too.
+/// What follows the first "#" names a map of the page (WHATWG HTML, section 4.8.14). Browsers look
+/// at the map's name only, but authors also write its id.
 void PageJudge::judgeUseMap(const PageReference& reference, JudgedReference judged,
                             JudgedPage& page) {
     const std::size_t hash = reference.text.find('#');
@@ -137,6 +139,7 @@ void PageJudge::judgeUseMap(const PageReference& reference, JudgedReference judg
 
 void PageJudge::judgeAddress(const PageTask& task, const PageReference& reference,
                              JudgedReference judged, JudgedPage& page) {
+    // Patterns look at the whole reference, so with patterns each one is judged by itself.
     if (context_.exclude.empty() && judgeRepeated(reference, judged, page)) {
         return;
     }
@@ -162,7 +165,7 @@ void PageJudge::judgeAddress(const PageTask& task, const PageReference& referenc
     }
 }
 
-/// Judges a reference to a file that the page has named before. False if it is none.
+/// Judges a reference to a file that the page has named before. Returns false for any other.
 bool PageJudge::judgeRepeated(const PageReference& reference, JudgedReference judged,
                               JudgedPage& page) {
     std::string_view text = reference.text;
@@ -197,7 +200,7 @@ void PageJudge::judgeTarget(const PageTask& task, const PageReference& reference
     }
     if (isExcluded(reference)) {
         addIgnored(IgnoredReason::Excluded, reference, judged, page);
-        judged.role = Role::UseOnly;
+        judged.role = Role::UseOnly; // An excluded reference still uses its file.
     }
     if (judged.role == Role::UseOnly) {
         if (isFile) {
@@ -217,7 +220,8 @@ void PageJudge::judgeTarget(const PageTask& task, const PageReference& reference
     page.references.push_back(judged);
 }
 
-/// What only counts as use may lead elsewhere: of it every server is the site's own.
+/// Remembers where a reference leads. Those with Role::UseOnly are left out: for them every server
+/// counts as the site's own, so the same words may lead another reference elsewhere.
 void PageJudge::remember(std::string_view reference, const JudgedReference& judged, bool ownPage) {
     static_cast<void>(cutFragment(reference));
     const bool repeats = judged.target == Target::File && judged.role != Role::UseOnly;

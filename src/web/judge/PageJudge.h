@@ -2,7 +2,7 @@
 
 #include "run/SiteSource.h"
 #include "web/address/Address.h"
-#include "web/judge/PageQueue.h"
+#include "web/judge/JudgedPage.h"
 #include "web/judge/Patterns.h"
 #include "web/judge/RecentTargets.h"
 #include "web/judge/TargetFinder.h"
@@ -14,21 +14,21 @@
 
 namespace quillmark::web {
 
-/// What every page of a run is judged by. It does not change while pages are read.
+/// What the pages of a run are judged by. It does not change while pages are read.
 struct JudgeContext {
     SiteSource& source;
     const TargetFinder& targets;
     const Addresses& addresses;
-    const Addresses& anyServer; ///< For what only counts as use: sitemaps name the site's server.
+    const Addresses& anyServer; ///< For Role::UseOnly: sitemaps write the server's name out.
     const Patterns& exclude;
 };
 
-/// Reads pages and judges their references, each thread with a judge of its own.
+/// Reads pages and judges their references. Each thread needs a judge of its own.
 class PageJudge {
 public:
     explicit PageJudge(const JudgeContext& context) : context_(context) {}
 
-    /// Fills `page`, which is cleared first. A page that cannot be read says why in `trouble`.
+    /// Fills `page`, which is cleared first. If it cannot be read, `trouble` says why.
     void judge(const PageTask& task, JudgedPage& page);
 
 private:
@@ -56,7 +56,7 @@ private:
     RecentTargets recent_;
 };
 
-/// What a PageQueue has its threads do.
+/// Gives each thread of a PageQueue its work: a judge of its own. `context` must outlive the queue.
 std::function<PageQueue::Work()> pageJudges(const JudgeContext& context);
 
 } // namespace quillmark::web

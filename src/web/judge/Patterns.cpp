@@ -9,13 +9,13 @@
 namespace quillmark::web {
 
 Patterns::Patterns(const std::vector<std::string>& texts) {
-    // Latin-1 takes any bytes: paths need not be UTF-8.
+    // Paths need not be UTF-8: as Latin-1 every byte is a character.
     for (const std::string& text : texts) {
         RE2::Options options(RE2::Quiet);
         options.set_encoding(RE2::Options::EncodingLatin1);
         auto pattern = std::make_unique<RE2>(text, options);
         if (!pattern->ok()) {
-            throw invalidValue("\"" + text + "\" is no regular expression: " + pattern->error());
+            throw invalidValue("\"" + text + "\" is not a regular expression: " + pattern->error());
         }
         patterns_.push_back(std::move(pattern));
     }

@@ -10,13 +10,13 @@
 
 namespace quillmark::web {
 
-/// The files that references of one page led to, by what stands in front of their "#". Most
-/// references of documentation name a file that the page named before: nothing has to be resolved
-/// or looked up for them. A newer file takes the place of an older one.
+/// The files that earlier references of a page led to, by the text in front of their "#". In
+/// documentation most references name a file that the page named before: they need no resolving and
+/// no lookup. A small table is enough; a new entry overwrites the one in its place.
 class RecentTargets {
 public:
     struct Entry {
-        std::string_view text; ///< Of the page; without data there is none.
+        std::string_view text; ///< A view into the page; without data the place is free.
         JudgedReference::Target target = JudgedReference::Target::File;
         std::uint32_t file = 0;
         bool ownPage = false;

@@ -16,6 +16,7 @@ Found TargetFinder::find(std::string& path) const {
     if (found.what == What::Folder) {
         found = findIndex(path, found);
     }
+    // The inventory ends at a link out of the site: only the disk knows what is behind it.
     if (found.what == What::Outside &&
         !source_.answers(std::string(inventory_.results().top) + path)) {
         found.what = What::Nothing;
@@ -26,7 +27,8 @@ Found TargetFinder::find(std::string& path) const {
     return found.what == What::Nothing ? findOther(path) : found;
 }
 
-/// "docs/", where "docs" is a link to nothing.
+/// Whether the path is "docs/" and "docs" is a link to nothing. That deserves another finding than
+/// a folder that was never there.
 bool TargetFinder::isDanglingFolder(const std::string& path, Found& found) const {
     std::string link = path.substr(0, path.size() - 1);
     const Found behind = inventory_.find(link);
@@ -37,7 +39,7 @@ bool TargetFinder::isDanglingFolder(const std::string& path, Found& found) const
     return true;
 }
 
-/// A server sends visitors of "docs" on to "docs/".
+/// Servers redirect visitors from "docs" to "docs/".
 Found TargetFinder::findFolder(std::string& path) const {
     path += '/';
     const Found found = inventory_.find(path);
@@ -61,6 +63,8 @@ Found TargetFinder::findIndex(std::string& folder, const Found& found) const {
     return found;
 }
 
+/// What a server that has been set up so still finds: pages without their extension, names in
+/// another letter case.
 Found TargetFinder::findOther(std::string& path) const {
     if (rules_.cleanUrls && !path.empty() && !path.ends_with('/')) {
         for (const std::string& extension : rules_.pageExtensions) {

@@ -9,24 +9,24 @@
 
 namespace quillmark::web {
 
-/// How names are looked up beyond the exact path.
+/// What a server tries beside the exact path.
 struct LookupRules {
-    std::vector<std::string> indexNames;
-    std::vector<std::string> pageExtensions; ///< "html"; tried for clean addresses.
+    std::vector<std::string> indexNames;     ///< "index.html", in the order they are tried.
+    std::vector<std::string> pageExtensions; ///< "html", tried if cleanUrls is set.
     bool cleanUrls = false;
     bool ignoreCase = false;
 };
 
-/// Looks up what a path leads to, as a web server does that sends static files. Several threads may
-/// ask at once.
+/// Looks up what a path leads to, as a web server for static files does. Several threads may ask at
+/// once.
 class TargetFinder {
 public:
     TargetFinder(const Inventory& inventory, const Spellings& spellings, SiteSource& source,
                  const LookupRules& rules)
         : inventory_(inventory), spellings_(spellings), source_(source), rules_(rules) {}
 
-    /// What the path leads to: a folder to its index page, if it has one. `path` becomes the path
-    /// of what was found.
+    /// What the path leads to; a folder with an index page leads to that page. `path`, relative to
+    /// the top of the site and decoded, becomes the path of what was found.
     Found find(std::string& path) const;
 
 private:

@@ -10,7 +10,7 @@ namespace quillmark::web {
 
 namespace {
 
-/// The user and password in front of the "@" keep their letters.
+/// User and password, in front of the "@", keep their letter case: it matters there.
 std::string withLowerHost(std::string_view authority) {
     const std::size_t host = authority.rfind('@') + 1;
     return std::string(authority.substr(0, host)) + lowerAscii(std::string(authority.substr(host)));

@@ -6,14 +6,15 @@
 
 namespace quillmark::web {
 
-/// A reference to another site, as its server is asked.
+/// A reference to another site, as its server is asked for it.
 struct LinkAddress {
-    std::string address;  ///< Without the fragment; two that differ in letter case only where that
-                          ///< has no meaning are one.
+    std::string address;  ///< Without the fragment; scheme and host in lower case, so that equal
+                          ///< addresses are asked once.
     std::string fragment; ///< As written.
 };
 
-/// Nothing for a reference that names no http or https. `//host/` takes the scheme `ownScheme`.
+/// Nothing if the reference is not an http or https address. "//host/" takes the scheme
+/// `ownScheme`.
 std::optional<LinkAddress> linkAddressOf(std::string_view reference, std::string_view ownScheme);
 
 } // namespace quillmark::web

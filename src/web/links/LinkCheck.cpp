@@ -1,7 +1,6 @@
 #include "web/links/LinkCheck.h"
 
 #include "web/judge/JudgedPage.h"
-#include "web/links/HeaderOption.h"
 #include "web/links/LinkAddress.h"
 
 #include <algorithm>
@@ -13,7 +12,7 @@ namespace quillmark::web {
 
 namespace {
 
-/// Fewer than browsers ask at once, and enough to be done soon.
+/// Requests to one host at a time: fewer than a browser makes, and enough to be done soon.
 constexpr std::size_t ToOneHost = 4;
 constexpr int Retries = 2;
 constexpr std::size_t StepsBetweenEvents = 1024;
@@ -38,7 +37,7 @@ std::string withFragment(const std::string& address, const std::string& fragment
     return fragment.empty() || hasOne ? address : address + "#" + fragment;
 }
 
-/// A form's server may want what only the form can send.
+/// A server may refuse the address of a form because only the form sends what it wants.
 bool isForm(const Place& at) {
     return at.attribute == "action" || at.attribute == "formaction";
 }
@@ -107,14 +106,16 @@ void LinkCheck::ask() {
         }
         take(links_[i], answer);
     }
-    outside_.inet.expect({}, {});
+    outside_.inet.expect({},
+                         {}); // What was not asked for before Stop need not be fetched any more.
 }
 
 void LinkCheck::take(Link& link, const UrlAnswer& answer) {
     const std::string leadsTo = answer.redirects.empty() ? "" : answer.redirects.back().to;
     link.asked = true;
     link.verdict = verdictOn(answer);
-    // Browsers take the fragment of the redirect; and only a whole page lacks something.
+    // A fragment in the redirect replaces the one in the reference. And only a page that came whole
+    // can be said to lack something.
     if (leadsTo.find('#') != std::string::npos || answer.status >= 300 ||
         answer.failure != UrlFailure::None) {
         link.page = nullptr;

@@ -14,22 +14,21 @@
 
 namespace quillmark::web {
 
-/// Asks the web addresses among the ignored references, each once, and files what is wrong with
-/// them.
+/// Asks each web address among the ignored references once, and files what is wrong with them.
 class LinkCheck {
 public:
     /// `ownScheme` is that of the site: "https".
     LinkCheck(SiteResults& results, const RunState& state, const LinkOptions& options,
               Outside& outside, std::string_view ownScheme);
 
-    /// Appends addresses and findings, and takes the references that were judged off the ignored
+    /// Appends addresses and findings, and removes the references that were judged from the ignored
     /// ones. The abort flag ends it; what was judged until then stays.
     void perform();
 
 private:
     struct Link {
         std::string address;
-        LinkPage* page = nullptr; ///< Looks for fragments in it.
+        LinkPage* page = nullptr; ///< Looks for fragments in the answer; null if none are wanted.
         bool asked = false;
         LinkVerdict verdict;
     };

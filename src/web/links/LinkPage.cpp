@@ -1,7 +1,7 @@
 #include "web/links/LinkPage.h"
 
 #include "web/address/PercentCoding.h"
-#include "web/judge/Fragment.h"
+#include "web/address/ReferenceText.h"
 #include "web/page/PageContent.h"
 #include "web/text/Ascii.h"
 #include "web/verdict/NearNames.h"
@@ -14,6 +14,7 @@ namespace quillmark::web {
 
 namespace {
 
+/// In bytes. Several answers are in memory at once, so that one must not take it all.
 constexpr std::size_t LongestPage = std::size_t{4} * 1024 * 1024;
 
 std::optional<PageKind> kindOf(std::string_view contentType) {
@@ -24,7 +25,7 @@ std::optional<PageKind> kindOf(std::string_view contentType) {
     return equalIgnoringCase(type, "text/html") ? std::optional(PageKind::Html) : std::nullopt;
 }
 
-/// Code hosts put a prefix before the ids of what their users wrote, and scripts lead to them.
+/// Code hosts put a prefix before the ids in texts of their users; a script leads visitors there.
 bool holds(const std::vector<std::string_view>& ids, const std::string& fragment) {
     return std::any_of(ids.begin(), ids.end(), [&fragment](std::string_view id) {
         return id == fragment || id == "user-content-" + fragment;

@@ -9,14 +9,14 @@
 
 namespace quillmark::web {
 
-/// Looks for fragments in the page that answers. The page is kept until it has ended, as far as
-/// that is reasonable; a fragment that was not seen in a longer one counts as there.
+/// Looks for fragments in the page that a web server sends. The page is kept until it is complete,
+/// up to 4 MiB; in a longer one every fragment counts as there.
 class LinkPage : public BodyReader {
 public:
-    /// Whether a fragment is one that a page must have an id for.
+    /// Whether a page must have an id for this fragment.
     static bool isJudged(std::string_view fragment);
 
-    /// Such a fragment, as written. It must be told before the page is asked for.
+    /// Adds such a fragment, as written. To be called before the page is requested.
     void want(std::string_view fragment);
 
     void begin() override;
@@ -25,7 +25,7 @@ public:
 
     /// Whether the page was read and does not have the fragment.
     bool lacks(std::string_view fragment) const;
-    /// What is there instead, under the most similar name; may be empty.
+    /// The most similar id of the page; empty if none is near.
     std::string_view nearest(std::string_view fragment) const;
 
 private:

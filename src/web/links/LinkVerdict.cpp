@@ -16,7 +16,8 @@ bool isForGood(int status) {
     return status == 301 || status == 308;
 }
 
-/// Where the redirects for good lead to that come before any other.
+/// A page has moved as far as its permanent redirects lead: behind a temporary one nothing is for
+/// good.
 LinkVerdict soundOrMoved(const UrlAnswer& answer) {
     LinkVerdict verdict;
     for (const Redirect& redirect : answer.redirects) {
@@ -38,7 +39,7 @@ LinkVerdict onStatus(const UrlAnswer& answer) {
     case 302:
     case 303:
     case 307:
-    case 308: // The last answer sends nowhere, or it would have been followed.
+    case 308: // The last answer redirects nowhere, or it would have been followed.
         return error(FindingKind::RedirectNowhere, status);
     case 404:
     case 410:
@@ -86,7 +87,7 @@ LinkVerdict onFailure(UrlFailure failure) {
 
 } // namespace
 
-// An answer whose header came is judged by it, also if its body ended too early or never.
+// The header decides, even if the body broke off or never ended: a browser shows what it got.
 LinkVerdict verdictOn(const UrlAnswer& answer) {
     const bool bodyOnly = answer.status != 0 && (answer.failure == UrlFailure::TimedOut ||
                                                  answer.failure == UrlFailure::Broken);

@@ -9,16 +9,16 @@
 
 namespace quillmark::web {
 
-/// What an answer means for the references that ask for it.
+/// What a web server's answer means for the references to its address.
 struct LinkVerdict {
-    std::optional<FindingKind> kind; ///< Nothing: they are sound.
+    std::optional<FindingKind> kind; ///< Nothing if they are sound.
     FindingLevel level = FindingLevel::Note;
-    std::uint16_t status = 0; ///< The one that the verdict rests on.
-    std::string movedTo;      ///< Where it has moved for good.
+    std::uint16_t status = 0; ///< The HTTP status that decided; 0 without one.
+    std::string movedTo;      ///< Where the page has moved for good; may be empty.
 };
 
-/// Judges an answer as a visitor would: what a browser shows is sound. What speaks of rights, of
-/// haste or of trouble at the server says nothing of the page: that is a note.
+/// Judges an answer as a visitor would: what a browser shows is sound. An answer about rights, too
+/// many requests or trouble at the server says nothing about the page: it gives a note.
 LinkVerdict verdictOn(const UrlAnswer& answer);
 
 } // namespace quillmark::web

@@ -24,8 +24,8 @@ constexpr NameKey keyOf(std::string_view name) {
     return key;
 }
 
-/// A hash table of the known names, made by the compiler. Keys lie close together, since each tag
-/// and attribute of a page is looked up.
+/// A hash table of the known names, made by the compiler. Keys lie close together in memory, since
+/// each tag and attribute of a page is looked up.
 class NameTable {
 public:
     template <std::size_t Count>
@@ -59,7 +59,8 @@ private:
         return static_cast<std::size_t>((key.characters * 0x9E3779B97F4A7C15U) >> 55U);
     }
 
-    /// Whether a name is the known one of the same key.
+    /// Whether a name is the known one with the same key. Names of up to eight characters are, if
+    /// the length is the same.
     static bool isNamed(std::string_view name, std::string_view known) {
         return name.size() == known.size() &&
                (name.size() <= sizeof(NameKey) || equalIgnoringCase(name, known));

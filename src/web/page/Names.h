@@ -68,30 +68,30 @@ namespace quillmark::web {
 
 #define QUILLMARK_WEB_ENUMERATOR(NAME, TEXT) NAME,
 
-/// The elements that the readers tell apart; Other is every other one, and none.
+/// The elements that the readers tell apart. Other stands for all others, and for no element.
 enum class Element : std::uint8_t { QUILLMARK_WEB_ELEMENTS(QUILLMARK_WEB_ENUMERATOR) };
 
-/// The attributes that the readers tell apart. CSS functions and rules stand in their place.
+/// The attributes that the readers tell apart. Functions and rules of CSS count as attributes.
 enum class Attribute : std::uint8_t { QUILLMARK_WEB_ATTRIBUTES(QUILLMARK_WEB_ENUMERATOR) };
 
 #undef QUILLMARK_WEB_ENUMERATOR
 
-/// A name in the making: its characters in lower case are appended one after the other. Holds the
-/// last eight of them, which tell all known names apart but for what isNamed() compares.
+/// The key of a name: its last eight characters. A tokenizer appends the characters of a name while
+/// it looks for its end, so that a lookup need not go over the name again.
 struct NameKey {
     std::uint64_t characters = 0;
 
     constexpr void append(unsigned char lower) { characters = characters << 8U | lower; }
 };
 
-/// The element of a name, whatever its letter case; `key` is that of the same name.
+/// The element of a name in any letter case; `key` is the key of that name.
 Element findElement(std::string_view name, NameKey key);
 Element findElement(std::string_view name);
-/// The attribute of a name, whatever its letter case; `key` is that of the same name.
+/// The attribute of a name in any letter case; `key` is the key of that name.
 Attribute findAttribute(std::string_view name, NameKey key);
 Attribute findAttribute(std::string_view name);
 
-/// The number of a place; placeName() gives the names back.
+/// An element and an attribute as one number; placeName() gives their names.
 constexpr std::uint16_t placeOf(Element element, Attribute attribute) {
     return static_cast<std::uint16_t>(static_cast<unsigned>(element) << 8U |
                                       static_cast<unsigned>(attribute));

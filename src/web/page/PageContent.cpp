@@ -4,8 +4,7 @@ namespace quillmark::web {
 
 namespace {
 
-/// Bytes that are kept for the next page. One huge page must not cost its memory for the rest of
-/// the run.
+/// Bytes to keep for the next page. One huge page must not hold its memory for the rest of the run.
 constexpr std::size_t MostKept = 1U << 20U;
 
 template <class Values> void clearSome(Values& values) {

@@ -7,8 +7,8 @@ namespace quillmark::web {
 
 namespace {
 
-/// How many bytes of a text `is` holds for. Counts in short stretches, so that the compiler can
-/// count many bytes at a time in small numbers.
+/// Counts the bytes for which `is` is true. It counts in short stretches whose sum fits a byte, so
+/// that the compiler can count many bytes at a time.
 template <class Is> std::uint32_t countBytes(std::string_view text, Is is) {
     constexpr std::size_t Stretch = 128;
     std::uint32_t count = 0;
@@ -23,7 +23,7 @@ template <class Is> std::uint32_t countBytes(std::string_view text, Is is) {
     return count;
 }
 
-/// Characters of UTF-8: all bytes but those that continue one.
+/// Counts characters of UTF-8: all bytes but those that continue a character.
 std::uint32_t countCharacters(std::string_view text, bool ascii) {
     if (ascii) {
         return static_cast<std::uint32_t>(text.size());
@@ -31,7 +31,7 @@ std::uint32_t countCharacters(std::string_view text, bool ascii) {
     return countBytes(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; });
 }
 
-/// Line ends in a stretch of a page with CRs; a CR LF counts where its LF is.
+/// Counts line ends in a stretch of a page that has CRs; a CR LF counts where its LF is.
 std::uint32_t countLineEnds(std::string_view stretch, const char* end) {
     std::uint32_t count = countBytes(stretch, [](char c) { return c == '\n' || c == '\r'; });
     for (std::size_t i = stretch.find('\r'); i != std::string_view::npos;

@@ -5,13 +5,13 @@
 
 namespace quillmark::web {
 
-/// Counts lines and columns from one asked place of a page to the next, so that a page is counted
-/// once, however many places are asked for.
+/// Tells the lines and columns of places in a page. It counts on from the place before, so a page
+/// is gone through once, however many places are asked for.
 class Positions {
 public:
     explicit Positions(const Source& source) : source_(source), counted_(source.text.data()) {}
 
-    /// The position of a byte of the source, which must not lie before the one asked for last.
+    /// The position of a byte of the source, which must not lie before the last one asked for.
     Position at(const char* place);
 
 private:

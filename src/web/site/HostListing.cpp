@@ -12,7 +12,7 @@ namespace quillmark::web {
 
 namespace {
 
-/// What an entry of UNIX may be: a file, folder or link, and the kinds that no page refers to.
+/// First letters of a UNIX line: file, folder, link, and the kinds that no page refers to.
 constexpr std::string_view UnixTypes = "-dlbcpsD";
 constexpr std::string_view Arrow = " -> ";
 
@@ -47,7 +47,7 @@ bool isDay(std::string_view text) {
     return isNumber(text) && text.size() <= 2;
 }
 
-/// In any language.
+/// Month names may be in any language.
 bool isMonth(std::string_view text) {
     return !text.empty() && !isNumber(text.substr(0, 1));
 }
@@ -69,11 +69,11 @@ bool areSizeAndIsoDate(const std::array<Field, 4>& fields) {
 
 struct Columns {
     std::uint64_t size = 0;
-    std::size_t name = 0; ///< One blank behind the date: more belong to the name.
+    std::size_t name = 0; ///< One blank behind the date: further blanks belong to the name.
 };
 
-/// Finds size and date behind the type, however many fields there are between: some hosts leave out
-/// the links or the group, and the names of users and groups may hold blanks.
+/// Finds size and date, however many fields stand before them: some hosts leave out the link count
+/// or the group, and names of users and groups may hold blanks.
 std::optional<Columns> unixColumns(std::string_view line) {
     constexpr int FieldsBefore = 2;
     std::array<Field, 4> last;
@@ -92,8 +92,8 @@ std::optional<Columns> unixColumns(std::string_view line) {
     return std::nullopt;
 }
 
-/// Cuts "name -> target". Either may hold an arrow, too: the size of a link is that of its target
-/// on most hosts.
+/// Cuts "name -> target" into its parts. Either may hold an arrow itself; on most hosts the size of
+/// a link is the length of its target, which tells the right arrow.
 void cutLink(SiteEntry& entry) {
     const std::string text = std::exchange(entry.name, {});
     std::size_t arrow = text.find(Arrow);
@@ -115,7 +115,8 @@ std::optional<std::size_t> endOfDosDate(std::string_view line) {
     return isDate && isTime ? std::optional(time.end) : std::nullopt;
 }
 
-/// Names stand in one column, whatever they begin with, unless a size needs more room.
+/// An entry in DOS style. Names begin in a fixed column, so a name may begin with blanks; only a
+/// large size moves it.
 std::optional<SiteEntry> dosEntry(std::string_view line) {
     constexpr std::size_t NameBehindDate = 22;
     const auto date = endOfDosDate(line);
@@ -146,7 +147,7 @@ std::string_view withoutLineEnd(std::string_view line) {
     return line;
 }
 
-/// The value of a fact, whose name is written in any case.
+/// The value of a fact; its name may be in any letter case.
 std::string_view factOf(std::string_view facts, std::string_view name) {
     while (!facts.empty()) {
         const std::string_view fact = facts.substr(0, facts.find(';'));
@@ -193,7 +194,7 @@ void HostListing::takeFacts(std::string_view line) {
     constexpr std::string_view Slink = "OS.unix=slink:";
     line = withoutLineEnd(line);
     const std::size_t end = line.find("; ");
-    // No fact has a blank in its name: a long listing may be what a host has instead.
+    // No fact has a blank in its name. Some hosts answer with a long listing instead of facts.
     if (end == std::string_view::npos || line.find('=') > line.find(' ')) {
         return;
     }

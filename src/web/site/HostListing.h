@@ -7,16 +7,17 @@
 
 namespace quillmark::web {
 
-/// What a host says of a folder, line by line. Names are bytes, with every blank in them; "." and
-/// "..", names with a "/", and what is no file, folder or link are left out.
+/// The entries of a host's folder, taken line by line. Names are bytes and keep all their blanks.
+/// "." and "..", names with a "/", and whatever is not a file, folder or link are left out.
 struct HostListing {
     std::vector<SiteEntry> entries;
-    bool understood = true; ///< No line was of another style than those of takeLine().
+    bool understood = true; ///< False once takeLine() got a line of an unknown style.
 
-    /// A line of a long listing as UNIX systems, SFTP hosts among them, or DOS systems write it.
+    /// Takes a line of a long listing, in the style of UNIX (and SFTP hosts) or DOS.
     void takeLine(std::string_view line);
-    /// A line of facts (MLSD, RFC 3659, section 7.2). They do not always tell a link from what it
-    /// leads to, nor name links that lead nowhere: a listing that is understood tells more.
+    /// Takes a line of facts (MLSD, RFC 3659, section 7.2). Facts do not always tell a link from
+    /// its target, and may leave out links that lead nowhere: a listing that is understood tells
+    /// more.
     void takeFacts(std::string_view line);
 
 private:

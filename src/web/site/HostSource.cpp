@@ -9,7 +9,7 @@ namespace quillmark::web {
 
 namespace {
 
-/// 1025: what is in the folder cannot be told.
+/// 1025: nobody can tell what is in the folder.
 Failure unknownListing() {
     return {1025, "The host's listing is of an unknown style"};
 }
@@ -27,6 +27,7 @@ std::vector<SiteEntry> HostSource::list(const std::string& folder) {
     if (lines.understood) {
         return std::move(lines.entries);
     }
+    // Only now, since facts may leave out links.
     HostListing facts;
     ftp_.listFacts(folder, [&facts](std::string_view line) { facts.takeFacts(line); });
     HostListing& better = facts.entries.empty() ? lines : facts;
@@ -50,6 +51,7 @@ std::string_view HostSource::read(const std::string& file, std::string& buffer) 
 
 std::string_view HostSource::readBlock(const std::string& file, std::uint64_t offset,
                                        std::string& buffer) {
+    // A retrieved file comes whole, as its first block.
     return offset == 0 ? read(file, buffer) : std::string_view();
 }
 

@@ -12,7 +12,7 @@ namespace quillmark::web {
 /// A site on a web host, over its one connection.
 class HostSource : public SiteSource {
 public:
-    /// `workingCopy` is where files are retrieved to, full path in "\" form.
+    /// `workingCopy` is the file that others are retrieved into, full path in "\" form.
     HostSource(FtpComponent& ftp, LocalDisk& disk, std::string workingCopy)
         : ftp_(ftp), disk_(disk), workingCopy_(std::move(workingCopy)) {}
 

@@ -19,6 +19,7 @@ Found Inventory::find(std::string& path) const {
     }
     std::string real = path;
     real.replace(0, link.length, *link.target);
+    // A link to a folder around itself could be followed again and again.
     const bool leadsUp = path.starts_with(*link.target);
     if (leadsUp || linkOn(real)) {
         path = real;
@@ -41,7 +42,7 @@ Found Inventory::findExact(std::string_view path) const {
 }
 
 std::uint32_t Inventory::realFile(std::uint32_t file) const {
-    constexpr int MostLinks = 40; // As many as the system follows.
+    constexpr int MostLinks = 40; // As many as Linux follows.
     for (int links = 0; file < fileLinks_.size() && fileLinks_[file] != file && links < MostLinks;
          ++links) {
         file = fileLinks_[file];
@@ -64,7 +65,7 @@ void Inventory::addFolderLink(std::uint32_t link, std::string_view path,
     folderLinks_.push_back({path.size(), std::move(target)});
 }
 
-/// The link that the path goes through first, if any.
+/// The first link among the folders of a path.
 std::optional<std::uint32_t> Inventory::linkOn(std::string_view path) const {
     for (std::size_t end = path.find('/'); end != std::string_view::npos;
          end = path.find('/', end + 1)) {

@@ -12,11 +12,12 @@ namespace quillmark::web {
 
 namespace {
 
-/// The system takes no longer path, so nothing below could be read.
+/// In bytes. Linux takes no longer path, so nothing below could be read.
 constexpr std::size_t LongestPath = 4096;
+/// As many as Linux follows; a chain of more goes in circles.
 constexpr int MostLinks = 40;
 
-/// A folder's entries, by name.
+/// The entries of a folder, sorted by name.
 struct ListedFolder {
     std::vector<SiteEntry> entries;
     std::string trouble; ///< Why it could not be listed; empty if it was.
@@ -72,7 +73,7 @@ private:
         return full.substr(results_.top.size());
     }
 
-    bool isEntered(int depth) const { return limits_.folders == 0 || depth <= limits_.folders; }
+    bool isEntered(int depth) const { return limits_.levels == 0 || depth <= limits_.levels; }
 
     void takeFolder(std::string_view folder, int depth) {
         ListedFolder& listed = queue_.take();
@@ -122,7 +123,7 @@ private:
         }
     }
 
-    /// The path in the site that a link names; nothing if it leaves the site.
+    /// The path in the site that a link leads to; nothing if it leaves the site.
     std::optional<std::string> inSite(std::string_view linkPath, std::string_view leadsTo) const {
         std::string path;
         if (leadsTo.starts_with('/')) {
@@ -136,7 +137,8 @@ private:
         return walkTo(std::move(path), leadsTo);
     }
 
-    /// Follows a link's text, which is a path of the system: nothing in it is encoded.
+    /// Appends the target of a link to a path. A target is a path of the system: nothing in it is
+    /// percent-encoded, and "\" is part of a name.
     static std::optional<std::string> walkTo(std::string path, std::string_view text) {
         while (!text.empty()) {
             const std::size_t end = std::min(text.find('/'), text.size());
@@ -165,8 +167,8 @@ private:
         return &*found;
     }
 
-    /// Replaces the first link on the way to `path` by what it names; false if there is none.
-    /// Empties the path when it leaves the site.
+    /// Replaces the first link on the way to `path` by its target; false if there is none. Empties
+    /// the path if the target leaves the site.
     bool replaceLink(std::optional<std::string>& path) const {
         for (std::size_t end = path->find('/'); end != std::string::npos;
              end = path->find('/', end + 1)) {

@@ -9,15 +9,15 @@
 
 namespace quillmark::web {
 
-/// How the inventory is taken.
+/// How far the inventory goes, and on how many threads.
 struct WalkLimits {
-    int folders = 0;      ///< How many folders below the top are entered, 0 for all.
-    unsigned threads = 1; ///< That list folders.
+    int levels = 0;       ///< How many levels of folders below the top are entered; 0 for all.
+    unsigned threads = 1; ///< Threads that list folders.
 };
 
-/// Lists the site below `results.top` into files and folders, hidden ones too, each folder's names
-/// in byte order, the folders nearest to the top first; then finds out where the links lead. What
-/// cannot be listed stays out, and a line for the user goes to `troubles`.
+/// Lists files and folders of the site below `results.top`, hidden ones too: folders nearest to the
+/// top first, the names of each in byte order. Then finds out where the links lead. A folder that
+/// cannot be listed is left out, and a line for the user goes to `troubles`.
 void takeInventory(SiteSource& source, const WalkLimits& limits, StopToken& stop,
                    SiteResults& results, Inventory& inventory, std::vector<std::string>& troubles);
 

@@ -7,6 +7,7 @@
 namespace quillmark::web {
 
 void PathTable::insert(std::string_view path, std::uint32_t number) {
+    // At most half full: then a free place is next to nearly every one.
     if ((entries_.size() + 1) * 2 > places_.size()) {
         grow();
     }

@@ -8,12 +8,13 @@
 
 namespace quillmark::web {
 
-/// From paths to numbers, with one probe and one comparison for nearly every question. The paths'
-/// bytes must outlive the table. Questions may be asked by several threads at once.
+/// Numbers by path: a hash table with one probe and one comparison for nearly every question. The
+/// bytes of the paths must outlive the table. Several threads may ask at once.
 class PathTable {
 public:
     /// Remembers the number of a path that is not in the table yet.
     void insert(std::string_view path, std::uint32_t number);
+    /// The number of exactly this path.
     std::optional<std::uint32_t> find(std::string_view path) const;
     bool empty() const { return entries_.empty(); }
 
@@ -28,7 +29,8 @@ private:
     void grow();
 
     std::vector<Entry> entries_;
-    std::vector<std::uint32_t> places_; ///< Index into entries_ plus 1; 0 is free. A power of two.
+    std::vector<std::uint32_t> places_; ///< Index into entries_ plus 1; 0 is free. Its size is a
+                                        ///< power of two.
 };
 
 } // namespace quillmark::web

@@ -10,13 +10,14 @@
 
 namespace quillmark::web {
 
-/// Finds files and folders whose paths differ from a path only in letter case or in the composition
-/// of accents. Several threads may ask at once; the first question prepares the answers.
+/// Finds files and folders whose paths differ from a given one only in letter case or in the
+/// composition of accents. Several threads may ask at once. The first question builds the table: a
+/// site without mistakes never asks.
 class Spellings {
 public:
     explicit Spellings(const Inventory& inventory) : inventory_(inventory) {}
 
-    /// The path on the disk, from the top of the site on; the first of several.
+    /// The path in the inventory, relative to the top of the site; the first of several.
     std::optional<std::string_view> find(std::string_view path) const;
 
 private:

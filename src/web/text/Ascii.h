@@ -40,7 +40,7 @@ constexpr bool isBlank(char c) {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r' || c == '\f';
 }
 
-/// Whether two texts are one, but for the case of letters a to z.
+/// Whether two texts are equal but for the case of letters a to z.
 constexpr bool equalIgnoringCase(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) {
         return false;
@@ -53,11 +53,12 @@ constexpr bool equalIgnoringCase(std::string_view a, std::string_view b) {
     return true;
 }
 
-/// Whether a text begins with `prefix`, but for the case of letters a to z.
+/// Whether a text begins with `prefix`, whatever the case of letters a to z.
 constexpr bool startsIgnoringCase(std::string_view text, std::string_view prefix) {
     return equalIgnoringCase(text.substr(0, prefix.size()), prefix);
 }
 
+/// The text without the blanks at its beginning and end.
 constexpr std::string_view withoutOuterBlanks(std::string_view text) {
     while (!text.empty() && isBlank(text.front())) {
         text.remove_prefix(1);

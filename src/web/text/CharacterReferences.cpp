@@ -18,7 +18,8 @@ constexpr auto NamedReferences = std::to_array<NamedReference>({
 #include "web/text/CharacterReferenceTable.inc"
 });
 
-/// The longest name that the text begins with; nullptr if there is none.
+/// The longest name that the text begins with, since "&notin;" is not "&not"; null if there is
+/// none.
 const NamedReference* findName(std::string_view text) {
     const NamedReference* longest = nullptr;
     const NamedReference* first = NamedReferences.begin();
@@ -48,6 +49,7 @@ CharacterReference make(std::size_t length, std::string_view text) {
     return reference;
 }
 
+/// What is no character becomes U+FFFD. 0x80 to 0x9F mean windows-1252: old editors wrote them so.
 CharacterReference makeNumeric(std::size_t length, char32_t character) {
     if (character >= 0x80 && character <= 0x9F) {
         character = windows1252(static_cast<unsigned char>(character));

@@ -27,8 +27,7 @@ Iconv openIconv(const std::string& encoding) {
     return Iconv(std::equal_to<>()(handle, iconv_t(-1)) ? nullptr : handle); // NOLINT
 }
 
-/// Converts a text piece by piece. `unit` is the number of bytes to pass over, for one U+FFFD,
-/// where nothing can be made of them.
+/// Converts a text piece by piece. Where it is invalid, `unit` bytes become one U+FFFD.
 void appendByIconv(std::string_view bytes, iconv_t handle, std::size_t unit, std::string& utf8) {
     std::array<char, 4096> piece{};
     auto* from = const_cast<char*>(bytes.data());
@@ -46,7 +45,7 @@ void appendByIconv(std::string_view bytes, iconv_t handle, std::size_t unit, std
             left -= skipped;
         }
     }
-    // What the last character's combining mark could still have changed comes out at the end.
+    // Some encodings hold a character back, since a combining mark could still change it.
     char* to = piece.data();
     std::size_t room = piece.size();
     iconv(handle, nullptr, nullptr, &to, &room);
@@ -80,6 +79,7 @@ Source decodeFile(std::string_view bytes, LabelFinder findLabel, std::string& de
     if (bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE")) {
         return decodeAs(bytes[0] == '\xFE' ? "UTF-16BE" : "UTF-16LE", bytes.substr(2), decoded);
     }
+    // ASCII is the same in all encodings that a file can be in without a mark.
     const Source source = inspect(bytes);
     if (source.ascii) {
         return source;

@@ -14,7 +14,7 @@ struct EncodingRow {
     std::string_view labels; ///< With a blank between them.
 };
 
-// A page that says UTF-16 in bytes that can be read as such is not in UTF-16.
+// A page that declares UTF-16 is in UTF-8: in UTF-16 nobody could have read its declaration.
 constexpr auto Rows = std::to_array<EncodingRow>({
     {"UTF-8", "unicode-1-1-utf-8 unicode11utf8 unicode20utf8 utf-8 utf8 x-unicode20utf8"},
     {"UTF-8", "csunicode iso-10646-ucs-2 ucs-2 unicode unicodefeff unicodefffe utf-16 utf-16be "

@@ -3,7 +3,7 @@
 namespace quillmark::web {
 
 Source inspect(std::string_view text) {
-    // Without branches, so that the compiler takes many bytes at a time.
+    // No branches, so that the compiler can look at many bytes at a time.
     unsigned char bits = 0;
     unsigned char returns = 0;
     unsigned char nuls = 0;

@@ -12,7 +12,7 @@ struct Source {
     bool nuls = true;            ///< Any NUL byte.
 };
 
-/// Looks through a text for what Source tells of it.
+/// Looks through a text once for what a Source tells of it.
 Source inspect(std::string_view text);
 
 } // namespace quillmark::web

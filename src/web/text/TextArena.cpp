@@ -31,7 +31,7 @@ std::string_view TextArena::keep(std::string_view text) {
 }
 
 void TextArena::clear() {
-    // One huge page must not cost its memory for the rest of the run.
+    // One huge page must not hold its memory for the rest of the run.
     std::erase_if(blocks_, [](const std::vector<char>& block) { return block.size() > BlockSize; });
     block_ = 0;
     used_ = 0;

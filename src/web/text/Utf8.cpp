@@ -19,8 +19,8 @@ struct Lead {
     unsigned char high;
 };
 
-/// WHATWG Encoding, 8.1.1: second bytes are narrowed so that nothing overlong, no surrogate and
-/// nothing above U+10FFFF is valid.
+/// What may follow a first byte (WHATWG Encoding, 8.1.1). The range of the second byte is narrowed
+/// so that nothing overlong, no surrogate and nothing above U+10FFFF is valid.
 Lead leadOf(unsigned char byte) {
     if (byte >= 0xC2 && byte <= 0xDF) {
         return {1, 0x80, 0xBF};
@@ -36,7 +36,7 @@ Lead leadOf(unsigned char byte) {
     return {0, 0, 0};
 }
 
-/// A character, or the longest beginning of one, at the start of a text that is not empty.
+/// A character, or as much of a broken one as a single U+FFFD replaces.
 struct Sequence {
     std::size_t length;
     bool valid;
@@ -62,7 +62,8 @@ Sequence sequenceAt(std::string_view text) {
     return {lead.following + 1, true};
 }
 
-/// How many bytes at the start are ASCII, as far as eight of them can be told at once.
+/// How many bytes at the start are ASCII, in steps of eight: most pages are ASCII, and eight bytes
+/// are tested at once.
 std::size_t asciiBlocks(std::string_view text) {
     constexpr std::uint64_t HighBits = 0x8080808080808080U;
     std::size_t length = 0;
@@ -89,6 +90,7 @@ std::size_t writeUtf8(char32_t character, std::array<char, 4>& bytes) {
         bytes.at(i) = static_cast<char>(0x80U | (character & 0x3FU));
         character >>= 6U;
     }
+    // As many leading 1 bits as the character has bytes.
     bytes[0] = static_cast<char>((0xF00U >> length & 0xFFU) | character);
     return length;
 }

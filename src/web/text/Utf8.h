@@ -8,7 +8,7 @@
 
 namespace quillmark::web {
 
-/// U+FFFD, which stands for what is no character.
+/// U+FFFD, which stands for bytes that are not a character.
 inline constexpr std::string_view ReplacementCharacter = "\xEF\xBF\xBD";
 
 /// Writes a character (at most 0x10FFFF, no surrogate) as UTF-8; returns the number of bytes.

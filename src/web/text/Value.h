@@ -27,8 +27,8 @@ public:
 
     /// Moves on to the next piece; false at the end.
     bool next();
-    /// What the piece stands for: the written characters themselves, or those of one reference or
-    /// control character.
+    /// What the piece stands for: its own characters, or those of one reference or control
+    /// character.
     std::string_view text() const { return literal_ ? written_ : reference_.text(); }
     std::string_view written() const { return written_; }
     bool literal() const { return literal_; }
@@ -44,13 +44,14 @@ private:
     bool literal_ = true;
 };
 
-/// Finds the source of places in a decoded value, from one asked place to the next.
+/// Finds where characters of a decoded value stand in the source. It goes on from the place before,
+/// so a value is gone through once.
 class ValueSource {
 public:
     explicit ValueSource(const Value& value) : value_(value), pieces_(value.raw, value.in) {}
 
-    /// The place in the source of the character at `offset` of the decoded text, which must not
-    /// lie before the offset asked for last.
+    /// The place in the source of the character at byte `offset` of the decoded text, which must
+    /// not lie before the last offset asked for.
     const char* at(std::size_t offset);
 
 private:

@@ -9,6 +9,7 @@ namespace quillmark::web {
 
 namespace {
 
+/// The reference as it would have to be written if each "%" in it were part of a name.
 std::string withPercentsEncoded(std::string_view reference) {
     std::string result;
     for (const char c : reference) {
@@ -18,7 +19,7 @@ std::string withPercentsEncoded(std::string_view reference) {
     return result;
 }
 
-/// The query and the fragment of a reference, which what was meant keeps.
+/// The query and fragment of a reference: the suggestion keeps them.
 std::string_view suffixOf(std::string_view reference) {
     const std::size_t start = reference.find_first_of("?#");
     std::string_view suffix =
@@ -57,6 +58,7 @@ Finding Diagnosis::diagnose(const OpenFinding& open) {
     if (open.kind == FindingKind::Missing) {
         diagnoseMissing(open, finding);
     }
+    // A server may list a folder, and the target of a form may be a program of its own.
     if (finding.kind == FindingKind::FolderWithoutIndex || open.role == Role::Form) {
         finding.level = FindingLevel::Note;
     }
@@ -81,7 +83,8 @@ void Diagnosis::diagnoseMissing(const OpenFinding& open, Finding& finding) {
     }
 }
 
-/// "/home/me/site/a.html" opens where the page is opened from the disk, and nowhere else.
+/// "/home/me/site/a.html" works for the author, who opens the page from the disk, and for nobody
+/// else.
 bool Diagnosis::isOnThisComputer(const OpenFinding& open, std::string_view path) {
     if (!open.fromTop || machine_ == nullptr || path.empty() || path.ends_with('/')) {
         return false;
@@ -91,7 +94,7 @@ bool Diagnosis::isOnThisComputer(const OpenFinding& open, std::string_view path)
            (machine_->answers(absolute) && !machine_->answers(absolute + '/'));
 }
 
-/// A name on the disk that holds a "%" itself, written as it is: "a%20b.html".
+/// The path of a file whose name holds a "%" that the reference writes as it is: "a%20b.html".
 std::optional<std::string> Diagnosis::encodedName(const OpenFinding& open) const {
     if (open.reference.find('%') == std::string_view::npos) {
         return std::nullopt;

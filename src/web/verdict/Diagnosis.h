@@ -11,14 +11,15 @@
 
 namespace quillmark::web {
 
-/// Turns what was found wrong into findings: with its kind, its level and what was meant.
+/// Turns wrong references into findings, with their kind, their level and what was probably meant.
 class Diagnosis {
 public:
-    /// `source` is asked whether a path from the top is one of this machine; null: there is none.
+    /// `machine` is asked whether a path with a leading "/" exists on this computer; null for a
+    /// site on a host.
     Diagnosis(SiteResults& results, const Discovered& found, const Inventory& inventory,
               const Addresses& addresses, Meanings& meanings, SiteSource* machine);
 
-    /// Appends a finding for each reference that leads to nothing, in their order.
+    /// Appends a finding for each wrong reference, in the order in which they were read.
     void perform(StopToken& stop);
 
 private:

@@ -21,7 +21,7 @@ constexpr std::array<std::string_view, 11> AskedFor = {
 
 using Files = std::vector<std::uint32_t>;
 
-/// Hands a file over block by block as long as `take` wants more.
+/// Hands a file to `take` block by block, as long as it returns true.
 template <typename Take> void readBlocks(SiteSource& source, const std::string& file, Take take) {
     std::string buffer;
     for (std::uint64_t offset = 0;;) {
@@ -52,7 +52,7 @@ bool equalBytes(SiteSource& source, const std::string& a, const std::string& b) 
     return equal;
 }
 
-/// By size: the files that may have a twin.
+/// The files that may have a twin, by size.
 std::map<std::uint64_t, Files> bySize(const SiteResults& results) {
     std::map<std::uint64_t, Files> sizes;
     for (std::uint32_t i = 0; i < results.files.size(); ++i) {
@@ -65,7 +65,8 @@ std::map<std::uint64_t, Files> bySize(const SiteResults& results) {
     return sizes;
 }
 
-/// Keeps of files with one hash those that equal the first one byte for byte.
+/// Of files with one hash, those that equal the first byte for byte. Two different files with one
+/// hash are too rare to look for a second group.
 Files equalToFirst(const SiteResults& results, SiteSource& source, const Files& files) {
     Files equal = {files.front()};
     const std::string first(results.files[files.front()].path);
@@ -84,7 +85,7 @@ void splitByContent(SiteResults& results, SiteSource& source, StopToken& stop, c
             hashes[contentHash(source, std::string(results.files[file].path), stop)].push_back(
                 file);
         } catch (const Failure&) {
-            continue; // It went away, or may not be read: nobody can call it equal.
+            continue; // It has gone, or may not be read: nobody can call it equal.
         }
     }
     for (const auto& hash : hashes) {

@@ -1,7 +1,7 @@
 #include "web/verdict/Fragments.h"
 
 #include "base/Failure.h"
-#include "web/judge/Fragment.h"
+#include "web/address/ReferenceText.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -70,6 +70,7 @@ void Fragments::describe(std::uint32_t page, const std::vector<OpenFragment>& wr
 }
 
 void Fragments::describeOne(const OpenFragment& open, const PageContent& content) {
+    // The page is read for the second time, and somebody may have edited it in between.
     if (open.ordinal >= content.references.size()) {
         found_.troubles.push_back(std::string(results_.pagePath(open.page)) +
                                   " was changed while it was checked");
@@ -89,7 +90,7 @@ void Fragments::describeOne(const OpenFragment& open, const PageContent& content
     results_.findings.push_back(finding);
 }
 
-/// Finds the nearest id of the target for each finding; the same fragment is looked for once.
+/// Suggests the nearest id of the target for each finding; each fragment is looked for once.
 void Fragments::suggest(std::uint32_t target, const std::vector<std::size_t>& findings) {
     if (!read(found_.pageOfTarget[target])) {
         return;
@@ -98,7 +99,7 @@ void Fragments::suggest(std::uint32_t target, const std::vector<std::size_t>& fi
     for (const std::size_t index : findings) {
         Finding& finding = results_.findings[index];
         if (finding.level == FindingLevel::Note) {
-            continue;
+            continue; // An address for a script: no id of the page was meant.
         }
         const bool map = finding.at.attribute == "usemap";
         const auto& names = map ? content_.mapNames : content_.ids;

@@ -14,14 +14,15 @@
 
 namespace quillmark::web {
 
-/// Judges the fragments of references once all pages told their ids. Pages keep hashes only, so a
-/// page with a wrong fragment is read again: for the words, and for what was meant.
+/// Judges the fragments of references once the ids of all pages are known. Only hashes are kept of
+/// them, so a page with a wrong fragment is read again for its words, and its target for the name
+/// that was probably meant.
 class Fragments {
 public:
     Fragments(SiteResults& results, Discovered& found, SiteSource& source)
         : results_(results), found_(found), source_(source) {}
 
-    /// Appends a finding for each fragment that its page does not have.
+    /// Appends a finding for each fragment that its target does not have.
     void perform(StopToken& stop);
 
 private:
@@ -36,7 +37,7 @@ private:
     NearNames near_;
     std::string bytes_;
     PageContent content_;
-    std::map<std::uint32_t, std::vector<std::size_t>> byTarget_; ///< Indices of findings.
+    std::map<std::uint32_t, std::vector<std::size_t>> byTarget_; ///< Indices into findings.
 };
 
 } // namespace quillmark::web

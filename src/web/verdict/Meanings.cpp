@@ -10,7 +10,7 @@ namespace quillmark::web {
 
 namespace {
 
-/// A name that so many folders have says nothing about which of them was meant.
+/// A name that more folders have than this says nothing about which of them was meant.
 constexpr std::size_t MostOfOneName = 50;
 
 std::string_view lastName(std::string_view path) {
@@ -23,7 +23,7 @@ std::string_view parentOf(std::string_view path) {
     return folderOf(path);
 }
 
-/// How many folders the two paths have in common, from the top and from the name up.
+/// How many folders two paths share, counted from the top down and from the name up.
 std::size_t kinship(std::string_view a, std::string_view b) {
     const auto head = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
     const auto tail = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend());
@@ -54,6 +54,8 @@ const Meaning& Meanings::of(std::string_view path) {
     return known != known_.end() ? known->second : known_.emplace(path, find(path)).first->second;
 }
 
+/// The surest explanation comes first: the same letters in another form, a missing extension, the
+/// same name elsewhere, a name that is nearly the same.
 Meaning Meanings::find(std::string_view path) {
     if (const auto spelled = spellings_.find(path)) {
         const bool form = composedName(*spelled) == composedName(path);
@@ -85,7 +87,7 @@ std::optional<std::string> Meanings::sameNameElsewhere(std::string_view path) co
     }
     std::optional<std::string_view> best;
     std::size_t bestKinship = 0;
-    bool several = false;
+    bool several = false; // Whether another file is as alike as the best: then nobody can choose.
     for (const std::uint32_t file : found->second) {
         const std::string_view candidate = inventory_.pathOf(file);
         const std::size_t like = kinship(path, candidate);
@@ -110,7 +112,7 @@ std::optional<std::string> Meanings::nearNameInFolder(std::string_view path) {
                : std::nullopt;
 }
 
-/// A file of the very name, in a folder whose name is near.
+/// A file of exactly that name, in a folder whose name is nearly the same.
 std::optional<std::string> Meanings::nearFolder(std::string_view path) {
     const std::string_view folder = parentOf(path);
     const auto beside = byFolder_.find(parentOf(folder));

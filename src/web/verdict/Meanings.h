@@ -13,21 +13,22 @@
 
 namespace quillmark::web {
 
-/// What a path that leads to nothing most likely means.
+/// What a path that leads nowhere most likely means.
 struct Meaning {
     FindingKind kind = FindingKind::Missing;
-    std::optional<std::string> path; ///< From the top of the site on.
+    std::optional<std::string> path; ///< Relative to the top of the site.
 };
 
-/// Finds out what was meant by paths of the site that lead to nothing. Each path is thought about
-/// once; no question walks the whole site.
+/// Finds out what paths that lead nowhere were meant to be. Each path is thought about once, and no
+/// question walks the whole site.
 class Meanings {
 public:
-    /// `extensions` are those of pages.
+    /// `extensions` are those of pages, lower case: "html".
     Meanings(const Inventory& inventory, const Spellings& spellings,
              const std::vector<std::string>& extensions);
 
-    /// The path is from the top of the site on.
+    /// The meaning of a path relative to the top of the site. The path's bytes must outlive this
+    /// object.
     const Meaning& of(std::string_view path);
 
 private:

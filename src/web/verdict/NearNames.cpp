@@ -1,5 +1,7 @@
 #include "web/verdict/NearNames.h"
 
+#include "web/text/Ascii.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstdint>
@@ -12,23 +14,21 @@ namespace {
 constexpr std::size_t LongestName = 256;
 
 bool isPlain(char c) {
-    const char lower = static_cast<char>(c | 0x20);
-    return (lower >= 'a' && lower <= 'z') || (c >= '0' && c <= '9') ||
-           static_cast<unsigned char>(c) >= 0x80;
+    return isLetter(c) || isDigit(c) || static_cast<unsigned char>(c) >= 0x80;
 }
 
-/// The letters and digits alone, in lower case.
+/// The letters and digits of a name, in lower case.
 std::string plain(std::string_view name) {
     std::string result;
     for (const char c : name) {
         if (isPlain(c)) {
-            result += c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+            result += lowerAscii(c);
         }
     }
     return result;
 }
 
-/// The length without extension and final "/": what names have in common anyway.
+/// The length of a name without its extension or final "/", which many names share.
 std::size_t stemLength(std::string_view name) {
     const std::size_t dot = name.rfind('.');
     if (dot != std::string_view::npos && dot > 0) {
@@ -37,12 +37,13 @@ std::size_t stemLength(std::string_view name) {
     return name.size() - (name.ends_with('/') ? 1 : 0);
 }
 
+/// The shorter a name, the more names are a single edit away from it by chance.
 std::size_t mostEdits(std::size_t stem) {
     return stem < 3 ? 0 : std::max<std::size_t>(1, (stem + 1) / 4);
 }
 
-/// Which characters occur. Names with more characters of their own than edits are allowed cannot be
-/// near.
+/// The set of characters in a name, as bits. Each character that the other name lacks costs an
+/// edit, so most candidates are ruled out without computing a distance.
 std::uint64_t characters(std::string_view name) {
     std::uint64_t mask = 0;
     for (const char c : name) {

@@ -7,10 +7,11 @@
 
 namespace quillmark::web {
 
-/// Finds among names the one that somebody most likely meant: equal but for case and punctuation,
-/// or the fewest edits away (Levenshtein), about one for four characters of the name without its
-/// extension. One object has a limited patience: once it compared some hundred million characters
-/// it finds nothing more, so that a site of nothing but mistakes ends as soon as any other.
+/// Finds the name that somebody most likely meant: the one that is equal but for case and
+/// punctuation, or else the one with the fewest edits (Levenshtein), about one per four characters
+/// of the name without its extension. An object's patience is limited: after comparing some hundred
+/// million characters it finds nothing more, so that a site full of mistakes is checked as fast as
+/// any other.
 class NearNames {
 public:
     /// Index of the nearest of the names; the first of several. Nothing if none is near.

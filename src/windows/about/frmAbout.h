@@ -10,7 +10,7 @@ class frmAbout;
 
 namespace quillmark {
 
-/// Tells the program's name and version. Modeless.
+/// Shows the program's name and version. Modeless.
 class frmAbout : public QDialog {
     Q_OBJECT
 public:

@@ -8,7 +8,7 @@ namespace quillmark {
 
 namespace {
 
-/// A reader's margin around the page.
+/// The margin around a page.
 constexpr qreal PageMargin = 20;
 constexpr QRgb LightMark = 0xffe9a8;
 constexpr QRgb DarkMark = 0x5c4a12;
@@ -17,7 +17,7 @@ bool isDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
 }
 
-/// The style of the pages, in place of the one that they have in a web browser.
+/// The style of the pages here; the one for web browsers has colours of its own.
 QString styleFor(const QPalette& palette) {
     const bool dark = isDark(palette);
     return QString("body { color: %1; }"
@@ -76,6 +76,7 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
 void HelpBrowser::changeEvent(QEvent* event) {
     QTextBrowser::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
+        // A new style holds for pages that are laid out anew; the reader keeps the place.
         const int place = verticalScrollBar()->value();
         document()->setDefaultStyleSheet(styleFor(palette()));
         source().isEmpty() ? setHtml(text_) : reload();

@@ -23,7 +23,7 @@ std::vector<HelpPage> readHelpPages(const std::filesystem::path& helpFolder);
 /// The words of a search: what was typed, split at blanks.
 QStringList searchWords(const QString& typed);
 
-/// Whether title or text of the page hold all words, whatever their case.
+/// Whether each of the words is in the title or the text of the page, whatever its case.
 bool holdsAll(const HelpPage& page, const QStringList& words);
 
 } // namespace quillmark

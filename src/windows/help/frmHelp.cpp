@@ -13,7 +13,7 @@ namespace quillmark {
 
 namespace {
 
-const QString FirstPage = "index.html";
+const QString FirstPage = "index.html"; // The contents of the manual.
 constexpr int ContentsWidth = 230;
 /// Above and below each line of the contents.
 constexpr int LinePadding = 6;
@@ -85,8 +85,7 @@ void frmHelp::apologize() {
         "<h1>The help is not here</h1><p>Quillmark looked for its help pages in the folder</p>"
         "<p><code>" +
         folder_.toHtmlEscaped() +
-        "</code></p><p>and found none. Quillmark itself works without them. Install it once more "
-        "to "
+        "</code></p><p>and found none. Quillmark itself works without them. Install it again to "
         "get them back.</p>");
     ui_->txtSearch->setEnabled(false);
     ui_->cmdHome->setEnabled(false);
@@ -122,6 +121,7 @@ void frmHelp::openFirstFound() {
     }
 }
 
+/// Lets the list follow links and the history, without opening the page a second time.
 void frmHelp::selectShown(const QUrl& source) {
     const QSignalBlocker quiet(ui_->lstContents);
     for (std::size_t i = 0; i < pages_.size(); ++i) {
@@ -148,10 +148,11 @@ void frmHelp::showPage(const QString& page) {
 }
 
 void frmHelp::bringToFront() {
-    winId();
+    winId(); // Makes the native window, without which there is no windowHandle().
     QWidget* asking = QApplication::activeModalWidget();
     if (asking != nullptr && asking->windowHandle() != windowHandle()->transientParent()) {
-        // A window that asks lets only the windows that belong to it be used.
+        // While a modal window is open, only windows that belong to it can be used: the help joins
+        // it, so that F1 helps there, too.
         hide();
         windowHandle()->setTransientParent(asking->windowHandle());
     }

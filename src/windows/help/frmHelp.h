@@ -16,13 +16,13 @@ class frmHelp;
 
 namespace quillmark {
 
-/// The online help: its contents with a search, and the page that is read. Modeless; it can be used
-/// while another window asks something, too.
+/// The online help: its contents with a search, and the page on show. Modeless; it can be used even
+/// while a modal window is open.
 class frmHelp : public QDialog {
     Q_OBJECT
 public:
-    /// `helpFolder` holds the pages, in the machine's own form. Where it does not, the window says
-    /// so. Links that lead out of the help are opened by `shell`, which outlives the window.
+    /// `helpFolder` holds the pages, in the machine's own form. If it holds none, the window says
+    /// so. `shell`, which outlives the window, opens links that lead out of the help.
     frmHelp(const std::filesystem::path& helpFolder, Shell& shell, QWidget* parent);
     ~frmHelp() override;
 

@@ -7,7 +7,7 @@ namespace quillmark {
 
 namespace {
 
-/// What a desktop's frame takes around a window, at most.
+/// The most pixels that a desktop's frame takes around a window.
 constexpr QSize Frame(16, 48);
 
 } // namespace

@@ -19,12 +19,14 @@ public:
     /// Puts a window back by its object name. One whose place is not known is made to fit its
     /// screen.
     void restore(QWidget& window) const;
+    /// Remembers size and place of a window under its object name.
     void keep(const QWidget& window);
 
-    /// Any other state of a window's parts, by a name of its own.
+    /// Any other state of a window's parts, under a name of its own.
     QByteArray state(const QString& name) const;
     void keepState(const QString& name, const QByteArray& state);
 
+    /// The column widths of the results, in pixels.
     std::vector<int> widths() const;
     void keepWidths(const std::vector<int>& widths);
 

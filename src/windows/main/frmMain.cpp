@@ -33,8 +33,8 @@ namespace quillmark {
 
 namespace {
 
-/// The start path ("\" form) that a drag of one local page stands for; nothing for anything else.
-/// What a page is, its extension tells: `pageExtensions` are in upper case.
+/// The start path ("\" form) of a drag that holds one local page; nothing for any other drag. Pages
+/// are told by their extension; `pageExtensions` are in upper case.
 std::optional<std::string> droppedPage(const QMimeData& data, const ResultList& pageExtensions) {
     const QList<QUrl> urls = data.urls();
     if (urls.size() != 1 || !urls.first().isLocalFile()) {
@@ -165,7 +165,8 @@ void frmMain::check() {
     closeIfAsked();
 }
 
-// As a browser and most servers see the site: with the web rules, and capital letters count.
+// As a browser and most servers see the site: by the web rules, with capital letters told apart.
+// The settings come back after the check: the button promises that profile and options stay.
 void frmMain::checkAgainWithWebRules() {
     Settings& settings = context_.workspace.settings;
     Rules& rules = settings.profile.RULES;
@@ -194,7 +195,7 @@ void frmMain::editOptions() {
 }
 
 void frmMain::askForDocumentation() {
-    // Not waited for: a check may be running behind the question.
+    // Nothing waits for the answer: a check may be running behind the question.
     auto* question = new QMessageBox(QMessageBox::Question, shown(ApplicationTitle),
                                      "Open the Quillmark Documentation page in your browser?",
                                      QMessageBox::Yes | QMessageBox::No, this);
@@ -249,14 +250,15 @@ void frmMain::setReportsEnabled(bool enabled) {
     ui_->cmdSave->setEnabled(enabled);
     ui_->cmdPrint->setEnabled(enabled);
     ui_->mnuFile->setEnabled(enabled);
-    // The keys of a disabled menu's commands would still work.
+    // The shortcuts of commands would work even in a disabled menu.
     ui_->mnuSave->setEnabled(enabled);
     ui_->mnuPrint->setEnabled(enabled);
 }
 
 void frmMain::setWorking(bool working) {
     working_ = working;
-    // The keys go to what can be done next, unless the user has taken them elsewhere meanwhile.
+    // The focus goes to what can be done next, unless the user has moved it elsewhere meanwhile. It
+    // leaves Stop before that is disabled: Qt would pass it on to any other control.
     const bool toResults = !working && focusWidget() == ui_->cmdStop;
     if (toResults) {
         results_->focusResults();
@@ -342,6 +344,7 @@ bool frmMain::trustsHost(const HostIdentity& identity) {
     return trusted;
 }
 
+/// Keeps the window usable, and everything that could disturb the work disabled, however it ends.
 void frmMain::work(const std::function<void()>& work) {
     setWorking(true);
     results_->setEnabled(false);
@@ -363,6 +366,7 @@ void frmMain::closeIfAsked() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
+    // A check works with this window: it has to end before the window may go.
     if (working_) {
         event->ignore();
         if (!std::exchange(closeAsked_, true)) {
@@ -388,7 +392,7 @@ void frmMain::dropEvent(QDropEvent* event) {
     const ResultList& pages = context_.workspace.settings.configuration.lstCheckHTML;
     if (const auto page = droppedPage(*event->mimeData(), pages)) {
         event->acceptProposedAction();
-        // After the drop has ended: the program that is dragged from waits for it.
+        // Only after the drop: the program that the page comes from waits for its end.
         dropped_ = *page;
         dropEnded_.ask();
     }

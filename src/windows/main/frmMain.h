@@ -23,18 +23,18 @@ class frmMain;
 
 namespace quillmark {
 
-/// The check run as the main window's buttons drive it.
+/// A check, as the buttons of the main window drive it.
 class RunCommands {
 public:
     virtual ~RunCommands() = default;
 
-    /// Throws a Failure that says what to do instead when no check can begin with the current
-    /// profile, because of its start file or the address of its site.
+    /// Throws a Failure if no check can begin with the current profile, because of its start file
+    /// or its site's address. The description says what to do instead.
     virtual void requireStartFile() = 0;
-    /// Performs one check with the current profile, whose start path is not empty, and returns at
-    /// its end. Throws a Failure when it cannot begin.
+    /// Performs a check with the current profile, whose start path is not empty, and returns when
+    /// it has ended. Throws a Failure if it cannot begin.
     virtual void start() = 0;
-    /// Lets the check end at its next look at the abort flag.
+    /// Asks the check to end: it does so the next time it looks at the abort flag.
     virtual void stop() = 0;
 };
 
@@ -51,8 +51,8 @@ public:
     frmMain(const frmMain&) = delete;
     frmMain& operator=(const frmMain&) = delete;
 
-    /// Opens the profile dialog, and starts a check when the user asks for one there. A start path
-    /// ("\" form) that is given is proposed in a new profile.
+    /// Opens the profile dialog, and starts a check if the user asks for one there. A start path
+    /// ("\" form) that is not empty is proposed in a new profile.
     void chooseProfile(std::string_view startPath = {});
 
     /// New messages were posted.
@@ -64,10 +64,11 @@ public:
     void enterRunState();
     /// Reverses enterRunState(), but for the results view.
     void leaveRunState();
+    /// Opens the trace window without taking the focus.
     void showTraceWindow();
+    /// Shows the list that the selectors choose.
     void ShowResults();
-    /// Asks whether to trust a host. The current profile and its file keep the answer, if it is
-    /// yes.
+    /// Asks whether to trust a host. The current profile and its file remember a Yes.
     bool trustsHost(const HostIdentity& identity);
 
 protected:

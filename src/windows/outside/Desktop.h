@@ -17,17 +17,17 @@ public:
     virtual ~Shell() = default;
 
     /// Opens a web address in the browser, or a local file (full path in "\" form) with the program
-    /// that it belongs to. Returns at once. Throws a Failure when the desktop has nothing for it.
+    /// for its kind. Returns at once. Throws a Failure if the desktop has no program for it.
     virtual void open(std::string_view target) = 0;
 
     /// Whether open() may run the target instead of showing it: programs, scripts, starters of
     /// programs (".desktop"), packages, and links to one of these.
     virtual bool startsProgram(std::string_view target) const = 0;
 
-    /// Whether there is a text editor that can be told a line.
+    /// Whether there is a text editor that can open a file at a line.
     virtual bool hasEditor() const = 0;
     /// Opens a local file (full path in "\" form) in that editor, at a line (1-based). Returns at
-    /// once. Throws a Failure when the editor does not start.
+    /// once. Throws a Failure if the editor does not start.
     virtual void edit(std::string_view file, std::uint32_t line) = 0;
 };
 
@@ -39,8 +39,8 @@ struct SaveQuestion {
     QStringList filters;            ///< "Text Files (*.txt)"; the first one is selected.
 };
 
-/// The desktop's file dialogs. A file is named as a path in the machine's own form; no file means
-/// that the user cancelled.
+/// The desktop's file dialogs. Paths are in the machine's own form; no path means that the user
+/// cancelled.
 class FileDialogs {
 public:
     virtual ~FileDialogs() = default;
@@ -61,7 +61,7 @@ public:
 
     /// Whether there is one.
     virtual bool available() const = 0;
-    /// Prints each text as one line, and ends the document. Throws a Failure when the printer does
+    /// Prints each text as one line, and ends the document. Throws a Failure if the printer does
     /// not take it.
     virtual void print(const QStringList& lines) = 0;
 };

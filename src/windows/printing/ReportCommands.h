@@ -38,7 +38,8 @@ public:
     /// opens it in the browser. A message box tells what went wrong.
     void ShowAsPage();
 
-    /// A run begins with the settings as they are: the page of its results tells of these.
+    /// Remembers the settings at the beginning of a run: the page of its results names these, even
+    /// if they are edited afterwards.
     void keepSettings() { checked_ = context_.workspace.settings; }
 
 private:

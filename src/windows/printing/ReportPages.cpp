@@ -16,6 +16,7 @@ QFont reportFont() {
     return font;
 }
 
+/// Paths have no blanks to break at, and text from right to left must not turn a report around.
 QTextOption anywhere() {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAnywhere);

@@ -9,19 +9,19 @@
 
 namespace quillmark {
 
-/// 482: a printer, or a file that stands for one, that does not take what is printed.
+/// 482: the printer, or the file in its place, does not take what is printed.
 Failure printerError();
 
 /// Paints lines of text on the pages of a printer, within its margins, in a fixed-pitch font of 9
-/// points. Tabs reach to the next multiple of 8 columns. A line that is too wide goes on in the
-/// next one from the character that no longer fits; empty lines stay.
+/// points. Tabs reach to the next multiple of 8 columns. A line that is too wide is broken at the
+/// first character that does not fit; empty lines stay.
 class ReportPages {
 public:
-    /// Begins the document, which the end of this object ends. Throws printerError() when the
-    /// device does not begin it.
+    /// Begins a document, which ends with this object. Throws printerError() if the device does not
+    /// begin it.
     explicit ReportPages(QPagedPaintDevice& device);
 
-    /// Throws printerError() when the device gives no further page.
+    /// Throws printerError() if the device gives no further page.
     void print(const QStringList& lines);
 
 private:

@@ -9,6 +9,7 @@ namespace quillmark {
 
 namespace {
 
+/// A desktop that never shows the notice must not keep the report from being printed.
 constexpr std::chrono::milliseconds LongestWait{300};
 
 } // namespace
@@ -35,7 +36,7 @@ void frmPrinting::showEvent(QShowEvent* event) {
 
 void frmPrinting::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
-    // What is painted here comes to the screen behind this event.
+    // What is painted here comes to the screen after this event.
     waiting_.start(0);
 }
 

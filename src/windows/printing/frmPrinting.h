@@ -23,7 +23,8 @@ public:
     frmPrinting& operator=(const frmPrinting&) = delete;
 
 signals:
-    /// The notice is on the screen, or the desktop did not bring it there in a while; once.
+    /// Sent once, when the notice is on the screen, or the desktop has not brought it there in a
+    /// while.
     void seen();
 
 protected:

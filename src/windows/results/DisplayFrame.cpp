@@ -49,7 +49,8 @@ void DisplayFrame::addEntries() {
 }
 
 void DisplayFrame::connectSelectors() {
-    // Also when the entry on show is chosen again: after an aborted run nothing is on show.
+    // "activated" comes even if the same entry is chosen again: after an aborted run that is how
+    // its list is asked for.
     for (QComboBox* selector : {ui_->cmbDisplay, ui_->cmbMask, ui_->cmbSort}) {
         connect(selector, &QComboBox::activated, this, &DisplayFrame::ShowResults);
     }
@@ -92,7 +93,7 @@ void DisplayFrame::enableSelectors(const QString& unchosen) {
 
 void DisplayFrame::focusResults() {
     ui_->ListView1->setFocus();
-    ui_->ListView1->selectRow(); // In a window behind others nothing tells the list of the focus.
+    ui_->ListView1->selectRow(); // A window behind others gets no focus event.
 }
 
 void DisplayFrame::setSelectorsEnabled(bool enabled) {
@@ -109,7 +110,7 @@ void DisplayFrame::enter(Showing showing) {
 QString DisplayFrame::emptyText() const {
     switch (showing_) {
     case Showing::Nothing:
-        // The first thing that a run does is to post a message.
+        // A run begins with a message: without one, there has been no run.
         return context_.workspace.lists.Message.Count() == 0
                    ? "Press Start to check a site"
                    : "The results appear here when the check ends";
@@ -123,8 +124,8 @@ QString DisplayFrame::emptyText() const {
     return {};
 }
 
-/// The progress indicator lets events run: what is chosen meanwhile is built next, and a run that
-/// begins takes the lists away.
+/// Building a list lets events run. Whatever the user chooses meanwhile is built next, and a run
+/// that begins meanwhile takes the lists away.
 void DisplayFrame::ShowResults() {
     again_ = true;
     if (showing_ == Showing::Building) {
@@ -168,7 +169,7 @@ void DisplayFrame::openMenu(QPoint position) {
 }
 
 void DisplayFrame::view(const QModelIndex& cell) {
-    // Behind the reference all columns tell of the page.
+    // All columns but the first tell about the page.
     const std::size_t column = cell.column() == 0 ? 0 : 1;
     const std::string target = model_.view().targets(cell.row()).at(column).view;
     if (!target.empty()) {

@@ -31,10 +31,10 @@ public:
 
     /// Takes rows, headers and caption away, and disables the selectors.
     void enterNoResults();
-    /// Enables the selectors. Where the run has left no list on show, `unchosen` is shown in its
+    /// Enables the selectors. If the run has left no list on show, `unchosen` is shown in its
     /// place.
     void enableSelectors(const QString& unchosen);
-    /// Gives the list the keys.
+    /// Gives the list the keyboard focus.
     void focusResults();
     /// Rebuilds the list from the three selectors.
     void ShowResults();

@@ -52,6 +52,7 @@ bool ItemCommands::confirmed(std::string_view target) {
 }
 
 void ItemCommands::deleteFromHost(std::string_view target) {
+    // The failure is told only after the work: its message box must not open while Stop is on.
     std::optional<Failure> failure;
     hostWork_([&] {
         try {
@@ -70,7 +71,7 @@ void ItemCommands::Move(std::string_view target) {
     try {
         moveToChosenPlace(target);
     } catch (const std::exception&) {
-        // The file is where it was, and the missing message says so.
+        // The file is where it was. That no message says it was moved tells the user.
         return;
     }
 }

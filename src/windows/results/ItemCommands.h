@@ -11,25 +11,25 @@
 namespace quillmark {
 
 /// Runs work that talks to the host: the window stays alive meanwhile, and nothing else can be
-/// started. The work throws nothing.
+/// started. The work must not throw.
 using HostWork = std::function<void(const std::function<void()>& work)>;
 
-/// What can be done with a target of a row. None of it changes the lists: a file that is gone stays
-/// listed until the next run.
+/// The commands for a target of a row. They do not change the lists: a deleted file stays listed
+/// until the next run.
 class ItemCommands {
 public:
     /// Questions and message boxes open over `owner`.
     ItemCommands(WindowContext context, HostWork hostWork, QWidget* owner);
 
-    /// Opens a web address, or a local file with its program. Asks first where that may start what
-    /// the site's files bring along.
+    /// Opens a web address, or a local file with its program. Asks first if that may run the file
+    /// instead of showing it.
     void View(std::string_view target);
     /// Whether there is an editor for Edit().
     bool canEdit() const { return context_.shell.hasEditor(); }
     /// Opens the page of a row in an editor, at the line of its reference.
     void Edit(const ItemTarget& page);
     /// Asks, then deletes the file: on the host in Remote Mode, else on the disk. A message box
-    /// tells what went wrong.
+    /// says what went wrong.
     void Delete(std::string_view target);
     /// Asks where to, then moves the local file. Ends without a word when the user cancels or the
     /// file cannot be moved.

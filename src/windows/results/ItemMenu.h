@@ -9,10 +9,9 @@
 
 namespace quillmark {
 
-/// The context menu of a row, `mnuRightClick`: view, delete and move, in a group for each column,
-/// and the page in an editor where a line is known.
-/// Only what can be done is in sight; a line above says so when nothing can, and when the commands
-/// act on one of several selected rows.
+/// The context menu of a row, `mnuRightClick`: a group of view, delete and move for each column,
+/// and the page in an editor if a line is known. It shows only what can be done. A line at the top
+/// tells when that is nothing, or when the commands act on one of several selected rows.
 class ItemMenu : public QMenu {
     Q_OBJECT
 

@@ -57,8 +57,8 @@ bool ResultsModel::rowHolds(int row, const QString& text) const {
     return false;
 }
 
-/// The same for a text in small letters of ASCII, which is itself in every encoding of a name: a
-/// list of a million rows need not be decoded for each letter that is typed.
+/// The same for an ASCII text in small letters. ASCII has the same bytes in every encoding of a
+/// name, so a list of a million rows need not be decoded for each letter typed.
 bool ResultsModel::rowHolds(int row, std::string_view text) const {
     const auto equal = [](char c, char small) {
         return c == small || (c >= 'A' && c <= 'Z' && c + ('a' - 'A') == small);

@@ -10,9 +10,9 @@
 
 namespace quillmark {
 
-/// The results view as a table of texts; a cell's bytes are decoded when it is asked for. The edit
-/// role has the whole of a text that is shown briefly, the tool tip role what was probably meant,
-/// as plain text.
+/// The results view as a table of texts. The bytes of a cell are decoded only when it is asked for.
+/// The display role cuts very long texts, the edit role has them whole; the tool tip role has what
+/// was probably meant, as plain text.
 class ResultsModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -20,13 +20,13 @@ public:
     ResultsModel(Workspace& workspace, Messages& messages, Progress& progress);
 
     /// Rebuilds the table, which is empty meanwhile. Throws a Failure if a message cannot be
-    /// logged; the table is complete then.
+    /// logged; the table is complete even then.
     void ShowResults(const ResultsSelection& selected);
     /// Removes all rows and columns.
     void clear();
 
     const ResultsView& view() const { return view_; }
-    /// The row in which a text comes next, without regard to case, from row `from` on in either
+    /// The next row (0-based) that holds a text in any letter case, from row `from` on, in either
     /// direction and around the end. `from` may be one beyond either end.
     std::optional<int> find(const QString& text, int from, bool forward) const;
 
@@ -43,7 +43,7 @@ private:
     bool rowHolds(int row, std::string_view text) const;
 
     ResultsView view_;
-    int rows_ = 0; ///< What the widgets were told, also while the view is being built.
+    int rows_ = 0; ///< What the widgets were told; it holds while the view is being built.
     int columns_ = 0;
 };
 

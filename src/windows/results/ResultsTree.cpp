@@ -16,10 +16,10 @@ namespace quillmark {
 
 namespace {
 
-/// What is left of the last column however wide the first one was made in a larger window.
+/// The width left to the last column, however wide the first one was made in a larger window.
 constexpr int LeastLastColumn = 120;
 
-/// Rows with a little air, for eyes that go along them.
+/// Rows with a little space between them, so that eyes can follow them.
 class AiryRows : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -53,7 +53,7 @@ void ResultsTree::setColumnWidths(const std::vector<int>& widths) {
 }
 
 void ResultsTree::keepWidth(int column, int width) {
-    // The last column takes what is left, and the one for the line fits it.
+    // The last column takes what is left, and the one for the line fits its text.
     if (!applying_ && display_ != NoDisplay && column < std::min(header()->count() - 1, 2)) {
         widths_.at(display_ + static_cast<std::size_t>(column) * ResultDisplays.size()) = width;
     }
@@ -97,6 +97,7 @@ void ResultsTree::selectRow() {
 
 void ResultsTree::focusInEvent(QFocusEvent* event) {
     QTreeView::focusInEvent(event);
+    // A click selects its own row; a key needs one to start from.
     const bool byKey = event->reason() == Qt::TabFocusReason ||
                        event->reason() == Qt::BacktabFocusReason ||
                        event->reason() == Qt::OtherFocusReason;
@@ -144,7 +145,7 @@ void ResultsTree::showTip(QPoint position, QPoint screenPosition) {
     if (const QString suggestion = index.data(Qt::ToolTipRole).toString(); !suggestion.isEmpty()) {
         tip += suggestion;
     }
-    // An empty tip hides the one before.
+    // An empty text hides the tip of the row before.
     QToolTip::showText(screenPosition, plainToolTip(tip.join('\n')), viewport(), visualRect(index));
 }
 

@@ -24,12 +24,12 @@ public:
     /// empty view.
     void setEmptyText(std::function<QString()> text) { emptyText_ = std::move(text); }
     QString emptyText() const { return emptyText_(); }
-    /// No display is on show: until the next one is, the user does not change the columns.
+    /// No display is on show: until the next one is, column widths are nobody's choice.
     void leaveDisplay() { display_ = NoDisplay; }
     /// The model holds the display of that index now.
     void enterDisplay(std::size_t display);
-    /// Widths in pixels of the first columns, one for each display, then of the second ones; 0 for
-    /// the usual one.
+    /// Widths in pixels: of the first column in each display, then of the second one in each; 0 for
+    /// the usual width.
     std::vector<int> columnWidths() const { return {widths_.begin(), widths_.end()}; }
     void setColumnWidths(const std::vector<int>& widths);
     /// Selects the current row, or the first one, unless rows are selected.
@@ -42,7 +42,7 @@ signals:
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    /// The left and right keys lead to the cell beside, for Enter to act on.
+    /// The left and right keys go to the neighbouring cell, for Enter to act on.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -9,17 +9,16 @@
 
 namespace quillmark {
 
-/// Shows how far a long loop has come in the progress window. Whoever runs the loop also runs the
-/// events; this never does.
+/// Shows in the progress window how far a long loop has come. Whoever runs the loop also lets
+/// events run; this class never does.
 class ThinkingWindow : public Progress {
 public:
-    /// The window that the progress window stands over, and goes with; until there is one, nothing
-    /// is shown.
+    /// Sets the window that the progress window belongs to. Nothing is shown until there is one.
     void setOwner(QWidget* owner) { owner_ = owner; }
 
     void InitializeThinking(std::string_view title) override;
-    /// May be called for every line of a list: the bar moves 30 times a second at most, and a call
-    /// between costs no more than a look at the clock.
+    /// May be called for every line of a list: the bar moves 30 times a second at most, and any
+    /// other call costs no more than a look at the clock.
     void UpdateThinking(int current, int total) override;
     void RemoveThinking() override;
 

@@ -8,7 +8,8 @@ namespace quillmark {
 
 namespace {
 
-/// With the fingerprint of a certificate in two lines: one would not fit a small screen.
+/// The text with the fingerprint of a certificate broken into two lines: one line would not fit a
+/// small screen.
 QString wrapped(const HostIdentity& identity, QString text) {
     constexpr qsizetype HalfOfFingerprint = 48;
     for (const auto& hash : {std::optional(identity.sha256), identity.knownSha256}) {

@@ -14,9 +14,9 @@ class frmDebug;
 
 namespace quillmark {
 
-/// The host trace: the conversation with the host and the messages of the run, the newest line
-/// selected and in sight. A run can open it without taking the keyboard from the main window;
-/// closing it hides it.
+/// The host trace: the conversation with the host and the messages of the run, with the newest line
+/// selected and in sight. A run can open it without taking the focus from the main window; closing
+/// it hides it.
 class frmDebug : public QMainWindow {
     Q_OBJECT
 
@@ -26,8 +26,8 @@ public:
     frmDebug(const frmDebug&) = delete;
     frmDebug& operator=(const frmDebug&) = delete;
 
-    /// Shows the trace as it is now; to be called when it has changed. Next to nothing while the
-    /// window is hidden.
+    /// Shows the trace as it is now; to be called when it has changed. Costs next to nothing while
+    /// the window is hidden.
     void refresh();
 
     /// Whether the trace may be saved; not while a run adds to it.

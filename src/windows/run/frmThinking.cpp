@@ -23,7 +23,7 @@ void frmThinking::open(const QString& caption) {
         move(parentWidget()->window()->frameGeometry().center() - rect().center());
         show();
     }
-    repaint();
+    repaint(); // At once: whoever opens the window is about to be busy.
 }
 
 void frmThinking::setSteps(int steps) {

@@ -10,8 +10,8 @@ class frmThinking;
 
 namespace quillmark {
 
-/// The progress window. It never takes the keyboard. Where the desktop lets a user close it, it is
-/// away until it is opened again, and the run goes on.
+/// The progress window. It never takes the focus. If the desktop lets the user close it, it stays
+/// away until the next open(), and the run goes on.
 class frmThinking : public QWidget {
     Q_OBJECT
 
@@ -21,10 +21,10 @@ public:
     frmThinking(const frmThinking&) = delete;
     frmThinking& operator=(const frmThinking&) = delete;
 
-    /// Shows the window under that caption, in the middle of its owner and with an empty bar unless
-    /// it is on show already.
+    /// Shows the window with that caption. Unless it is on show already, its bar is empty and its
+    /// place the middle of its owner.
     void open(const QString& caption);
-    /// Fills the bar up to a number of steps, of which Steps are the whole of it.
+    /// Fills the bar up to a number of steps, 0 to Steps.
     void setSteps(int steps);
 
     static constexpr int Steps = 1000;

@@ -8,23 +8,23 @@ class frmProfile;
 
 namespace quillmark {
 
-/// The controls of the profile dialog that tell how the host is reached, and what the choice of an
-/// encryption changes among them.
+/// The controls of the profile dialog that say how to reach the host, and what the choice of an
+/// encryption changes in them.
 class HostControls {
 public:
     explicit HostControls(Ui::frmProfile& ui) : ui_(ui) {}
 
-    /// To be called once, when the controls are there.
+    /// To be called once, when the controls have been made.
     void setUp();
 
     /// Puts the fields into the controls that are no text boxes.
     void display(const ProfileFields& fields);
     /// Reads them back.
     void take(ProfileFields& fields) const;
-    /// Lets captions, notes and what can be entered follow the fields.
+    /// Makes captions, tool tips and the controls on show fit the fields.
     void follow(const ProfileFields& fields);
-    /// Proposes the usual port of the encryption that was just chosen, unless somebody entered
-    /// another one than that of the encryption before.
+    /// Enters the usual port of the encryption that was just chosen, unless the user had entered
+    /// another port than the usual one.
     void proposePort();
 
 private:

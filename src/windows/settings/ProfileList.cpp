@@ -22,7 +22,7 @@ ProfileList::ProfileList(QWidget* parent) : QComboBox(parent) {
     setEditable(true);
     setCompleter(nullptr);
     setInsertPolicy(NoInsert);
-    setDuplicatesEnabled(true); // Else Enter would count as choosing the entry, and load it anew.
+    setDuplicatesEnabled(true); // Otherwise Enter would choose the entry and load its profile anew.
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     installEventFilter(this);
     lineEdit()->installEventFilter(this);
@@ -64,7 +64,7 @@ bool ProfileList::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
         enter(dynamic_cast<QFocusEvent*>(event)->reason());
         return false;
-    case QEvent::Wheel: // Scrolling past must not load another profile over what was entered.
+    case QEvent::Wheel: // Scrolling past the list must not replace what was entered by a profile.
         event->ignore();
         return true;
     default:
@@ -101,7 +101,8 @@ void ProfileList::complete(const QString& text) {
     }
 }
 
-/// Keeps the current entry the one in the text. Else leaving the box would count as choosing it.
+/// Makes the entry of the text the current one. Otherwise leaving the box would count as choosing
+/// it.
 void ProfileList::selectEntryOfText() {
     const int entry = findText(currentText(), SameText);
     if (entry >= 0 && itemText(currentIndex()) != currentText()) {
@@ -110,7 +111,8 @@ void ProfileList::selectEntryOfText() {
     }
 }
 
-/// The key itself is left to the box, which removes the selection first.
+/// Notes a deleting key. The box handles the key itself and deletes the selection first: that is
+/// the tail which completion added, and adding it again would make it impossible to delete.
 void ProfileList::markDeletion(int key) {
     if (key == Qt::Key_Backspace || (key == Qt::Key_Delete && lineEdit()->hasSelectedText())) {
         skipCompletion_ = true;
@@ -121,7 +123,7 @@ void ProfileList::enter(Qt::FocusReason reason) {
     emit entered();
     lineEdit()->selectAll();
     if (reason == Qt::MouseFocusReason) {
-        // The press that is still to come would put the cursor there and drop the selection.
+        // The mouse press comes after this: it sets the cursor and drops the selection.
         QMetaObject::invokeMethod(lineEdit(), "selectAll", Qt::QueuedConnection);
     }
 }

@@ -19,17 +19,17 @@ public:
     void setNames(const std::vector<std::string>& names);
     /// Shows a name, without completion and without a signal.
     void setName(std::string_view name);
-    /// The name in the text, as the bytes that the list was given for it.
+    /// The name in the text; for a listed name, the bytes that the list was given.
     std::string name() const;
     /// Whether the list has the name in the text.
     bool isListed() const;
 
 signals:
-    /// The user begins to work in the list.
+    /// The list got the focus.
     void entered();
-    /// The user changed the text, which is completed by now; not sent for what a deleting key does.
+    /// The user changed the text, and it has been completed. Not sent after a deleting key.
     void nameTyped();
-    /// The user chose a name of the list.
+    /// The user chose a name from the list.
     void nameChosen();
 
 protected:

@@ -13,8 +13,8 @@ namespace quillmark {
 
 namespace {
 
-/// The page that a person means who types a path or file address of this computer, as a start path;
-/// a folder means its index page. Empty where nothing of that name is here.
+/// The start path of the page that a user means by a path or file address of this computer; a
+/// folder means its index page. Empty if there is no such page.
 std::string pageHere(const std::string& typedPath) {
     const QUrl address(shown(typedPath));
     const QString path = address.isLocalFile() ? address.toLocalFile() : shown(typedPath);
@@ -40,7 +40,7 @@ StartPathNote::StartPathNote(QWidget* parent)
     cmdUseLocal_->setObjectName("cmdUseLocal");
     cmdUseLocal_->setToolTip("This page is on this computer, too: check the site there");
     QSizePolicy keepsRoom = cmdUseLocal_->sizePolicy();
-    keepsRoom.setRetainSizeWhenHidden(true); // Else the dialog would jump while a path is typed.
+    keepsRoom.setRetainSizeWhenHidden(true); // The dialog must not jump while a path is typed.
     cmdUseLocal_->setSizePolicy(keepsRoom);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

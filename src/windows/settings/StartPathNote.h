@@ -10,17 +10,18 @@
 
 namespace quillmark {
 
-/// The line below the start path. It says where the site lies, and offers the page on this computer
-/// where the path, as typed, would look for that page on a web host.
+/// The line below the start path. It says where the site lies. If the path as typed would be looked
+/// for on a web host, but this computer has such a page, it offers that page.
 class StartPathNote : public QWidget {
     Q_OBJECT
 public:
     explicit StartPathNote(QWidget* parent = nullptr);
 
+    /// Shows what the start path in these fields means.
     void tellOf(const ProfileFields& fields);
 
 signals:
-    /// The user takes the page on this computer; the start path is in "\" form.
+    /// The user accepted the page on this computer; `startPath` is in "\" form.
     void localPageTaken(const std::string& startPath);
 
 private:

@@ -41,7 +41,7 @@ void frmConfig2::showOptions() {
     for (const Flag& flag : flags_) {
         flag.control->setChecked(configuration.*flag.field == 1);
     }
-    ui_->chkSound->setChecked(configuration.SOUND != 0);
+    ui_->chkSound->setChecked(configuration.SOUND != 0); // Any value but 0 turns sounds on.
     masks_->show(configuration.fileMasksText);
 }
 

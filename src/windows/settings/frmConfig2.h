@@ -18,8 +18,7 @@ class frmConfig2;
 namespace quillmark {
 
 /// The dialog for the options of the program. OK takes them into the configuration and writes its
-/// file at once; when that fails, the dialog stays open, and the options hold until the program
-/// ends.
+/// file at once. If that fails, the dialog stays open, and the options hold until the program ends.
 class frmConfig2 : public QDialog {
     Q_OBJECT
 public:
@@ -43,7 +42,7 @@ private:
     std::unique_ptr<Ui::frmConfig2> ui_;
     const WindowContext& context_;
     std::vector<Flag> flags_;
-    std::optional<BytesEdit> masks_; ///< There once the controls are made.
+    std::optional<BytesEdit> masks_; ///< Set once the controls have been made.
 };
 
 } // namespace quillmark

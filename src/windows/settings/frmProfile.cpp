@@ -19,6 +19,7 @@ frmProfile::frmProfile(const WindowContext& context, std::string& currentProfile
       host_(*ui_) {
     ui_->setupUi(this);
     host_.setUp();
+    // Notes come and go while the user types: they keep their room, so that nothing jumps.
     QSizePolicy keepsRoom = ui_->lblEdited->sizePolicy();
     keepsRoom.setRetainSizeWhenHidden(true);
     ui_->lblEdited->setSizePolicy(keepsRoom);
@@ -218,7 +219,7 @@ bool frmProfile::SaveProfile() {
     const std::string name = ui_->cmboProfiles->name();
     try {
         Settings edited = context_.workspace.settings;
-        StoreFields(fields(), edited);
+        StoreFields(fields(), edited); // Into a copy: a save that fails changes no settings.
         quillmark::SaveProfile(edited, context_.files, name);
         StoreFields(fields(), context_.workspace.settings);
         ListProfiles(name);
@@ -319,7 +320,7 @@ void frmProfile::forgetTrusted() {
 void frmProfile::setStartPath(const std::string& startPath) {
     ProfileFields chosen = fields();
     chosen.startPath = startPath;
-    if (!ui_->cmboProfiles->isListed()) {
+    if (!ui_->cmboProfiles->isListed()) { // A saved profile keeps the rules it was saved with.
         chosen.rules = rulesFor(chosen);
     }
     display(chosen);

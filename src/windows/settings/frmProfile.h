@@ -25,23 +25,22 @@ namespace quillmark {
 /// The dialog in which a profile is picked, edited and saved, and from which a check run is
 /// started. It edits the current profile of the workspace in place.
 ///
-/// Start is the default button, so that a name and Enter start a check. That loses nothing: unsaved
-/// changes are asked about first. A check that is started without saving them uses the values last
-/// loaded or saved; without a name to save them under, it uses what the dialog shows. A save that
-/// fails counts as Cancel.
+/// Start is the default button, so that a name and Enter start a check. Nothing is lost by that:
+/// the dialog first asks about unsaved changes. If they are not saved, the check uses the values
+/// last loaded or saved; without a name to save them under, it uses what the dialog shows. A save
+/// that fails counts as Cancel.
 ///
 /// Without a start path there is nothing to check: Start is off, and the note below the path says
-/// what is missing.
+/// what is missing. If no check can begin with the start file, Start says why and leaves the dialog
+/// open.
 ///
-/// Start keeps the dialog open, too, and says why, when no check can begin with the start file.
-///
-/// What was entered before there was a profile to it stays while its name is typed: a name without
-/// a file then shows those fields, else the current profile.
+/// Fields that were filled in before the profile had a name stay while the name is typed: a name
+/// without a file shows these fields, or the current profile if none were filled in.
 class frmProfile : public QDialog {
     Q_OBJECT
 public:
-    /// Shows the profile of that name. Start puts the name of the profile to be checked there.
-    /// `requireStartFile` throws a Failure when no check can begin with the current profile.
+    /// Shows the profile `currentProfileName`; Start stores the name of the profile to check there.
+    /// `requireStartFile` throws a Failure if no check can begin with the current profile.
     frmProfile(const WindowContext& context, std::string& currentProfileName,
                std::function<void()> requireStartFile, QWidget* parent);
     ~frmProfile() override;
@@ -73,14 +72,15 @@ private:
     void connectControls();
     void openCurrentProfile();
 
-    /// The web rules where the start page is one that the classic rules would hardly read.
+    /// The web rules if the classic rules could hardly read the start page; else those of the
+    /// fields.
     Rules rulesFor(const ProfileFields& fields) const;
     ProfileFields fields() const;
     void display(const ProfileFields& fields);
     void fieldsChanged();
     void showRules(Rules rules);
     void nameChanged();
-    /// What a save would make of the fields, where that is not what they show: one thing at a time.
+    /// What a save would turn the fields into, if that is not what they show: one thing at a time.
     QString note(const ProfileFields& fields) const;
     void rememberDraft();
 
@@ -110,8 +110,8 @@ private:
     std::vector<Flag> flags_;
     std::vector<ClassicFlag> classicFlags_;
     std::optional<ProfileFields> draft_; ///< Fields that belong to no file yet.
-    ProfileFields displayed_;            ///< As they were shown last, with those without a control.
-    bool displaying_ = false;            ///< The fields change, and not by the user.
+    ProfileFields displayed_;            ///< As last shown, including those without a control.
+    bool displaying_ = false;            ///< The dialog changes the fields, not the user.
     bool started_ = false;
 };
 

@@ -6,7 +6,7 @@ namespace quillmark {
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
-    // Else the window could not be made narrower than the longest path.
+    // Otherwise the window could not be made narrower than the longest path.
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 

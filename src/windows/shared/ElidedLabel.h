@@ -4,14 +4,15 @@
 
 namespace quillmark {
 
-/// One line of plain text that takes the width it is given: a longer text is cut in the middle, and
-/// a tool tip has the whole.
+/// One line of plain text that fits any width: a longer text is cut in the middle, and the tool tip
+/// has it whole.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
 public:
     explicit ElidedLabel(QWidget* parent = nullptr);
 
+    /// Sets the text, of which the label shows as much as fits.
     void setWholeText(const QString& text);
 
 protected:

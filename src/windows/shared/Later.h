@@ -7,8 +7,8 @@
 
 namespace quillmark {
 
-/// Does something once at the next turn of the event loop, however often it was asked for until
-/// then: what a run changes thousands of times a second is shown as often as it can be seen.
+/// Performs an action once at the next turn of the event loop, however often it was asked for until
+/// then. What a run changes thousands of times a second is shown no more often than can be seen.
 class Later {
 public:
     explicit Later(std::function<void()> action) {
@@ -16,6 +16,7 @@ public:
         QObject::connect(&timer_, &QTimer::timeout, std::move(action));
     }
 
+    /// Asks for the action.
     void ask() {
         if (!timer_.isActive()) {
             timer_.start(0);

@@ -27,7 +27,7 @@ int NewestLines::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant NewestLines::data(const QModelIndex& index, int role) const {
-    // Between two refreshes the list may have been cleared.
+    // The list may have been cleared since the last refresh().
     const bool there = index.isValid() && index.row() < lines_.Count();
     if (!there) {
         return {};

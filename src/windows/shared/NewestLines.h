@@ -6,16 +6,16 @@
 
 namespace quillmark {
 
-/// A list of the newest lines, the messages or the trace, as a view shows it: without a copy. The
-/// edit role has the whole of a line that is shown briefly.
+/// A model of the newest messages or lines of the trace, read from their list without a copy. The
+/// display role cuts very long lines, the edit role has them whole.
 class NewestLines : public QAbstractListModel {
     Q_OBJECT
 
 public:
     explicit NewestLines(const CappedList& lines) : lines_(lines) {}
 
-    /// Takes over what has changed since the last call. The rows stay where they are and only their
-    /// texts move, so that a full list goes by without flickering.
+    /// Shows what has changed since the last call. Rows stay where they are and only their texts
+    /// move, so that a full list scrolls by without flickering.
     void refresh();
 
     int rowCount(const QModelIndex& parent = {}) const override;

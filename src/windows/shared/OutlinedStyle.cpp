@@ -12,14 +12,14 @@ namespace {
 
 constexpr double Rounding = 2;
 
-/// A box that is typed into shows where the keys go always, any other one when the keys brought the
-/// focus there: that is how Fusion does it.
+/// A box to type into always shows that it has the focus, any other control only if a key brought
+/// the focus there: that is how Fusion does it.
 bool showsFocus(const QStyleOption& option, bool typedInto) {
     return option.state.testFlag(QStyle::State_HasFocus) &&
            (typedInto || option.state.testFlag(QStyle::State_KeyboardFocusChange));
 }
 
-/// Covers the outline that Fusion has painted in `rect`.
+/// Paints over the outline that Fusion has painted in `rect`.
 void drawOutline(const QStyleOption& option, QPainter& painter, const QRectF& rect,
                  bool typedInto = false) {
     const bool focused = showsFocus(option, typedInto);
@@ -40,7 +40,7 @@ void drawSeparator(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
-/// What Fusion leaves above the frame of a group for its title.
+/// The height that Fusion leaves above the frame of a group for its title, in pixels.
 int titleHeight(const QStyle& style, const QStyleOption& option, const QWidget* widget) {
     constexpr int Gap = 3;
     const auto* group = qobject_cast<const QGroupBox*>(widget);

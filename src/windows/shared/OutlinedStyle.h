@@ -4,9 +4,9 @@
 
 namespace quillmark {
 
-/// Qt's Fusion style with outlines that one can see on light and dark grounds. Fusion takes the
-/// colour of its outlines from the window's: in the dark it paints black on grey. Here an outline
-/// has the palette's Dark colour, and its Link colour where the keys go.
+/// Qt's Fusion style with outlines that can be seen on light and dark backgrounds. Fusion derives
+/// their colour from the window's: in a dark theme it paints black on grey. Here an outline has the
+/// palette's Dark colour, or its Link colour if the control has the focus.
 class OutlinedStyle : public QProxyStyle {
     Q_OBJECT
 public:

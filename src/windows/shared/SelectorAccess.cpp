@@ -11,8 +11,8 @@ namespace quillmark {
 
 namespace {
 
-/// Like Qt's own description of a selector, which is no public class: its children are the list of
-/// entries and, in an editable one, the text box.
+/// Like Qt's own description of a selector, which is not a public class. Its children are the list
+/// of entries and, if the selector is editable, the text box.
 class SelectorAccess : public QAccessibleWidget {
 public:
     explicit SelectorAccess(QComboBox& selector)
@@ -69,7 +69,7 @@ private:
 
 QAccessibleInterface* accessOf(const QString& className, QObject* object) {
     auto* const selector = qobject_cast<QComboBox*>(object);
-    // Qt asks for each class that the object's class is derived from, and takes over what it gets.
+    // Qt asks for each class that the object's class is derived from, and owns what it gets.
     return className == "QComboBox" && selector != nullptr
                ? std::make_unique<SelectorAccess>(*selector).release()
                : nullptr;

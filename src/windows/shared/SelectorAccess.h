@@ -2,8 +2,8 @@
 
 namespace quillmark {
 
-/// From now on assistive tools are told of every QComboBox by its label and its entry ("Display:
-/// Invalid References"). Qt tells them the entry alone, which says nothing of what it is for.
+/// Makes every QComboBox tell assistive tools its label and its entry ("Display: Invalid
+/// References"). Qt tells them the entry alone, which does not say what the selector is for.
 void announceSelectorsWithLabels();
 
 } // namespace quillmark

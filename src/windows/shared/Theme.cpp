@@ -1,11 +1,15 @@
 #include "windows/shared/Theme.h"
 
-#include "windows/shared/DesktopScheme.h"
 #include "windows/shared/OutlinedStyle.h"
 
 #include <QColor>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QFile>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QtGlobal>
 
 #include <initializer_list>
 #include <memory>
@@ -13,6 +17,9 @@
 namespace quillmark {
 
 namespace {
+
+constexpr int PatienceMilliseconds = 100;
+constexpr uint PrefersDark = 1;
 
 struct RoleColor {
     QPalette::ColorRole role;
@@ -31,11 +38,43 @@ QPalette paletteOf(std::initializer_list<RoleColor> all,
     return palette;
 }
 
-/// Qt stands in with the colours of its Fusion style where the desktop has none for programs.
+/// If the desktop has no colours for programs, Qt takes those of its Fusion style.
 bool desktopGivesColors(QApplication& application) {
     application.setPalette(QPalette());
     const std::unique_ptr<QStyle> fusion(QStyleFactory::create("Fusion"));
     return QApplication::palette() != fusion->standardPalette();
+}
+
+/// Asking for a bus that is not there may start one, so it is looked for first.
+bool sessionBusIsThere() {
+    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
+           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
+}
+
+/// The answer is a variant in a variant.
+QVariant unwrapped(QVariant value) {
+    while (value.canConvert<QDBusVariant>()) {
+        value = value.value<QDBusVariant>().variant();
+    }
+    return value;
+}
+
+/// Whether the desktop's settings ask programs for dark colours. Asks the settings service over the
+/// session bus, if it is already running, and waits a tenth of a second at most: no bus, no service
+/// or no answer means no.
+bool desktopPrefersDark() {
+    if (!sessionBusIsThere()) {
+        return false;
+    }
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+        "org.freedesktop.portal.Settings", "Read");
+    question << QString("org.freedesktop.appearance") << QString("color-scheme");
+    question.setAutoStartService(false);
+    const QDBusMessage answer =
+        QDBusConnection::sessionBus().call(question, QDBus::Block, PatienceMilliseconds);
+    return answer.type() == QDBusMessage::ReplyMessage &&
+           unwrapped(answer.arguments().value(0)).toUInt() == PrefersDark;
 }
 
 } // namespace
@@ -112,7 +151,7 @@ void applyTheme(QApplication& application, ThemeChoice choice) {
     }
     const bool dark =
         choice == ThemeChoice::Dark || (choice == ThemeChoice::System && desktopPrefersDark());
-    // The application takes the style over.
+    // The application takes ownership of the style.
     QApplication::setStyle(std::make_unique<OutlinedStyle>().release());
     application.setPalette(dark ? darkPalette() : lightPalette());
 }

@@ -8,13 +8,13 @@ namespace quillmark {
 /// Whose colours the windows have.
 enum class ThemeChoice { System, Light, Dark };
 
-/// Gives the windows their colours, now and for windows made later. System keeps the colours that
-/// the desktop gives to programs; a desktop that gives none gets ours, dark where its colour scheme
-/// says so. Light and Dark are always ours.
+/// Gives the windows their colours, both those that exist and those made later. System keeps the
+/// colours that the desktop gives to programs; if it gives none, our own are used, dark if its
+/// colour scheme says so. Light and Dark are always our own.
 void applyTheme(QApplication& application, ThemeChoice choice);
 
-/// The program's own colours: soft greys and one accent. Dark is the colour of outlines, Link that
-/// of the outline where the keys go.
+/// The program's own colours: soft greys and one accent. Dark is the colour of outlines, Link the
+/// colour of the outline of the control with the focus.
 QPalette lightPalette();
 /// The same for dark rooms.
 QPalette darkPalette();

@@ -10,8 +10,8 @@
 #include <memory>
 #include <utility>
 
-/// Outside of the namespace, as Qt's macro asks. The linker would leave the resource of a static
-/// library out.
+/// Outside the namespace, as Qt's macro demands. Without this call the linker would leave out the
+/// resources of a static library.
 static void initializeIcons() {
     Q_INIT_RESOURCE(icons);
 }
@@ -65,7 +65,7 @@ QIcon themedIcon(const QString& name) {
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    // The icon takes its engine over.
+    // The icon takes ownership of its engine.
     return QIcon(std::make_unique<DrawingEngine>(file.readAll()).release());
 }
 

@@ -1,4 +1,4 @@
-#include "web/links/HeaderOption.h"
+#include "web/links/LinkOptions.h"
 
 #include "base/Failure.h"
 #include "web/links/LinkAddress.h"
@@ -34,6 +34,7 @@ HeaderRule headerRuleOf(const std::string& text) {
     if (!linkAddressOf(text.substr(0, blank), "") ||
         !isName(std::string_view(line).substr(0, colon)) || value.empty() ||
         std::any_of(line.begin(), line.end(), isControl)) {
+        // Without the header itself, which may hold a password.
         throw invalidValue(
             "a header is written as 'https://www.site.example/ NAME: VALUE', not \"" +
             text.substr(0, blank) + " ...\"");
