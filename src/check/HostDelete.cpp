@@ -19,7 +19,9 @@ void deletePath(FtpComponent& ftp, std::string_view path) {
 void deleteOnHost(FtpComponent& ftp, Messages& messages, const Profile& profile,
                   std::string_view path) {
     messages.post("Attempting to delete file ", path);
-    ftp.connect(loginOf(profile));
+    FtpLogin login = loginOf(profile);
+    login.connections = 1;
+    ftp.connect(login);
     if (!ftp.connected()) {
         messages.post("Unable to connect");
         return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/host/FtpTrace.h"
+#include "run/FtpTrace.h"
 #include "ui/MessageSink.h"
 #include "ui/TraceLog.h"
 

@@ -2,8 +2,11 @@
 
 #include "base/Failure.h"
 
+#include <string_view>
 #include <system_error>
 #include <utility>
+
+#include <sys/types.h>
 
 namespace quillmark {
 
@@ -27,6 +30,9 @@ public:
 private:
     int number_;
 };
+
+/// Writes all the bytes from `offset` on. False if the operating system refuses.
+bool writeAt(const FileDescriptor& file, std::string_view bytes, off_t offset);
 
 /// Why the operating system refused the last call (errno).
 std::error_code lastSystemError();

@@ -33,18 +33,6 @@ bool isPlainFile(const FileDescriptor& file) {
     return fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-bool writeAt(const FileDescriptor& file, std::string_view bytes, off_t offset) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::pwrite(file.number(), bytes.data(), bytes.size(), offset);
-        if (written < 0) {
-            return false;
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-        offset += static_cast<off_t>(written);
-    }
-    return true;
-}
-
 void sortEntry(const fs::directory_entry& entry, FolderListing& listing) {
     std::string name = entry.path().filename().string();
     std::error_code error;

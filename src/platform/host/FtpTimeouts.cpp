@@ -11,23 +11,23 @@ namespace {
 
 constexpr double LongestSeconds = 24 * 60 * 60;
 
-std::chrono::milliseconds fromVariable(const char* name, std::chrono::milliseconds usual) {
-    const char* value = std::getenv(name);
+void setFrom(const char* variable, std::chrono::milliseconds& time) {
+    const char* const value = std::getenv(variable);
     const double seconds = value == nullptr ? 0 : leadingNumber(value);
-    if (!(seconds > 0)) {
-        return usual;
+    if (seconds > 0) {
+        const std::chrono::duration<double> wanted(std::min(seconds, LongestSeconds));
+        time = std::chrono::ceil<std::chrono::milliseconds>(wanted);
     }
-    const std::chrono::duration<double> wanted(std::min(seconds, LongestSeconds));
-    return std::chrono::ceil<std::chrono::milliseconds>(wanted);
 }
 
 } // namespace
 
 FtpTimeouts timeoutsFromEnvironment() {
-    return {fromVariable("QUILLMARK_CONNECT_TIMEOUT", FtpTimeouts::Connect),
-            fromVariable("QUILLMARK_REPLY_TIMEOUT", FtpTimeouts::Reply),
-            fromVariable("QUILLMARK_TRANSFER_TIMEOUT", FtpTimeouts::Transfer),
-            FtpTimeouts::Operation};
+    FtpTimeouts timeouts;
+    setFrom("QUILLMARK_CONNECT_TIMEOUT", timeouts.connect);
+    setFrom("QUILLMARK_REPLY_TIMEOUT", timeouts.reply);
+    setFrom("QUILLMARK_TRANSFER_TIMEOUT", timeouts.transfer);
+    return timeouts;
 }
 
 } // namespace quillmark

@@ -6,16 +6,11 @@ namespace quillmark {
 
 /// How long a silent host is waited for.
 struct FtpTimeouts {
-    static constexpr std::chrono::milliseconds Connect{20'000};
-    static constexpr std::chrono::milliseconds Reply{60'000};
-    static constexpr std::chrono::milliseconds Transfer{60'000};
-    static constexpr std::chrono::milliseconds Operation{600'000};
-
-    std::chrono::milliseconds connect = Connect;   ///< For a connection, the greeting included.
-    std::chrono::milliseconds reply = Reply;       ///< For the reply to a command.
-    std::chrono::milliseconds transfer = Transfer; ///< For the next byte of a transfer.
+    std::chrono::milliseconds connect{20'000};  ///< For a connection, the greeting included.
+    std::chrono::milliseconds reply{60'000};    ///< For the reply to a command.
+    std::chrono::milliseconds transfer{60'000}; ///< For the next byte of a transfer.
     /// For a whole operation, whatever arrives; bytes give it more time.
-    std::chrono::milliseconds operation = Operation;
+    std::chrono::milliseconds operation{600'000};
 };
 
 /// The time-outs that the user set in seconds with QUILLMARK_CONNECT_TIMEOUT,

@@ -1,29 +1,38 @@
 #include "platform/host/FtpXCtl.h"
 
+#include "platform/NativePath.h"
+#include "platform/disk/AlternatingFile.h"
 #include "platform/host/HostFailures.h"
 #include "platform/host/HostRequest.h"
 #include "platform/host/ListingLines.h"
-#include "platform/host/PageFile.h"
+
+#include <algorithm>
+
+#include <unistd.h>
 
 namespace quillmark {
 
 namespace {
 
 using Kind = HostOutcome::Kind;
-using Operation = HostOperation::Kind;
+
+constexpr std::chrono::milliseconds Slice{25};
+
+constexpr auto TakesAll = [](std::string_view /*bytes*/, bool /*again*/) { return true; };
 
 bool wasRefused(const HostOutcome& outcome) {
     return outcome.kind == Kind::Refused || outcome.kind == Kind::Broken;
+}
+
+/// Whether the text can be part of one command: a line break would begin another one.
+bool isSendable(std::string_view text) {
+    return text.find_first_of(std::string_view("\r\n\0", 3)) == std::string_view::npos;
 }
 
 void requireSendable(std::string_view text) {
     if (!isSendable(text)) {
         throw unsendableText();
     }
-}
-
-std::string tooLarge(std::string_view what) {
-    return std::string(what).append(" is larger than 64 MB");
 }
 
 } // namespace
@@ -42,6 +51,7 @@ void FtpXCtl::connect(const FtpLogin& login) {
     }
 }
 
+// A wrong password must not be tried several times: the other connections wait for the first one.
 void FtpXCtl::logIn(const FtpLogin& login) {
     for (const std::string& text : {login.host, login.userName, login.password, login.account}) {
         requireSendable(text);
@@ -49,48 +59,48 @@ void FtpXCtl::logIn(const FtpLogin& login) {
     if (login.passiveDisabled && isTls(login.encryption)) {
         throw activeOverTls();
     }
-    HostOutcome outcome = converse(login);
+    HostOutcome outcome = open(login);
     if (outcome.refused && trust_.trusts(*outcome.refused) && !outcome.refused->keyChanged()) {
         FtpLogin trusting = login;
         trusting.trusted = outcome.refused->sha256;
-        outcome = converse(trusting);
+        outcome = open(trusting);
     }
     connected_ = outcome.kind == Kind::Done;
     if (!connected_ && outcome.kind != Kind::Ended) {
         postReason(outcome.refused ? outcome.refused->reason : outcome.reason);
     }
+    while (connected_ && std::ssize(connections_) < login_.connections) {
+        connections_.push_back(std::make_unique<HostConnection>(*tasks_, login_, timeouts_));
+    }
 }
 
-HostOutcome FtpXCtl::converse(const FtpLogin& login) {
-    conversation_.reset();
-    conversation_ =
-        std::make_unique<HostConversation>(messages_, events_, state_, trace_, timeouts_, login);
-    return conversation_->perform({Operation::LogIn, {}});
+HostOutcome FtpXCtl::open(const FtpLogin& login) {
+    connections_.clear();
+    login_ = login;
+    tasks_.emplace(timeouts_);
+    connections_.push_back(std::make_unique<HostConnection>(*tasks_, login_, timeouts_));
+    return converse({Operation::LogIn}, TakesAll);
 }
 
 void FtpXCtl::disconnect() {
     connected_ = false;
+    const auto goodbyes = tasks_ ? tasks_->askGoodbyes() : std::vector<HostTasks::Handle>();
     try {
-        if (conversation_) {
-            conversation_->sayGoodbye();
+        for (const HostTasks::Handle& goodbye : goodbyes) {
+            if (follow(*goodbye, TakesAll).kind == Kind::Ended) {
+                break;
+            }
         }
     } catch (const Failure&) {
         // The goodbye cannot be traced on a full disk; the connection is closed all the same.
     }
-    conversation_.reset();
+    connections_.clear();
 }
 
-void FtpXCtl::expectListing(std::string_view directory) {
-    expect(Operation::List, directory);
-}
-
-void FtpXCtl::expectFile(std::string_view remoteFile) {
-    expect(Operation::Retrieve, remoteFile);
-}
-
+// With one connection nothing is done ahead.
 void FtpXCtl::expect(Operation kind, std::string_view path) {
-    if (connected_ && isSendable(path)) {
-        conversation_->expect({kind, std::string(path)});
+    if (connected_ && login_.connections > 1 && !state_.stopped && isSendable(path)) {
+        tasks_->expect({kind, std::string(path)});
     }
 }
 
@@ -99,41 +109,35 @@ void FtpXCtl::list(std::string_view directory, const DirItem& item) {
         postReason(unsendableText().description());
         throw unsendableText();
     }
-    requireListed(transferListing(Operation::List, directory, item));
-}
-
-void FtpXCtl::listWorkingDirectory(const DirItem& item) {
-    requireListed(transferListing(Operation::List, {}, item));
-}
-
-bool FtpXCtl::listFacts(std::string_view directory, const DirItem& item) {
-    return isSendable(directory) &&
-           transferListing(Operation::ListFacts, directory, item).kind == Kind::Done;
-}
-
-void FtpXCtl::requireListed(const HostOutcome& outcome) {
+    const HostOutcome outcome = transferListing(Operation::List, directory, item);
     if (wasRefused(outcome)) {
         postReason(outcome.reason);
         throw refusedByHost(outcome.reason);
     }
 }
 
+bool FtpXCtl::listFacts(std::string_view directory, const DirItem& item) {
+    return login_.encryption != Encryption::Sftp && isSendable(directory) &&
+           transferListing(Operation::ListFacts, directory, item).kind == Kind::Done;
+}
+
 HostOutcome FtpXCtl::transferListing(Operation kind, std::string_view directory,
                                      const DirItem& item) {
     ListingLines lines(item);
-    std::size_t size = 0;
-    const auto take = [&](std::string_view bytes) {
-        size += bytes.size();
+    off_t size = 0;
+    const auto take = [&](std::string_view bytes, bool again) {
+        if (again) {
+            lines.restart();
+            size = 0;
+        }
         lines.take(bytes);
+        size += std::ssize(bytes);
         return size <= LargestTransfer;
     };
-    const auto restart = [&] {
-        size = 0;
-        lines.restart();
-    };
-    HostOutcome outcome = perform({kind, std::string(directory)}, take, restart);
+    HostOutcome outcome = perform({kind, std::string(directory)}, take);
     if (size > LargestTransfer) {
-        return {Kind::Refused, tooLarge("The listing of " + std::string(directory)), false, true};
+        return {Kind::Refused, "The listing of " + std::string(directory) + " is larger than 64 MB",
+                true};
     }
     if (outcome.kind == Kind::Done) {
         lines.finish();
@@ -145,35 +149,40 @@ bool FtpXCtl::retrieve(std::string_view remoteFile, std::string_view localFile) 
     if (!isSendable(remoteFile)) {
         return false;
     }
-    PageFile page(localFile);
-    const auto take = [&page](std::string_view bytes) {
-        page.append(bytes);
-        return page.size() <= LargestTransfer;
+    AlternatingFile page(nativePath(localFile).string());
+    bool isRefused = false;
+    const bool isKept = page.replace([&](const FileDescriptor& to) {
+        const std::optional<off_t> size = transferPage(remoteFile, to);
+        isRefused = !size;
+        return size;
+    });
+    if (!isKept && !isRefused) {
+        throwLastError(pathNotFound());
+    }
+    return isKept;
+}
+
+/// The size of the page, or nothing if it is not to be had.
+std::optional<off_t> FtpXCtl::transferPage(std::string_view remoteFile, const FileDescriptor& to) {
+    off_t size = 0;
+    const auto take = [&](std::string_view bytes, bool again) {
+        size = again ? 0 : size;
+        if ((again && ::ftruncate(to.number(), 0) != 0) || !writeAt(to, bytes, size)) {
+            throwLastError();
+        }
+        size += std::ssize(bytes);
+        return size <= LargestTransfer;
     };
-    const HostOutcome outcome =
-        perform({Operation::Retrieve, std::string(remoteFile)}, take, [&page] { page.restart(); });
-    if (page.size() > LargestTransfer) {
-        postReason(tooLarge(remoteFile));
+    const HostOutcome outcome = perform({Operation::Retrieve, std::string(remoteFile)}, take);
+    if (size > LargestTransfer) {
+        postReason(std::string(remoteFile) + " is larger than 64 MB");
     }
-    if (outcome.kind != Kind::Done) {
-        return false;
-    }
-    page.keep();
-    return true;
-}
-
-void FtpXCtl::deleteFile(std::string_view remoteFile) {
-    command(Operation::Delete, remoteFile);
-}
-
-void FtpXCtl::removeDirectory(std::string_view directory) {
-    command(Operation::RemoveDirectory, directory);
+    return outcome.kind == Kind::Done ? std::optional(size) : std::nullopt;
 }
 
 void FtpXCtl::command(Operation kind, std::string_view path) {
     requireSendable(path);
-    const auto take = [](std::string_view /*bytes*/) { return true; };
-    const HostOutcome outcome = perform({kind, std::string(path)}, take, [] {});
+    const HostOutcome outcome = perform({kind, std::string(path)}, TakesAll);
     if (wasRefused(outcome)) {
         throw refusedByHost(outcome.reason);
     }
@@ -184,18 +193,50 @@ void FtpXCtl::command(Operation kind, std::string_view path) {
 
 // Once a connection cannot be restored, later operations do not try again: each of them would wait
 // for the host in vain.
-HostOutcome FtpXCtl::perform(const HostOperation& operation, const HostConversation::Taker& take,
-                             const std::function<void()>& restart) {
+HostOutcome FtpXCtl::perform(const HostOperation& operation, const Taker& take) {
     if (!connected_) {
         throw hostConnectionLost("not connected");
     }
-    HostOutcome outcome = conversation_->perform(operation, take, restart);
+    HostOutcome outcome = converse(operation, take);
     if (outcome.kind == Kind::Lost) {
         connected_ = outcome.loggedIn;
         postReason(outcome.reason);
         throw hostConnectionLost(outcome.reason);
     }
     return outcome;
+}
+
+HostOutcome FtpXCtl::converse(const HostOperation& operation, const Taker& take) {
+    events_.DoEvents();
+    return state_.stopped ? HostOutcome{Kind::Ended, {}, true}
+                          : follow(*tasks_->ask(operation), take);
+}
+
+HostOutcome FtpXCtl::follow(HostTask& task, const Taker& take) {
+    int attempt = 1;
+    do {
+        const HostNews news = tasks_->waitForNews(task, Slice);
+        tell(news);
+        const bool again = news.attempt > attempt;
+        attempt = std::max(attempt, news.attempt);
+        if ((again || !news.bytes.empty()) && !take(news.bytes, again)) {
+            break;
+        }
+        if (news.outcome) {
+            return *news.outcome;
+        }
+        events_.DoEvents();
+    } while (!state_.stopped);
+    return {Kind::Ended, {}, true};
+}
+
+void FtpXCtl::tell(const HostNews& news) {
+    for (const std::string& line : news.trace) {
+        trace_.Trace(line);
+    }
+    for (const std::string& note : news.notes) {
+        postReason(note);
+    }
 }
 
 } // namespace quillmark

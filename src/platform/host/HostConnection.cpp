@@ -3,52 +3,24 @@
 #include "platform/host/HostRequest.h"
 
 #include <algorithm>
-#include <array>
+#include <optional>
 #include <utility>
 
 namespace quillmark {
 
 namespace {
 
-using namespace std::chrono_literals;
 using Kind = HostOutcome::Kind;
+using Operation = HostOperation::Kind;
 
-constexpr int LongestPoll = 1000; ///< In milliseconds; interrupt() ends a poll.
-constexpr std::chrono::milliseconds Goodbye = 2s;
-
-bool isTransfer(HostOperation::Kind kind) {
-    return kind == HostOperation::Kind::List || kind == HostOperation::Kind::ListFacts ||
-           kind == HostOperation::Kind::Retrieve;
-}
-
-/// Whether the command is what the task is about; others only prepare it.
-bool isOwn(std::string_view command) {
-    const std::string_view verb = command.substr(0, command.find_first_of(" \r"));
-    return verb == "RETR" || verb == "LIST" || verb == "MLSD" || verb == "DELE" || verb == "RMD" ||
-           verb == "TYPE";
-}
-
-/// Adds the handle to the multi handle; libcurl closes the connection of an operation that has not
-/// ended when it is taken out.
-class Membership {
-public:
-    Membership(CURLM* multi, CURL* easy) : multi_(multi), easy_(easy) {
-        curl_multi_add_handle(multi_, easy_);
-    }
-    ~Membership() { curl_multi_remove_handle(multi_, easy_); }
-    Membership(const Membership&) = delete;
-    Membership& operator=(const Membership&) = delete;
-
-private:
-    CURLM* multi_;
-    CURL* easy_;
-};
+constexpr int LongestPoll = 1000;                  ///< In milliseconds; interrupt() ends a poll.
+constexpr long NoLimit = 7L * 24 * 60 * 60 * 1000; ///< More milliseconds are too many for libcurl.
+constexpr std::chrono::milliseconds Goodbye{2000};
 
 } // namespace
 
-HostConnection::HostConnection(HostTasks& tasks, const FtpLogin& login, const std::string& url,
-                               const FtpTimeouts& timeouts)
-    : tasks_(tasks), login_(login), url_(url), timeouts_(timeouts), verifier_(login),
+HostConnection::HostConnection(HostTasks& tasks, const FtpLogin& login, const FtpTimeouts& timeouts)
+    : tasks_(tasks), login_(login), url_(hostUrl(login)), timeouts_(timeouts), verifier_(login),
       multi_(curl_multi_init()), easy_(curl_easy_init()) {
     CURL* const easy = easy_.get();
     curl_multi_setopt(multi_.get(), CURLMOPT_MAXCONNECTS, 1L);
@@ -60,12 +32,15 @@ HostConnection::HostConnection(HostTasks& tasks, const FtpLogin& login, const st
     curl_easy_setopt(easy, CURLOPT_DEBUGDATA, this);
     curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &HostConnection::receive);
     curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
+    tasks_.join(seat_);
     thread_ = std::thread([this] { work(); });
 }
 
 // libcurl says goodbye to a connection that still works, and would wait for the answer.
 HostConnection::~HostConnection() {
+    tasks_.close();
     thread_.join();
+    tasks_.leave(seat_);
     sockets_.shutDown();
 }
 
@@ -76,95 +51,113 @@ void HostConnection::interrupt() {
 }
 
 void HostConnection::work() {
-    while (const HostTasks::Handle task = tasks_.next(*this)) {
-        if (!perform(*task)) {
+    while (std::optional<HostOperation> operation = tasks_.next(seat_)) {
+        operation_ = std::move(*operation);
+        if (!tasks_.end(seat_, perform())) {
             return;
         }
     }
 }
 
-bool HostConnection::perform(HostTask& task) {
-    if (task.operation.kind == HostOperation::Kind::Goodbye) {
-        tasks_.end(task, sockets_.isAlive() ? attempt(task) : HostOutcome{Kind::Lost}, *this);
-        return false;
+HostOutcome HostConnection::perform() {
+    if (operation_.kind == Operation::Goodbye) {
+        return sockets_.isAlive() ? attempt() : HostOutcome{Kind::Lost};
     }
-    HostOutcome outcome = attempt(task);
-    if (tasks_.mayRetry(task, outcome, *this)) {
-        outcome = attempt(task);
+    HostOutcome outcome = attempt();
+    if (tasks_.mayRetry(seat_, outcome, !sockets_.openedAnew())) {
+        outcome = attempt();
         // SFTP answers to the reading of a directory, say, with an error that libcurl takes for one
         // of the connection.
         const bool isNew = outcome.kind == Kind::Lost && outcome.loggedIn && !interrupted_;
         outcome.kind = isSftp() && isNew ? Kind::Refused : outcome.kind;
     }
-    return tasks_.end(task, outcome, *this);
+    return outcome;
 }
 
-HostOutcome HostConnection::attempt(HostTask& task) {
+HostOutcome HostConnection::attempt() {
     exchange_ = {};
-    task_ = &task;
     sockets_.begin();
-    if (!tasks_.begin(task, *this)) {
-        return {Kind::Ended, {}, false, false};
+    if (!tasks_.begin(seat_)) {
+        return {Kind::Ended};
     }
-    setConnectLimit(easy_.get(), timeouts_.connect);
-    const CurlList commands = isSftp() ? setSftpOperation(easy_.get(), url_, task.operation)
-                                       : setOperation(easy_.get(), url_, task.operation);
+    curl_easy_setopt(easy_.get(), CURLOPT_CONNECTTIMEOUT_MS, long{timeouts_.connect.count()});
+    const CurlList commands = setOperation(easy_.get(), url_, login_.encryption, operation_);
     if (isSftp()) {
-        traceSftp(nullptr);
+        const std::string text(verbOf(operation_.kind).trace);
+        tasks_.tell(seat_, &HostNews::trace,
+                    operation_.path.empty() ? text : text + " " + operation_.path);
     }
-    const CURLcode code = drive();
-    HostOutcome outcome = isSftp() ? sftpOutcomeOf(code) : outcomeOf(code);
-    outcome.refused = verifier_.takeRefused();
-    noteCut(outcome);
+    HostOutcome outcome = outcomeOf(drive());
     if (isSftp()) {
-        traceSftp(&outcome);
+        tasks_.tell(seat_, &HostNews::trace, outcome.kind == Kind::Done ? "done" : outcome.reason);
     }
-    noteStranger();
-    if (outcome.kind == Kind::Lost || outcome.kind == Kind::Ended || exchange_.outOfStep) {
+    if (const std::string stranger = sockets_.takeStranger(); !stranger.empty()) {
+        tasks_.tell(seat_, &HostNews::notes,
+                    "Refused a connection from " + stranger + ", which is not the host");
+    }
+    const bool isOver =
+        outcome.kind == Kind::Lost || outcome.kind == Kind::Ended || exchange_.outOfStep;
+    if (isOver) {
         sockets_.giveUp();
-        curl_easy_setopt(easy_.get(), CURLOPT_FRESH_CONNECT, 1L);
-    } else {
-        curl_easy_setopt(easy_.get(), CURLOPT_FRESH_CONNECT, 0L);
+    }
+    curl_easy_setopt(easy_.get(), CURLOPT_FRESH_CONNECT, isOver ? 1L : 0L);
+    return outcome;
+}
+
+// libcurl closes the connection of an operation that has not ended when it is taken out.
+CURLcode HostConnection::drive() {
+    curl_multi_add_handle(multi_.get(), easy_.get());
+    int left = 0;
+    const CURLMsg* message = nullptr;
+    while (message == nullptr && !interrupted_) {
+        curl_multi_perform(multi_.get(), &left);
+        message = curl_multi_info_read(multi_.get(), &left);
+        if (message == nullptr) {
+            const int time = std::exchange(exchange_.hasWork, false) ? 0 : LongestPoll;
+            curl_multi_poll(multi_.get(), nullptr, 0, time, nullptr);
+        }
+    }
+    const CURLcode code = message == nullptr ? CURLE_OPERATION_TIMEDOUT : message->data.result;
+    curl_multi_remove_handle(multi_.get(), easy_.get());
+    return code;
+}
+
+HostOutcome HostConnection::outcomeOf(CURLcode code) {
+    curl_off_t sftpLogin = 0;
+    if (isSftp()) {
+        sockets_.established();
+        curl_easy_getinfo(easy_.get(), CURLINFO_APPCONNECT_TIME_T, &sftpLogin);
+    }
+    const bool loggedIn = exchange_.loggedIn || sftpLogin > 0 || !sockets_.openedAnew();
+    HostOutcome outcome = {kindOf(code, loggedIn), reasonOf(code), loggedIn,
+                           verifier_.takeRefused()};
+    if (outcome.kind == Kind::Done && isTls(login_.encryption) && !verifier_.ended() &&
+        verbOf(operation_.kind).isTransfer && !exchange_.own.negative()) {
+        outcome.kind = Kind::Broken; // TLS does not call it whole.
+        outcome.reason = operation_.path + " was cut short on the way";
+        tasks_.tell(seat_, &HostNews::notes, outcome.reason);
     }
     return outcome;
 }
 
-CURLcode HostConnection::drive() {
-    const Membership membership(multi_.get(), easy_.get());
-    while (!interrupted_) {
-        int left = 0;
-        curl_multi_perform(multi_.get(), &left);
-        if (const CURLMsg* const message = curl_multi_info_read(multi_.get(), &left)) {
-            return message->data.result;
-        }
-        const int time = std::exchange(exchange_.hasWork, false) ? 0 : LongestPoll;
-        curl_multi_poll(multi_.get(), nullptr, 0, time, nullptr);
-    }
-    return CURLE_OPERATION_TIMEDOUT;
-}
-
-HostOutcome HostConnection::outcomeOf(CURLcode code) {
-    const bool openedAnew = sockets_.openedAnew();
-    return {kindOf(code), reasonOf(code), openedAnew, exchange_.loggedIn || !openedAnew};
-}
-
 // A listing that libcurl takes for empty may have a negative reply ("450 No files found"), and a
-// host need not know its current directory to be logged in.
-Kind HostConnection::kindOf(CURLcode code) const {
-    const HostReply& own = exchange_.own;
+// host need not know its current directory to be logged in. Over SFTP libcurl tells by its code
+// what was refused; anything else may be the end of the connection.
+Kind HostConnection::kindOf(CURLcode code, bool loggedIn) const {
     if (exchange_.ended) {
         return Kind::Ended;
     }
-    if (interrupted_ || exchange_.senseless || exchange_.reply.isGoodbye()) {
+    if (interrupted_ || isEndless() || exchange_.reply.isGoodbye()) {
         return Kind::Lost;
     }
-    const HostOperation::Kind kind = task_->operation.kind;
-    const bool isCommand =
-        kind == HostOperation::Kind::Delete || kind == HostOperation::Kind::RemoveDirectory;
-    if (code == CURLE_OK && !(isCommand && own.negative())) {
+    const HostReply& own = exchange_.own;
+    if (code == CURLE_OK && (verbOf(operation_.kind).isTransfer || !own.negative())) {
         return Kind::Done;
     }
-    if (!own.negative()) {
+    const bool isRefusedBySftp = isSftp() && loggedIn &&
+                                 (code == CURLE_REMOTE_FILE_NOT_FOUND ||
+                                  code == CURLE_REMOTE_ACCESS_DENIED || code == CURLE_QUOTE_ERROR);
+    if (!own.negative() && !isRefusedBySftp) {
         return Kind::Lost;
     }
     return own.brokenTransfer() ? Kind::Broken : Kind::Refused;
@@ -174,58 +167,11 @@ std::string HostConnection::reasonOf(CURLcode code) const {
     if (interrupted_) {
         return curl_easy_strerror(CURLE_OPERATION_TIMEDOUT);
     }
-    if (exchange_.senseless) {
+    if (isEndless()) {
         return curl_easy_strerror(CURLE_WEIRD_SERVER_REPLY);
     }
     const HostReply& reply = exchange_.own.negative() ? exchange_.own : exchange_.reply;
     return reply.unsatisfied() ? reply.text : curl_easy_strerror(code);
-}
-
-// libcurl tells by its code what SFTP refused; anything else may be the end of the connection.
-HostOutcome HostConnection::sftpOutcomeOf(CURLcode code) {
-    sockets_.established();
-    const bool openedAnew = sockets_.openedAnew();
-    curl_off_t time = 0;
-    curl_easy_getinfo(easy_.get(), CURLINFO_APPCONNECT_TIME_T, &time);
-    const bool loggedIn = !openedAnew || time > 0;
-    if (exchange_.ended) {
-        return {Kind::Ended, {}, openedAnew, loggedIn};
-    }
-    const bool isRefused = code == CURLE_REMOTE_FILE_NOT_FOUND ||
-                           code == CURLE_REMOTE_ACCESS_DENIED || code == CURLE_QUOTE_ERROR;
-    const bool isLost = interrupted_ || !loggedIn || (code != CURLE_OK && !isRefused);
-    const Kind answered = code == CURLE_OK ? Kind::Done : Kind::Refused;
-    return {isLost ? Kind::Lost : answered, reasonOf(code), openedAnew, loggedIn};
-}
-
-/// SFTP has no lines of text: the trace gets one for what is asked and one for what came of it.
-void HostConnection::traceSftp(const HostOutcome* outcome) {
-    constexpr std::array<std::string_view, 7> Names = {"log in", "list",  "",    "get",
-                                                       "remove", "rmdir", "quit"};
-    const HostOperation& operation = task_->operation;
-    if (outcome == nullptr) {
-        std::string text(Names.at(static_cast<std::size_t>(operation.kind)));
-        tasks_.trace(*task_, operation.path.empty() ? text : text + " " + operation.path);
-    } else {
-        tasks_.trace(*task_, outcome->kind == Kind::Done ? "done" : outcome->reason);
-    }
-}
-
-/// Takes no transfer for whole that TLS does not call whole.
-void HostConnection::noteCut(HostOutcome& outcome) {
-    const HostOperation& operation = task_->operation;
-    if (isTls(login_.encryption) && outcome.kind == Kind::Done && isTransfer(operation.kind) &&
-        !exchange_.own.negative() && !verifier_.ended()) {
-        outcome.kind = Kind::Broken;
-        outcome.reason = operation.path + " was cut short on the way";
-        tasks_.note(*task_, outcome.reason);
-    }
-}
-
-void HostConnection::noteStranger() {
-    if (const std::string stranger = sockets_.takeStranger(); !stranger.empty()) {
-        tasks_.note(*task_, "Refused a connection from " + stranger + ", which is not the host");
-    }
 }
 
 // What libcurl hands out of a listing has other line ends; it shows the bytes here as they came.
@@ -234,7 +180,7 @@ int HostConnection::follow(CURL* /*easy*/, curl_infotype type, char* data, std::
     auto& connection = *static_cast<HostConnection*>(self);
     const std::string_view bytes(data, size);
     if (connection.isSftp()) {
-        connection.tasks_.giveTime(*connection.task_, connection.timeouts_.reply);
+        connection.tasks_.giveTime(connection.seat_, connection.timeouts_.reply);
     } else if (type == CURLINFO_HEADER_OUT) {
         connection.sent(bytes);
     } else if (type == CURLINFO_HEADER_IN) {
@@ -254,7 +200,7 @@ std::size_t HostConnection::receive(char* data, std::size_t size, std::size_t co
 }
 
 void HostConnection::keep(std::string_view bytes) {
-    exchange_.ended = exchange_.ended || !tasks_.keep(*task_, bytes);
+    exchange_.ended = exchange_.ended || !tasks_.keep(seat_, bytes);
 }
 
 // libcurl asks for the current directory as soon as it is logged in. When a host that refuses a
@@ -262,46 +208,37 @@ void HostConnection::keep(std::string_view bytes) {
 // takes the refusal for the answer.
 void HostConnection::sent(std::string_view command) {
     const bool isPassword = command.starts_with("PASS ");
-    tasks_.trace(*task_, isPassword ? "PASS" : withoutPassword(command, {}));
+    tasks_.tell(seat_, &HostNews::trace, isPassword ? "PASS" : withoutPassword(command, {}));
+    const std::string_view own = verbOf(operation_.kind).ftp;
+    const bool isOwn = !own.empty() && (command.starts_with(own) || command.starts_with("TYPE"));
     exchange_.outOfStep = exchange_.ownCommand && exchange_.reply.code == 0;
     exchange_.reply = {};
     exchange_.replySize = 0;
-    exchange_.commandSent = true;
-    exchange_.ownCommand = isOwn(command) || exchange_.outOfStep;
+    exchange_.ownCommand = isOwn || exchange_.outOfStep;
     exchange_.own = exchange_.ownCommand ? HostReply() : exchange_.own;
     exchange_.loggedIn = exchange_.loggedIn || command.starts_with("PWD");
     const bool isGoodbye = command.starts_with("QUIT");
-    tasks_.giveTime(*task_, isGoodbye ? std::min(timeouts_.reply, Goodbye) : timeouts_.reply);
+    tasks_.giveTime(seat_, isGoodbye ? std::min(timeouts_.reply, Goodbye) : timeouts_.reply);
 }
 
 void HostConnection::heard(std::string_view line) {
     const std::string text = withoutPassword(line, login_.password);
-    tasks_.trace(*task_, text);
-    if (!exchange_.commandSent) {
-        sockets_.established();
-        liftConnectLimit(easy_.get());
-    }
+    tasks_.tell(seat_, &HostNews::trace, text);
+    sockets_.established();
+    curl_easy_setopt(easy_.get(), CURLOPT_CONNECTTIMEOUT_MS, NoLimit); // It would go on.
     exchange_.replySize += line.size();
-    if (exchange_.replySize > LongestReply) {
-        exchange_.senseless = true;
+    if (isEndless()) {
         sockets_.shutDown();
     }
-    if (const int code = finalCode(line); code != 0) {
-        exchange_.reply = {code, text};
-        exchange_.own = exchange_.ownCommand ? exchange_.reply : exchange_.own;
-        giveTimeAfter(exchange_.reply);
+    const int code = finalCode(line);
+    if (code == 0) {
+        return;
     }
-}
-
-void HostConnection::giveTimeAfter(const HostReply& reply) {
-    if (reply.namesPort()) {
-        exchange_.hasWork = true; // To open the data connection.
-        tasks_.giveTime(*task_, timeouts_.connect);
-    } else if (reply.announcesTransfer()) {
-        tasks_.giveTime(*task_, timeouts_.transfer);
-    } else {
-        tasks_.giveTime(*task_, timeouts_.reply);
-    }
+    exchange_.reply = {code, text};
+    exchange_.own = exchange_.ownCommand ? exchange_.reply : exchange_.own;
+    exchange_.hasWork = exchange_.reply.namesPort(); // To open the data connection.
+    const auto time = exchange_.reply.announcesTransfer() ? timeouts_.transfer : timeouts_.reply;
+    tasks_.giveTime(seat_, exchange_.hasWork ? timeouts_.connect : time);
 }
 
 } // namespace quillmark

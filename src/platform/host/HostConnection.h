@@ -1,12 +1,11 @@
 #pragma once
 
 #include "platform/curl/CurlHandle.h"
-#include "platform/host/FtpTimeouts.h"
 #include "platform/host/HostReply.h"
 #include "platform/host/HostSockets.h"
 #include "platform/host/HostTasks.h"
 #include "platform/host/HostVerifier.h"
-#include "run/FtpComponent.h"
+#include "run/FtpLogin.h"
 
 #include <atomic>
 #include <cstddef>
@@ -24,29 +23,24 @@ public:
     /// A reply with more bytes in all its lines is given up; libcurl has room for little more.
     static constexpr std::size_t LongestReply = std::size_t{48} * 1024;
 
-    /// Everything outlives the connection.
-    HostConnection(HostTasks& tasks, const FtpLogin& login, const std::string& url,
-                   const FtpTimeouts& timeouts);
-    /// Waits for the end of its work: the tasks must be closed.
+    /// Everything outlives the connection. Throws a Failure when the host is none.
+    HostConnection(HostTasks& tasks, const FtpLogin& login, const FtpTimeouts& timeouts);
+    /// Closes the tasks, for all connections, and waits for the end of its own.
     ~HostConnection();
-    HostConnection(const HostConnection&) = delete;
-    HostConnection& operator=(const HostConnection&) = delete;
 
     /// Ends what it does at once. The tasks call this and rearm(), each under their lock.
     void interrupt();
     void rearm() { interrupted_ = false; }
 
 private:
-    /// What was said during one attempt at a task.
+    /// What was said during one attempt at an operation.
     struct Exchange {
         HostReply reply; ///< To the last command.
-        HostReply own;   ///< To the command that the task is about.
+        HostReply own;   ///< To the command that the operation is about.
         std::size_t replySize = 0;
-        bool commandSent = false;
-        bool ownCommand = false; ///< The last command was the one that the task is about.
+        bool ownCommand = false; ///< The last command was the one that the operation is about.
         bool loggedIn = false;
         bool outOfStep = false; ///< A command was sent before the one before it was answered.
-        bool senseless = false; ///< A reply without end.
         bool hasWork = false;   ///< libcurl has something to do that no socket tells of.
         bool ended = false;     ///< The bytes are not wanted.
     };
@@ -55,32 +49,29 @@ private:
     static std::size_t receive(char* data, std::size_t size, std::size_t count, void* self);
 
     void work();
-    bool perform(HostTask& task);
-    HostOutcome attempt(HostTask& task);
+    HostOutcome perform();
+    HostOutcome attempt();
     CURLcode drive();
     HostOutcome outcomeOf(CURLcode code);
-    HostOutcome::Kind kindOf(CURLcode code) const;
+    HostOutcome::Kind kindOf(CURLcode code, bool loggedIn) const;
     std::string reasonOf(CURLcode code) const;
-    HostOutcome sftpOutcomeOf(CURLcode code);
     bool isSftp() const { return login_.encryption == Encryption::Sftp; }
-    void traceSftp(const HostOutcome* outcome);
-    void noteCut(HostOutcome& outcome);
-    void noteStranger();
+    bool isEndless() const { return exchange_.replySize > LongestReply; }
     void keep(std::string_view bytes);
     void sent(std::string_view command);
     void heard(std::string_view line);
-    void giveTimeAfter(const HostReply& reply);
 
     HostTasks& tasks_;
     const FtpLogin& login_;
-    const std::string& url_;
+    const std::string url_;
     const FtpTimeouts& timeouts_;
     HostSockets sockets_;
     HostVerifier verifier_;
     CurlMulti multi_;
     CurlEasy easy_;
     std::atomic<bool> interrupted_ = false;
-    HostTask* task_ = nullptr;
+    HostTasks::Seat seat_{*this};
+    HostOperation operation_;
     Exchange exchange_;
     std::thread thread_;
 };

@@ -6,17 +6,29 @@
 
 namespace quillmark {
 
-/// 1020: a connection with the host that was lost and could not be had again.
-Failure hostConnectionLost(const std::string& reason);
-/// 1021: the host said no; `reply` is its own wording.
-Failure refusedByHost(const std::string& reply);
-/// 1022: a text that would be more than one command on its way to the host.
-Failure unsendableText();
-/// 1023: a host name or port that no connection can be made with.
-Failure notAHost(const std::string& detail);
-/// 1024: a deletion that may or may not have happened, since nobody waited for the answer.
-Failure stoppedByUser();
-/// 1026: TLS with data connections that the host opens; libcurl would wait for them in vain.
-Failure activeOverTls();
+/// A connection with the host that was lost and could not be had again.
+inline Failure hostConnectionLost(const std::string& reason) {
+    return {1020, "Connection to the host lost: " + reason};
+}
+/// The host said no; `reply` is its own wording.
+inline Failure refusedByHost(const std::string& reply) {
+    return {1021, "Refused by the host: " + reply};
+}
+/// A text that would be more than one command on its way to the host.
+inline Failure unsendableText() {
+    return {1022, "A text with a line break or a zero byte cannot be sent to the host"};
+}
+/// A host name or port that no connection can be made with.
+inline Failure notAHost(const std::string& detail) {
+    return {1023, "Not a host: " + detail};
+}
+/// A deletion that may or may not have happened, since nobody waited for the answer.
+inline Failure stoppedByUser() {
+    return {1024, "Stopped before the host answered"};
+}
+/// TLS with data connections that the host opens; libcurl would wait for them in vain.
+inline Failure activeOverTls() {
+    return {1026, "With TLS the host cannot open the data connections: leave PASV enabled"};
+}
 
 } // namespace quillmark

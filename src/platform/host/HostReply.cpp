@@ -1,6 +1,7 @@
 #include "platform/host/HostReply.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace quillmark {
 
@@ -16,7 +17,7 @@ bool isDigit(char byte) {
 }
 
 bool isLetterOrDigit(char byte) {
-    return isDigit(byte) || (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+    return std::isalnum(static_cast<unsigned char>(byte)) != 0;
 }
 
 bool isWord(std::string_view text, std::size_t at, std::size_t length) {

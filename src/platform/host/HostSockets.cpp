@@ -1,8 +1,6 @@
 #include "platform/host/HostSockets.h"
 
 #include <array>
-#include <optional>
-#include <utility>
 
 #include <netdb.h>
 #include <netinet/in.h>
@@ -35,31 +33,12 @@ void HostSockets::watch(CURL* easy) {
     curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, this);
 }
 
-std::string HostSockets::takeStranger() {
-    const std::lock_guard lock(mutex_);
-    return std::exchange(stranger_, {});
-}
-
-void HostSockets::begin() {
-    const std::lock_guard lock(mutex_);
-    openedAnew_ = control_ == None;
-}
-
-bool HostSockets::openedAnew() {
-    const std::lock_guard lock(mutex_);
-    return openedAnew_;
-}
-
 // By the time of the greeting libcurl has closed all of its attempts but one.
 void HostSockets::established() {
-    const std::lock_guard lock(mutex_);
-    if (control_ == None && !open_.empty()) {
-        control_ = open_.back();
-    }
+    control_ = control_ == None && !open_.empty() ? open_.back() : control_;
 }
 
-bool HostSockets::isAlive() {
-    const std::lock_guard lock(mutex_);
+bool HostSockets::isAlive() const {
     char byte = 0;
     return control_ != None && ::recv(control_, &byte, 1, MSG_PEEK | MSG_DONTWAIT) != 0;
 }
@@ -73,12 +52,20 @@ void HostSockets::shutDown() {
 
 void HostSockets::giveUp() {
     shutDown();
-    const std::lock_guard lock(mutex_);
     control_ = None;
 }
 
+// In active mode anybody can reach the port that waits for the host.
 int HostSockets::opened(void* sockets, curl_socket_t socket, curlsocktype purpose) {
-    return static_cast<HostSockets*>(sockets)->add(socket, purpose);
+    HostSockets& self = *static_cast<HostSockets*>(sockets);
+    const std::lock_guard lock(self.mutex_);
+    self.open_.push_back(socket);
+    self.openedAnew_ = self.openedAnew_ || self.control_ == None;
+    if (purpose == CURLSOCKTYPE_ACCEPT && peerOf(socket) != peerOf(self.control_)) {
+        self.stranger_ = peerOf(socket);
+        return CURL_SOCKOPT_ERROR;
+    }
+    return CURL_SOCKOPT_OK;
 }
 
 int HostSockets::closed(void* sockets, curl_socket_t socket) {
@@ -89,18 +76,6 @@ int HostSockets::closed(void* sockets, curl_socket_t socket) {
         self.control_ = None;
     }
     return ::close(socket);
-}
-
-// In active mode anybody can reach the port that waits for the host.
-int HostSockets::add(curl_socket_t socket, curlsocktype purpose) {
-    const std::lock_guard lock(mutex_);
-    open_.push_back(socket);
-    openedAnew_ = openedAnew_ || control_ == None;
-    if (purpose == CURLSOCKTYPE_ACCEPT && peerOf(socket) != peerOf(control_)) {
-        stranger_ = peerOf(socket);
-        return CURL_SOCKOPT_ERROR;
-    }
-    return CURL_SOCKOPT_OK;
 }
 
 } // namespace quillmark

@@ -3,6 +3,7 @@
 #include "platform/host/HostConnection.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace quillmark {
@@ -11,17 +12,26 @@ namespace {
 
 using Kind = HostOutcome::Kind;
 
-/// An operation may take this much longer for the bytes that came: 16 KiB a second.
-std::chrono::milliseconds timeFor(std::size_t bytes) {
-    return std::chrono::milliseconds(bytes / 16);
+/// So many bytes are worth waking the run for; fewer wait for the end of the task.
+constexpr std::size_t Portion = std::size_t{128} * 1024;
+
+HostTasks::Handle taskOf(HostOperation operation, bool asked = false) {
+    const auto task = std::make_shared<HostTask>();
+    task->operation = std::move(operation);
+    task->asked = asked;
+    return task;
+}
+
+void append(std::vector<std::string>& lines, std::vector<std::string>& more) {
+    std::move(more.begin(), more.end(), std::back_inserter(lines));
+    more.clear();
 }
 
 } // namespace
 
 void HostTasks::expect(HostOperation operation) {
     const Lock lock(mutex_);
-    expected_.push_back(std::make_shared<HostTask>());
-    expected_.back()->operation = std::move(operation);
+    expected_.push_back(taskOf(std::move(operation)));
     work_.notify_all();
 }
 
@@ -31,275 +41,236 @@ HostTasks::Handle HostTasks::ask(const HostOperation& operation) {
         return task->operation == operation;
     });
     if (found == expected_.end()) {
-        asked_ = std::make_shared<HostTask>();
-        asked_->operation = operation;
+        asked_ = taskOf(operation);
     } else {
         asked_ = *found;
-        std::for_each(expected_.begin(), found, [this](const Handle& task) { drop(*task); });
+        std::for_each(expected_.begin(), found, [this](const Handle& task) { drop(task.get()); });
         expected_.erase(expected_.begin(), found + 1);
-        kept_ -= asked_->news.bytes.size();
     }
     asked_->asked = true;
     work_.notify_all();
-    return asked_;
+    return {asked_.get(), [this](const HostTask* task) { cancel(task); }};
+}
+
+std::vector<HostTasks::Handle> HostTasks::askGoodbyes() {
+    const Lock lock(mutex_);
+    expected_.clear();
+    drop(nullptr);
+    work_.notify_all();
+    std::vector<Handle> goodbyes;
+    for (Seat* const seat : seats_) {
+        if (seat->loggedIn) {
+            seat->task = taskOf({HostOperation::Kind::Goodbye}, true);
+            goodbyes.push_back(seat->task);
+        }
+    }
+    return goodbyes;
 }
 
 HostNews HostTasks::waitForNews(HostTask& task, std::chrono::milliseconds slice) {
     Lock lock(mutex_);
-    news_.wait_for(lock, slice, [&task] {
-        return !task.news.bytes.empty() || !task.news.trace.empty() || !task.news.notes.empty() ||
-               task.news.outcome;
-    });
-    HostNews news = task.news;
-    task.news = {news.attempt, {}, {}, {}, news.outcome};
-    if (!news.bytes.empty()) {
-        work_.notify_all();
+    news_.wait_for(lock, slice,
+                   [&task] { return task.news.outcome || task.news.bytes.size() >= Portion; });
+    work_.notify_all();
+    HostNews news = std::exchange(task.news, HostNews{task.news.attempt});
+    if (news.outcome && news.outcome->kind != Kind::Lost) {
+        append(news.trace, refusal_.trace);
+        append(news.notes, refusal_.notes);
+    }
+    for (Seat* const seat : seats_) {
+        const bool isBegun = seat->task && seat->task->begun;
+        if (isBegun && Clock::now() >= std::min(seat->silentUntil, seat->endsAt)) {
+            seat->late = true;
+            seat->connection.interrupt();
+        }
     }
     return news;
 }
 
-void HostTasks::interruptLate() {
-    const Lock lock(mutex_);
-    const auto now = HostTask::Clock::now();
-    for (HostTask* task : running_) {
-        if (now >= std::min(task->silentUntil, task->endsAt)) {
-            task->late = true;
-            task->by->interrupt();
-        }
-    }
-}
-
-void HostTasks::cancel(HostTask& task) {
+void HostTasks::cancel(const HostTask* task) {
     const Lock lock(mutex_);
     drop(task);
     asked_ = nullptr;
-}
-
-void HostTasks::cancelAll() {
-    const Lock lock(mutex_);
-    cancelRest();
+    work_.notify_all();
 }
 
 void HostTasks::close() {
     const Lock lock(mutex_);
     closed_ = true;
-    cancelRest();
-}
-
-void HostTasks::cancelRest() {
-    expected_.clear();
-    goodbyes_.clear();
-    kept_ = 0;
-    asked_ = nullptr;
-    for (HostTask* task : running_) {
-        task->cancelled = true;
-        task->news.bytes.clear();
-        task->by->interrupt();
-    }
+    drop(nullptr);
     work_.notify_all();
 }
 
-std::vector<HostTasks::Handle> HostTasks::askGoodbyes() {
-    const Lock lock(mutex_);
-    cancelRest();
-    for (std::size_t i = 0; i < loggedIn_.size(); ++i) {
-        goodbyes_.push_back(std::make_shared<HostTask>());
-        goodbyes_.back()->operation.kind = HostOperation::Kind::Goodbye;
-        goodbyes_.back()->asked = true;
+/// Has nobody perform the task, or any task.
+void HostTasks::drop(const HostTask* task) {
+    for (Seat* const seat : seats_) {
+        if (seat->task && (task == nullptr || seat->task.get() == task)) {
+            seat->task = nullptr;
+            seat->loggedIn = false;
+            seat->connection.interrupt();
+        }
     }
-    return goodbyes_;
 }
 
-std::string HostTasks::takeRefusal() {
+void HostTasks::join(Seat& seat) {
     const Lock lock(mutex_);
-    if (refusal_.empty() || std::exchange(refusalTold_, true)) {
-        return {};
+    if (!seats_.empty()) {
+        seat.task = taskOf({HostOperation::Kind::LogIn});
     }
-    return refusal_;
+    seats_.push_back(&seat);
 }
 
-HostTasks::Handle HostTasks::next(const HostConnection& connection) {
+void HostTasks::leave(Seat& seat) {
+    const Lock lock(mutex_);
+    std::erase(seats_, &seat);
+}
+
+std::optional<HostOperation> HostTasks::next(Seat& seat) {
     Lock lock(mutex_);
-    for (;;) {
-        if (closed_) {
-            return nullptr;
+    while (!closed_ && !seat.task) {
+        seat.task = candidate();
+        if (!seat.task) {
+            work_.wait(lock);
         }
-        if (Handle task = candidate(connection)) {
-            task->begun = true;
-            return task;
-        }
-        work_.wait(lock);
     }
+    if (closed_) {
+        return std::nullopt;
+    }
+    seat.task->begun = true;
+    seat.silentUntil = seat.endsAt = Clock::time_point::max();
+    return seat.task->operation;
 }
 
-HostTasks::Handle HostTasks::candidate(const HostConnection& connection) {
-    if (!goodbyes_.empty() && loggedIn_.contains(&connection)) {
-        Handle goodbye = goodbyes_.back();
-        goodbyes_.pop_back();
-        return goodbye;
-    }
+HostTasks::Handle HostTasks::candidate() const {
     if (asked_ && !asked_->begun) {
         return asked_;
     }
-    if (kept_ >= MostAhead) {
-        return nullptr;
-    }
-    const auto end =
-        expected_.begin() + static_cast<std::ptrdiff_t>(std::min(expected_.size(), MostTasksAhead));
-    const auto found = std::find_if(expected_.begin(), end, [](const Handle& task) {
-        return !task->begun && !task->onlyWhenAsked;
-    });
-    return found == end ? nullptr : *found;
+    const auto last = expected_.begin() + std::min(std::ssize(expected_), MostTasksAhead);
+    const auto found =
+        std::find_if(expected_.begin(), last, [](const Handle& task) { return !task->begun; });
+    return found == last || bytesAhead() >= MostAhead ? nullptr : *found;
 }
 
-bool HostTasks::begin(HostTask& task, HostConnection& connection) {
+bool HostTasks::begin(Seat& seat) {
     const Lock lock(mutex_);
-    if (task.cancelled) {
+    if (!seat.task) {
         return false;
     }
-    empty(task);
-    ++task.news.attempt;
-    task.late = false;
-    task.gaveWay = false;
-    task.silentUntil = HostTask::Clock::now() + timeouts_.connect;
-    task.endsAt = HostTask::Clock::now() + timeouts_.operation;
-    if (std::exchange(task.by, &connection) == nullptr) {
-        running_.push_back(&task);
-    }
-    connection.rearm();
+    HostNews& news = seat.task->news;
+    news.bytes.clear();
+    ++news.attempt;
+    append(news.trace, seat.untold);
+    seat.late = false;
+    seat.silentUntil = Clock::now() + timeouts_.connect;
+    seat.endsAt = Clock::now() + timeouts_.operation;
+    seat.connection.rearm();
     return true;
 }
 
-void HostTasks::giveTime(HostTask& task, std::chrono::milliseconds time) {
+void HostTasks::giveTime(Seat& seat, std::chrono::milliseconds time) {
     const Lock lock(mutex_);
-    task.silentUntil = HostTask::Clock::now() + time;
+    seat.silentUntil = Clock::now() + time;
 }
 
-void HostTasks::trace(HostTask& task, std::string text) {
+void HostTasks::tell(Seat& seat, std::vector<std::string> HostNews::*lines, std::string text) {
     const Lock lock(mutex_);
-    task.news.trace.push_back(std::move(text));
-    if (task.asked) {
-        news_.notify_one();
+    if (seat.task) {
+        (seat.task->news.*lines).push_back(std::move(text));
     }
 }
 
-void HostTasks::note(HostTask& task, std::string text) {
-    const Lock lock(mutex_);
-    task.news.notes.push_back(std::move(text));
-}
-
-// While there is no room the host is not to blame for the silence.
-bool HostTasks::keep(HostTask& task, std::string_view bytes) {
+// While there is no room the host is not to blame for the silence. What is asked for may be what no
+// connection has begun, and all of them may wait for room: then one gives way to it.
+bool HostTasks::keep(Seat& seat, std::string_view bytes) {
     Lock lock(mutex_);
-    while (!task.cancelled && !mayKeep(task)) {
-        if (mustGiveWay(task)) {
-            task.gaveWay = true;
-            return false;
+    while (seat.task && !hasRoom(*seat.task)) {
+        if (mustGiveWay(*seat.task)) {
+            std::erase(expected_, seat.task);
+            drop(seat.task.get());
+            break;
         }
-        task.silentUntil = HostTask::Clock::time_point::max();
-        task.endsAt = HostTask::Clock::time_point::max();
+        seat.silentUntil = seat.endsAt = Clock::time_point::max();
         work_.wait(lock);
-        task.endsAt = HostTask::Clock::now() + timeouts_.operation;
+        seat.endsAt = Clock::now() + timeouts_.operation;
     }
-    if (task.cancelled) {
+    if (!seat.task) {
         return false;
     }
-    task.news.bytes += bytes;
-    task.silentUntil = HostTask::Clock::now() + timeouts_.transfer;
-    task.endsAt += timeFor(bytes.size());
-    if (task.asked) {
+    HostNews& news = seat.task->news;
+    news.bytes += bytes;
+    seat.silentUntil = Clock::now() + timeouts_.transfer;
+    seat.endsAt += std::chrono::milliseconds(bytes.size() / 16); // 16 KiB a second are enough.
+    if (seat.task->asked && news.bytes.size() >= Portion) {
         news_.notify_one();
-    } else {
-        kept_ += bytes.size();
     }
     return true;
 }
 
-bool HostTasks::mayKeep(const HostTask& task) const {
-    return task.asked ? task.news.bytes.size() < MostWaiting : kept_ < MostAhead;
-}
-
-// What is asked for may be what no connection has begun, and all of them may be waiting for room.
 bool HostTasks::mustGiveWay(const HostTask& task) const {
     return !task.asked && asked_ && !asked_->begun &&
-           std::none_of(running_.begin(), running_.end(),
-                        [](const HostTask* other) { return other->gaveWay; });
+           std::all_of(seats_.begin(), seats_.end(), [](const Seat* seat) { return seat->task; });
 }
 
-// With one connection, the first one after the login was there before.
-bool HostTasks::mayRetry(const HostTask& task, const HostOutcome& outcome,
-                         const HostConnection& connection) {
+bool HostTasks::hasRoom(const HostTask& task) const {
+    return task.asked ? task.news.bytes.size() < MostWaiting : bytesAhead() < MostAhead;
+}
+
+// Only the first tasks can have been begun.
+std::size_t HostTasks::bytesAhead() const {
+    std::size_t bytes = 0;
+    const auto last = expected_.begin() + std::min(std::ssize(expected_), MostTasksAhead);
+    std::for_each(expected_.begin(), last,
+                  [&bytes](const Handle& task) { bytes += task->news.bytes.size(); });
+    return bytes;
+}
+
+bool HostTasks::mayRetry(const Seat& seat, const HostOutcome& outcome, bool wasOpen) {
     const Lock lock(mutex_);
-    if (task.cancelled || task.gaveWay || (task.late && hasOthers(connection))) {
-        return false;
-    }
-    const bool wasOpen = !outcome.openedAnew || (outcome.loggedIn && hasOthers(connection));
-    return outcome.kind == Kind::Broken || (outcome.kind == Kind::Lost && wasOpen);
+    const bool isOver = !seat.task || (seat.late && hasOthers(seat));
+    return !isOver && (outcome.kind == Kind::Broken || (outcome.kind == Kind::Lost && wasOpen));
 }
 
-bool HostTasks::hasOthers(const HostConnection& connection) const {
-    return loggedIn_.size() > (loggedIn_.contains(&connection) ? 1U : 0U);
+bool HostTasks::hasOthers(const Seat& seat) const {
+    return std::any_of(seats_.begin(), seats_.end(),
+                       [&seat](const Seat* other) { return other != &seat && other->loggedIn; });
 }
 
-bool HostTasks::end(HostTask& task, const HostOutcome& outcome, const HostConnection& connection) {
+bool HostTasks::end(Seat& seat, const HostOutcome& outcome) {
     const Lock lock(mutex_);
-    std::erase(running_, &task);
-    task.by = nullptr;
-    const bool isGoodbye = task.operation.kind == HostOperation::Kind::Goodbye;
-    const bool isLost = outcome.kind == Kind::Lost && !isGoodbye;
-    if (task.cancelled || isLost || isGoodbye || outcome.kind == Kind::Ended) {
-        loggedIn_.erase(&connection);
-        settleGoodbyes();
-    } else {
-        loggedIn_.insert(&connection);
-    }
-    if (task.cancelled) {
+    const Handle task = std::exchange(seat.task, nullptr);
+    const bool isLost = outcome.kind == Kind::Lost;
+    seat.loggedIn = task && !isLost && outcome.kind != Kind::Ended;
+    if (!task) {
         return true;
     }
-    const bool isRefused = isLost && (task.late || !outcome.loggedIn) && !loggedIn_.empty();
-    if (isRefused && refusal_.empty()) {
-        refusal_ = outcome.reason;
+    const bool isGoodbye = task->operation.kind == HostOperation::Kind::Goodbye;
+    const bool isRefused =
+        isLost && !isGoodbye && (seat.late || !outcome.loggedIn) && hasOthers(seat);
+    if (isRefused) {
+        refuse(seat, *task, outcome.reason);
+    } else if (task->asked || !isLost) {
+        task->news.outcome = outcome;
+        news_.notify_one();
+    } else {
+        std::erase(expected_, task);
     }
-    if (isRefused || task.gaveWay || (isLost && !task.asked)) {
-        task.onlyWhenAsked = isLost && !isRefused;
-        giveBack(task);
-        return !isRefused;
+    if (!task->asked && (isLost || task->operation.kind == HostOperation::Kind::LogIn)) {
+        append(seat.untold, task->news.trace);
     }
-    task.news.outcome = outcome;
-    news_.notify_one();
-    return true;
+    return !isRefused && !isGoodbye;
 }
 
-// There may be nobody left to say goodbye to.
-void HostTasks::settleGoodbyes() {
-    if (loggedIn_.empty()) {
-        for (const Handle& goodbye : std::exchange(goodbyes_, {})) {
-            goodbye->news.outcome = HostOutcome{Kind::Lost, {}, false, false};
-        }
+/// Leaves the task to the others.
+void HostTasks::refuse(Seat& seat, HostTask& task, const std::string& reason) {
+    append(seat.untold, task.news.trace);
+    if (!std::exchange(isRefused_, true)) {
+        refusal_.trace = std::move(seat.untold);
+        refusal_.notes = {"A further connection failed (" + reason + "); going on with fewer"};
     }
-}
-
-void HostTasks::giveBack(HostTask& task) {
-    empty(task);
-    task.begun = false;
-    task.gaveWay = false;
-    work_.notify_all();
-}
-
-void HostTasks::drop(HostTask& task) {
-    task.cancelled = true;
-    empty(task);
-    if (task.by != nullptr) {
-        task.by->interrupt();
-    }
-    work_.notify_all();
-}
-
-void HostTasks::empty(HostTask& task) {
-    if (!task.asked) {
-        kept_ -= task.news.bytes.size();
-    }
+    std::erase(seats_, &seat);
     task.news.bytes.clear();
+    task.begun = false;
+    work_.notify_all();
 }
 
 } // namespace quillmark

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include <openssl/evp.h>
 #include <openssl/ssl.h>
@@ -19,31 +18,21 @@ struct BioDelete {
     void operator()(BIO* bio) const { BIO_free(bio); }
 };
 
-Sha256 hashOf(std::string_view bytes) {
-    Sha256 hash{};
-    EVP_Digest(bytes.data(), bytes.size(), hash.data(), nullptr, EVP_sha256(), nullptr);
-    return hash;
-}
-
-Sha256 hashOf(const X509& certificate) {
-    Sha256 hash{};
-    X509_digest(&certificate, EVP_sha256(), hash.data(), nullptr);
-    return hash;
-}
-
-/// The public blob of a key; libcurl hands those of known_hosts over as base64.
-std::string blobOf(const curl_khkey& key) {
-    if (key.len > 0) {
-        return {key.key, key.len};
+/// The fingerprint of a key, of which known_hosts has the public blob in base64.
+Sha256 hashOf(const curl_khkey& key) {
+    std::string blob(key.key, key.len);
+    if (key.len == 0) {
+        const std::string_view text(key.key);
+        const std::size_t padding = text.size() - (text.find_last_not_of('=') + 1);
+        blob.resize(text.size());
+        const int size = EVP_DecodeBlock(reinterpret_cast<unsigned char*>(blob.data()),
+                                         reinterpret_cast<const unsigned char*>(text.data()),
+                                         static_cast<int>(text.size()));
+        blob.resize(size < 0 ? 0 : static_cast<std::size_t>(size) - padding);
     }
-    const std::string_view text(key.key);
-    std::string blob(text.size(), '\0');
-    const int size = EVP_DecodeBlock(reinterpret_cast<unsigned char*>(blob.data()),
-                                     reinterpret_cast<const unsigned char*>(text.data()),
-                                     static_cast<int>(text.size()));
-    const std::size_t padding = text.size() - (text.find_last_not_of('=') + 1);
-    blob.resize(size < 0 ? 0 : static_cast<std::size_t>(size) - padding);
-    return blob;
+    Sha256 hash{};
+    EVP_Digest(blob.data(), blob.size(), hash.data(), nullptr, EVP_sha256(), nullptr);
+    return hash;
 }
 
 /// What OpenSSL prints of something.
@@ -53,10 +42,6 @@ template <typename Print> std::string printed(const Print& print) {
     char* text = nullptr;
     const long size = BIO_get_mem_data(bio.get(), &text);
     return {text, static_cast<std::size_t>(size)};
-}
-
-std::string dateOf(const ASN1_TIME* time) {
-    return printed([time](BIO* bio) { ASN1_TIME_print(bio, time); });
 }
 
 /// The names for which the certificate was made out: the alternative ones, else that of its
@@ -72,22 +57,6 @@ std::string namesOf(const X509& certificate) {
     });
 }
 
-/// Where a TLS context keeps its verifier.
-int verifierPlace() {
-    static const int place = SSL_CTX_get_ex_new_index(0, nullptr, nullptr, nullptr, nullptr);
-    return place;
-}
-
-std::string withoutBrackets(const std::string& host) {
-    return host.starts_with('[') && host.ends_with(']') ? host.substr(1, host.size() - 2) : host;
-}
-
-/// Where ssh keeps the keys of the hosts that its user knows.
-std::string knownHostsFile() {
-    const char* const home = std::getenv("HOME");
-    return std::string(home == nullptr ? "" : home) + "/.ssh/known_hosts";
-}
-
 } // namespace
 
 // The name is verified with the rest, so that what is trusted needs no right name either.
@@ -100,18 +69,16 @@ void HostVerifier::watch(CURL* easy) {
     }
     curl_easy_setopt(easy, CURLOPT_SSL_CTX_FUNCTION, &HostVerifier::prepareTls);
     curl_easy_setopt(easy, CURLOPT_SSL_CTX_DATA, this);
-    curl_easy_setopt(easy, CURLOPT_SSH_KNOWNHOSTS, knownHostsFile().c_str());
+    const char* const home = std::getenv("HOME");
+    const std::string known = std::string(home == nullptr ? "" : home) + "/.ssh/known_hosts";
+    curl_easy_setopt(easy, CURLOPT_SSH_KNOWNHOSTS, known.c_str());
     curl_easy_setopt(easy, CURLOPT_SSH_KEYFUNCTION, &HostVerifier::verifyKey);
     curl_easy_setopt(easy, CURLOPT_SSH_KEYDATA, this);
 }
 
-std::optional<HostIdentity> HostVerifier::takeRefused() {
-    return std::exchange(refused_, std::nullopt);
-}
-
 void HostVerifier::refuse(HostIdentity identity) {
     identity.host = login_.host + ":" + std::to_string(login_.port);
-    if (login_.trusted && !identity.knownSha256) {
+    if (!identity.knownSha256) {
         identity.knownSha256 = login_.trusted;
     }
     refused_ = std::move(identity);
@@ -120,7 +87,7 @@ void HostVerifier::refuse(HostIdentity identity) {
 CURLcode HostVerifier::prepareTls(CURL* /*easy*/, void* context, void* verifier) {
     auto* const tls = static_cast<SSL_CTX*>(context);
     static_cast<HostVerifier*>(verifier)->ended_ = false;
-    SSL_CTX_set_ex_data(tls, verifierPlace(), verifier);
+    SSL_CTX_set_app_data(tls, verifier);
     SSL_CTX_set_info_callback(tls, &HostVerifier::followTls);
     SSL_CTX_set_cert_verify_callback(tls, &HostVerifier::verifyCertificate, verifier);
     return CURLE_OK;
@@ -128,37 +95,36 @@ CURLcode HostVerifier::prepareTls(CURL* /*easy*/, void* context, void* verifier)
 
 void HostVerifier::followTls(const SSL* tls, int where, int value) {
     if (where == SSL_CB_READ_ALERT && (value & 0xff) == SSL_AD_CLOSE_NOTIFY) {
-        void* const verifier = SSL_CTX_get_ex_data(SSL_get_SSL_CTX(tls), verifierPlace());
-        static_cast<HostVerifier*>(verifier)->ended_ = true;
+        static_cast<HostVerifier*>(SSL_CTX_get_app_data(SSL_get_SSL_CTX(tls)))->ended_ = true;
     }
 }
 
 int HostVerifier::verifyCertificate(X509_STORE_CTX* chain, void* verifier) {
     auto& self = *static_cast<HostVerifier*>(verifier);
     const X509* const certificate = X509_STORE_CTX_get0_cert(chain);
-    if (certificate == nullptr) {
-        return 0;
-    }
-    const Sha256 hash = hashOf(*certificate);
-    const std::string host = withoutBrackets(self.login_.host);
+    HostIdentity identity;
+    X509_digest(certificate, EVP_sha256(), identity.sha256.data(), nullptr);
+    const std::string& named = self.login_.host;
+    const std::string host = named.starts_with('[') ? named.substr(1, named.size() - 2) : named;
     X509_VERIFY_PARAM* const wanted = X509_STORE_CTX_get0_param(chain);
     if (X509_VERIFY_PARAM_set1_ip_asc(wanted, host.c_str()) != 1) {
         X509_VERIFY_PARAM_set1_host(wanted, host.c_str(), 0);
     }
-    if (self.login_.trusted == hash) {
+    if (self.login_.trusted == identity.sha256) {
         X509_STORE_CTX_set_error(chain, X509_V_OK);
         return 1;
     }
     if (X509_verify_cert(chain) == 1) {
         return 1;
     }
-    HostIdentity identity;
     identity.kind = HostIdentity::Kind::Certificate;
     identity.reason = X509_verify_cert_error_string(X509_STORE_CTX_get_error(chain));
     identity.names = {namesOf(*certificate)};
-    identity.validFrom = dateOf(X509_get0_notBefore(certificate));
-    identity.validUntil = dateOf(X509_get0_notAfter(certificate));
-    identity.sha256 = hash;
+    const auto date = [](const ASN1_TIME* time) {
+        return printed([time](BIO* bio) { ASN1_TIME_print(bio, time); });
+    };
+    identity.validFrom = date(X509_get0_notBefore(certificate));
+    identity.validUntil = date(X509_get0_notAfter(certificate));
     self.refuse(std::move(identity));
     return 0;
 }
@@ -168,12 +134,12 @@ int HostVerifier::verifyKey(CURL* /*easy*/, const curl_khkey* known, const curl_
     auto& self = *static_cast<HostVerifier*>(verifier);
     HostIdentity identity;
     identity.kind = HostIdentity::Kind::Key;
-    identity.sha256 = hashOf(blobOf(*found));
+    identity.sha256 = hashOf(*found);
     if (match == CURLKHMATCH_OK || self.login_.trusted == identity.sha256) {
         return CURLKHSTAT_FINE;
     }
     if (match == CURLKHMATCH_MISMATCH && known != nullptr) {
-        identity.knownSha256 = hashOf(blobOf(*known));
+        identity.knownSha256 = hashOf(*known);
     }
     identity.reason =
         match == CURLKHMATCH_MISMATCH ? "the key has changed" : "the key is not known";

@@ -5,6 +5,7 @@
 #include "run/HostTrust.h"
 
 #include <optional>
+#include <utility>
 
 #include <openssl/ssl.h>
 
@@ -28,7 +29,7 @@ public:
     bool ended() const { return ended_; }
 
     /// Who was refused since the last call, if anybody was.
-    std::optional<HostIdentity> takeRefused();
+    std::optional<HostIdentity> takeRefused() { return std::exchange(refused_, std::nullopt); }
 
 private:
     static CURLcode prepareTls(CURL* easy, void* context, void* verifier);

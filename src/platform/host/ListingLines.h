@@ -19,18 +19,23 @@ public:
 
     void take(std::string_view bytes);
     /// The listing is complete: a last line without a line feed is a line too.
-    void finish();
+    void finish() {
+        if (!line_.empty()) {
+            deliver();
+        }
+    }
     /// The listing will be sent again from its start; lines that were handed over are not handed
     /// over a second time.
-    void restart();
+    void restart() {
+        line_.clear();
+        seen_ = 0;
+    }
 
 private:
-    void append(std::string_view bytes);
     void deliver();
 
     const FtpComponent::DirItem& item_;
     std::string line_;
-    bool begun_ = false;
     std::size_t seen_ = 0;
     std::size_t delivered_ = 0;
 };

@@ -147,11 +147,10 @@ struct Reader : FaultServer, Client {
     Lines names;
 };
 
-TEST(Ahead, OneConnectionDoesTheWorkOfThoseThatTheHostStalls) {
+TEST(Ahead, OneConnectionWorksWhileTheHostStallsTheOthers) {
     Reader reader("one-connection", 8, {4s, 4s, 4s});
-    for (const std::string& name : reader.names) {
-        EXPECT_TRUE(reader.retrieve(name)) << name;
-        EXPECT_EQ(reader.page(), SmallPage);
+    while (reader.messages.normals.empty()) {
+        ASSERT_TRUE(reader.retrieve("/page"));
     }
     EXPECT_EQ(
         reader.messages.normals,

@@ -280,7 +280,7 @@ TEST(FtpFaults, AHostThatSaysNoGoodbyeIsLeft) {
     Visit visit("no-goodbye");
     const auto begin = Clock::now();
     visit.ftp.disconnect();
-    EXPECT_LT(Clock::now() - begin, FtpTimeouts::Reply / 2) << "no reply is waited for";
+    EXPECT_LT(Clock::now() - begin, FtpTimeouts().reply / 2) << "no reply is waited for";
     EXPECT_FALSE(visit.ftp.connected());
     EXPECT_EQ(visit.messages.normals, Lines());
 }
