@@ -39,8 +39,8 @@ Failure diskFull();
 /// 1003: any other refusal of the local disk; `detail` is the system's own wording.
 Failure diskFailure(const std::string& detail);
 
-/// The failure that stands for an error of the local disk; `missing` is what a path that is not
-/// there means to the caller (fileNotFound() or pathNotFound()).
+/// Turns an error of the local disk into a Failure. `missing` is the one for a path that does not
+/// exist: fileNotFound() or pathNotFound().
 Failure failureFromError(const std::error_code& error, const Failure& missing);
 
 /// "An Error Has Occurred (Overflow(6))": the message that a failure inside a run leaves.

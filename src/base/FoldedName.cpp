@@ -2,7 +2,6 @@
 
 #include "base/UpperCase.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -17,6 +16,7 @@ struct FreeText {
     void operator()(utf8proc_uint8_t* text) const { std::free(text); } // NOLINT: utf8proc's malloc
 };
 
+/// Nothing if the name is not valid UTF-8.
 std::optional<std::string> mapped(std::string_view name, int options) {
     utf8proc_uint8_t* text = nullptr;
     const auto length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(name.data()),

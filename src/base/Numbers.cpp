@@ -35,6 +35,8 @@ double leadingNumber(std::string_view text) {
     double number = 0;
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number,
                                       std::chars_format::fixed);
+    // A number out of range is huge, or a fraction too close to 0. Only a huge one has a digit
+    // other than 0 before the point.
     if (read.ec == std::errc::result_out_of_range &&
         digits.find_first_not_of("0.") < digits.find('.')) {
         number = std::numeric_limits<double>::max();

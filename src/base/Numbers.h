@@ -15,8 +15,8 @@ double leadingNumber(std::string_view text);
 /// 32767.
 std::int16_t toInt16(double number);
 
-/// Rounds a size like toInt16(). A number too large gives 2147483647, so that no listing line can
-/// end a run.
+/// Rounds a size like toInt16(), but holds it between -2147483647 and 2147483647, so that no
+/// listing line can end a run.
 std::int32_t toInt32Held(double number);
 
 /// The number with leading zeros up to `digits` digits. A longer number keeps all its digits.

@@ -13,15 +13,16 @@
 
 namespace quillmark {
 
-/// Has tasks done by several threads and hands the results out in the order in which the tasks were
-/// added, whatever the order in which the threads end.
+/// Runs tasks on several threads and hands out their results in the order in which the tasks were
+/// added, whichever ends first.
 template <typename Task, typename Result> class OrderedQueue {
 public:
-    /// Does one task; the result may hold what an earlier task left in it.
+    /// Does one task. `result` may hold what an earlier task left there, so that its memory is used
+    /// again.
     using Work = std::function<void(const Task& task, Result& result)>;
 
-    /// `makeWork` gives each thread a Work of its own. `threads` counts the caller of take(), who
-    /// works while it waits.
+    /// Each thread gets its own Work from `makeWork`. `threads` counts the caller of take() too,
+    /// which works while it waits.
     OrderedQueue(const std::function<Work()>& makeWork, unsigned threads) : ownWork_(makeWork()) {
         for (unsigned i = 1; i < threads; ++i) {
             threads_.emplace_back([this, work = makeWork()] { workAside(work); });
@@ -40,6 +41,7 @@ public:
     OrderedQueue(const OrderedQueue&) = delete;
     OrderedQueue& operator=(const OrderedQueue&) = delete;
 
+    /// Adds a task behind all others; the next free thread begins it.
     void add(Task task) {
         auto slot = std::make_unique<Slot>();
         slot->task = std::move(task);
@@ -50,8 +52,9 @@ public:
         changed_.notify_one();
     }
 
-    /// The result of the task that was added first; there must be one. It may be changed, and holds
-    /// until the next call. Throws what its Work threw.
+    /// Waits for the result of the oldest task that was not taken yet; there must be one. The
+    /// caller may change the result, which stays valid until the next call. Throws what the Work
+    /// threw.
     Result& take() {
         std::unique_lock lock(mutex_);
         finishFirst(lock);
@@ -71,7 +74,7 @@ public:
     }
 
 private:
-    /// So many tasks are done ahead of the one that is taken next: their results stay in memory.
+    /// The most tasks that are begun and not yet taken: their results wait in memory.
     static constexpr std::size_t MostAhead = 64;
 
     struct Slot {
@@ -81,8 +84,8 @@ private:
         bool done = false;
     };
 
-    // A thread that only waited would be woken for each task, which costs as much as a small task
-    // itself.
+    // The caller works too: a thread that only waited would have to be woken for each task, which
+    // costs as much as a small task itself.
     void finishFirst(std::unique_lock<std::mutex>& lock) {
         while (!waiting_.front()->done) {
             if (Slot* slot = begin()) {
@@ -93,7 +96,7 @@ private:
         }
     }
 
-    /// The next task, or null if all are begun, or enough of them.
+    /// The next task to do; null if all have begun, or MostAhead have.
     Slot* begin() {
         if (begun_ == waiting_.size() || begun_ == MostAhead) {
             return nullptr;

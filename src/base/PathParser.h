@@ -6,9 +6,9 @@
 
 namespace quillmark {
 
-/// Splits a path in "/" form, "\" form or a mix of both into its parts. It only searches the text;
-/// nothing consults the file system. The parts are views of the text that was given, and hold as
-/// long as it does.
+/// Splits a path in "/" form, "\" form or a mix of both into its parts. It only searches the text
+/// and never looks at the disk. The parts are views of the text that was given, and are valid as
+/// long as it is.
 class PathParser {
 public:
     PathParser() = default;
@@ -25,10 +25,10 @@ public:
     std::size_t NameStart() const { return nameStart_; }
     /// Everything before the name, with the final separator.
     std::string_view Path() const { return spec_.substr(0, nameStart_ - 1); }
-    /// Everything from the name start on; empty when the path ends in a separator.
+    /// Everything from the name start on; empty if the path ends in a separator.
     std::string_view FileName() const { return spec_.substr(nameStart_ - 1); }
-    /// What follows the last "." of the whole path ("site.dir/readme" gives "dir/readme":
-    /// callers compare with known extensions, so that a stray match is harmless).
+    /// What follows the last "." of the whole path ("site.dir/readme" gives "dir/readme": callers
+    /// compare with known extensions, so a stray match is harmless). Empty without a ".".
     std::string_view Extension() const;
     /// The file name before its first "." ("a.b.html" gives "a").
     std::string_view BaseName() const;

@@ -15,8 +15,8 @@ std::string ToBackSlashes(std::string_view text);
 /// is named by this result followed by the file name.
 std::string WithTrailingBackslash(std::string_view folder);
 
-/// The depth of a "/" form directory: the number of its "/", the last character of the text not
-/// counted. "/www/docs/" gives 2, "/" gives 0. A directory in "\" form gives 0.
+/// The depth of a directory in "/" form: the number of "/" in it, its last character not counted.
+/// "/www/docs/" gives 2, "/" gives 0. A directory in "\" form gives 0.
 int StartLevel(std::string_view directory);
 
 } // namespace quillmark

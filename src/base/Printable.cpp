@@ -8,14 +8,15 @@ namespace quillmark {
 
 namespace {
 
-/// What stands at the beginning of a text: one character, or one byte that is none.
+/// The first character of a text, or its first byte if no character begins there.
 struct Sign {
     std::size_t bytes = 1;
     std::size_t columns = 0;
     bool isPrintable = false;
 };
 
-/// Characters that turn the direction of the text around them, so that it reads as another.
+/// Whether the character changes the direction of the text around it, which can make one name look
+/// like another.
 bool turnsText(utf8proc_int32_t codePoint) {
     return codePoint == 0x61C || codePoint == 0x200E || codePoint == 0x200F ||
            (codePoint >= 0x202A && codePoint <= 0x202E) ||
@@ -35,7 +36,7 @@ Sign firstSign(std::string_view text) {
             !isControl && !turnsText(codePoint)};
 }
 
-/// Most names have no other characters, and need no look at the tables of Unicode.
+/// Most names hold no other characters and need no look at the Unicode tables.
 bool isPlain(char c) {
     return c >= 0x20 && c < 0x7F;
 }

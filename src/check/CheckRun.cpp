@@ -40,7 +40,7 @@ RunOutcome CheckRun::HostHandler() {
     } catch (const Failure& failure) {
         return failedEnd(failure);
     } catch (const std::bad_alloc&) {
-        // What the run held is free again by now: there is room for the message.
+        // The run's memory is free again by now, so there is room for the message.
         return failedEnd({7, "Out of memory"});
     }
 }

@@ -21,12 +21,12 @@ class SiteCheck;
 /// program.
 class CheckRun {
 public:
-    /// `programFolder` is the program's own folder in "\" form. `site` is what checks with the web
-    /// rules fill: the lists stay empty then, until projectLists() fills them from it.
+    /// `programFolder` is the program's own folder in "\" form. Checks with the web rules fill
+    /// `site`: the lists then stay empty until projectLists() fills them from it.
     CheckRun(ResultLists& lists, SiteResults& site, RunState& state, const Settings& settings,
              Outside& outside, std::string_view programFolder);
 
-    /// What checks with the web rules are told beyond the settings, from the next run on.
+    /// Sets what checks with the web rules need beyond the settings, from the next run on.
     void setWebOptions(const web::WebOptions& options) { webOptions_ = options; }
 
     /// What Start does once the profile is chosen: clears the messages and runs. The start path

@@ -21,6 +21,8 @@ void ClassicCheck::perform() {
     }
 }
 
+/// Runs one pass under its title and returns how far it came. A pass after the end of the run does
+/// nothing, or what it always does to its end.
 PassProgress ClassicCheck::runPass(std::string_view title, const std::function<void()>& pass) {
     const bool runs = !aborted();
     parts_.context.outside.listener.InitializeThinking(title);
@@ -31,7 +33,7 @@ PassProgress ClassicCheck::runPass(std::string_view title, const std::function<v
     return aborted() ? PassProgress::Stopped : PassProgress::Done;
 }
 
-// The CGI pass runs after Stop, too: what it takes away would only be in the way of the reader.
+// The CGI pass runs even after Stop: what it removes would only clutter the results.
 void ClassicCheck::verify() {
     const Profile& profile = parts_.context.settings.profile;
     RunState& state = parts_.context.state;

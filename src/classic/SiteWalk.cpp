@@ -48,7 +48,8 @@ void SiteWalk::expectDirectories() {
     }
 }
 
-// Users set their depth by the sum of both levels, so a deep start directory leaves fewer levels.
+// The levels of both directories add up: users have chosen their depth by that sum, so a deep start
+// directory leaves fewer levels.
 bool SiteWalk::withinDepth(std::string_view directory) const {
     const int maximum = context_.settings.profile.MAX_LEVELS;
     return maximum == 0 || context_.state.startLevel + StartLevel(directory) < maximum;
@@ -60,7 +61,7 @@ void SiteWalk::scanStartFile() {
     const std::string directory(PathParser(startPath).Path());
     state.currentFile = state.localMode ? ToForwardSlashes(startPath) : startPath;
     state.currentDirectory = state.localMode ? ToForwardSlashes(directory) : directory;
-    references_.append(state.currentFile, "(base file)");
+    references_.append(state.currentFile, BaseFile);
     if (retrieval_.RetrieveFile(false) == PageRetrieval::NotInInventory) {
         context_.outside.messages.post("Unable to read start file");
         state.abort = true;

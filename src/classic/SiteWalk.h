@@ -20,11 +20,17 @@ public:
         : context_(context), limit_(limit), references_(references), inventory_(inventory),
           retrieval_(retrieval), scanner_(scanner) {}
 
-    /// Sees whether the host hands out the start file at all.
+    /// Tests whether the host hands out the start file at all; if not, the run aborts.
     void testStartFile();
+    /// Lists the directory of the start file.
     void listStartDirectory();
+    /// Lists every directory that was found, down to MAX_LEVELS, those found on the way too.
     void listDirectories();
+    /// Files the start file as the first reference and scans it. The run aborts if the inventory
+    /// does not hold it.
     void scanStartFile();
+    /// Scans every page that a reference leads to, those found on the way too. A reference to a
+    /// page that the inventory does not hold moves to the invalid ones.
     void scanReferencedPages();
 
 private:
@@ -41,8 +47,8 @@ private:
     HostInventory& inventory_;
     PageRetrieval& retrieval_;
     Scanner& scanner_;
-    int expectedDirectories_ = 0; ///< So many lines of the list were looked at for the host.
-    int expectedPages_ = 0;
+    int expectedDirectories_ = 0; ///< How many lines of DirectoryList the host was told of.
+    int expectedPages_ = 0;       ///< The same of ReferenceList.
 };
 
 } // namespace quillmark

@@ -22,8 +22,7 @@ constexpr std::array<KindTexts, FindingKinds> Kinds = {{
      "Spell the name as the file is spelled. Most web servers tell a.html and A.html apart."},
     {"other-form", FindingLevel::Error, "the name has another Unicode form",
      "Write the name with the bytes of the file's name. It looks the same and is spelled with "
-     "other "
-     "characters, which web servers tell apart."},
+     "other characters, which web servers tell apart."},
     {"extension-left-out", FindingLevel::Error, "the extension is left out",
      "Write the whole name of the file. If your server adds extensions, check with --clean-urls."},
     {"folder-without-index", FindingLevel::Note, "the folder has no index page",

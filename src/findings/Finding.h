@@ -20,16 +20,16 @@ enum class FindingKind : std::uint8_t {
     DanglingLink,
     // Of web addresses that were asked:
     AddressMissing, ///< 404, 410.
-    AddressRefused, ///< Another 4xx that is no matter of rights.
+    AddressRefused, ///< Another 4xx, unless it is about access rights.
     HostUnknown,
     HostRefuses, ///< Nobody listens.
     Insecure,    ///< TLS failed, or the certificate is not good.
     RedirectLoop,
-    RedirectNowhere, ///< To what is no web address.
+    RedirectNowhere, ///< To something other than a web address.
     Moved,           ///< 301, 308.
     Undetermined,    ///< The status tells of rights, haste or trouble, not of the page.
     TimedOut,
-    NoAnswer,      ///< The connection was lost, or what came is no HTTP.
+    NoAnswer,      ///< The connection was lost, or the answer is not HTTP.
     NotAsked,      ///< The time for all of them was over.
     PrivateAddress ///< In a private network, which must not be asked.
 };
@@ -68,8 +68,11 @@ struct Finding {
     /// The full path that it leads to, with "#" and the fragment where that is missing; empty where
     /// it leads to no path.
     std::string_view target;
-    std::string_view suggestion; ///< What was meant: a reference to write instead; may be empty.
-    std::uint16_t status = 0;    ///< What the web server answered; 0 where none did.
+    std::string_view suggestion; ///< A reference to write instead; may be empty.
+    std::uint16_t status = 0;    ///< The status that the web server answered; 0 without one.
+
+    /// The target, or what is written where it leads to no path.
+    std::string_view targetOrReference() const { return target.empty() ? reference : target; }
 };
 
 /// A reference that was not looked up.
@@ -89,7 +92,7 @@ std::string_view nameOf(IgnoredReason reason);
 std::string_view explanationOf(FindingKind kind);
 /// The same with the server's status: "the server has no such page (404)".
 std::string explanationOf(const Finding& finding);
-/// The level of a kind's findings but for exceptions.
+/// The level of findings of a kind, exceptions aside.
 FindingLevel usualLevelOf(FindingKind kind);
 /// What to do about it, in sentences: "Write the name of a file that is there, or ...".
 std::string_view helpOf(FindingKind kind);

@@ -8,8 +8,6 @@ namespace quillmark {
 
 namespace {
 
-constexpr int SizeDigits = 9;
-
 void projectInventory(const SiteResults& results, ResultLists& lists) {
     for (const std::string_view folder : results.folders) {
         lists.DirectoryList.AppendView(folder);
@@ -27,7 +25,7 @@ void projectReferences(const SiteResults& results, ResultLists& lists) {
         return;
     }
     lists.ReferenceList.AppendView(results.pagePath(0));
-    lists.ReferenceListFrom.AppendView("(base file)");
+    lists.ReferenceListFrom.AppendView(BaseFile);
     for (std::uint32_t page = 0; page < results.pages.size(); ++page) {
         const std::string_view from = results.pagePath(page);
         lists.GetFileList.AppendView(from);
@@ -44,8 +42,7 @@ void projectReferences(const SiteResults& results, ResultLists& lists) {
 void projectFindings(const SiteResults& results, ResultLists& lists) {
     for (const Finding& finding : results.findings) {
         if (finding.level == FindingLevel::Error) {
-            lists.InvalidReferences.AppendView(finding.target.empty() ? finding.reference
-                                                                      : finding.target);
+            lists.InvalidReferences.AppendView(finding.targetOrReference());
             lists.InvalidReferencesFrom.AppendView(results.pagePath(finding.at.page));
         }
     }

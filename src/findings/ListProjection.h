@@ -5,9 +5,9 @@
 
 namespace quillmark {
 
-/// Fills the result lists from the results of a check with the web rules, so that whatever shows or
-/// writes lists shows and writes those. There is no list maximum, every occurrence of a reference
-/// is a line, and Message is left. The lines are views into the results, which must outlive them.
+/// Fills the result lists from the results of a check with the web rules, so that all that shows or
+/// writes lists works for it too. There is no list maximum, every occurrence of a reference is a
+/// line, and Message is left alone. The lines are views into the results, which must outlive them.
 void projectLists(const SiteResults& results, ResultLists& lists);
 
 } // namespace quillmark

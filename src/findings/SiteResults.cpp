@@ -23,7 +23,7 @@ KindTotals countFindings(const std::vector<Finding>& findings, const std::vector
         const auto kind = static_cast<std::size_t>(finding.kind);
         KindTotal& total = totals.at(kind);
         ++(finding.level == FindingLevel::Error ? total.errors : total.notes);
-        targets.at(kind).insert(finding.target.empty() ? finding.reference : finding.target);
+        targets.at(kind).insert(finding.targetOrReference());
     }
     for (std::size_t kind = 0; kind < FindingKinds; ++kind) {
         totals.at(kind).targets = static_cast<std::uint32_t>(targets.at(kind).size());

@@ -40,7 +40,7 @@ struct AskedAddress {
     std::string_view address;           ///< Without a fragment.
     std::string_view leadsTo;           ///< Where its redirects ended; empty without any.
     std::uint16_t status = 0;           ///< The last answer's; 0 without one.
-    std::optional<FindingKind> verdict; ///< Nothing: it is sound.
+    std::optional<FindingKind> verdict; ///< nullopt: it is sound.
 };
 
 /// How many findings there are of a kind.
@@ -52,7 +52,7 @@ struct KindTotal {
 
 using KindTotals = std::array<KindTotal, FindingKinds>; ///< By kind.
 
-/// How many of these are errors.
+/// How many errors there are of all kinds.
 std::size_t totalErrors(const KindTotals& totals);
 
 /// All that a check with the web rules finds. Paths are full paths in "/" form, as bytes; every
@@ -62,7 +62,7 @@ struct SiteResults {
     std::string_view top; ///< The folder that is the top of the site, with its final "/".
     std::vector<std::string_view> folders; ///< Below the top, each with its final "/".
     std::vector<SiteFile> files;           ///< In the order of the walk.
-    /// What references lead to beyond the files: files reached through a folder that is a link,
+    /// What references lead to besides the files: files reached through a folder that is a link,
     /// folders without an index page, and what is not there.
     std::vector<std::string_view> otherTargets;
 
@@ -78,12 +78,12 @@ struct SiteResults {
 
     TextStore texts;
 
-    /// The full path of a target: that of files[target], or what follows the files.
+    /// The full path of a target: indices beyond the files are those of otherTargets.
     std::string_view path(std::uint32_t target) const {
         return target < files.size() ? files[target].path : otherTargets[target - files.size()];
     }
     std::string_view pagePath(std::uint32_t page) const { return path(pages[page].target); }
-    /// The same from the top of the site on.
+    /// The path from the top of the site on; a path outside it comes back as it is.
     std::string_view fromTop(std::string_view fullPath) const {
         return fullPath.starts_with(top) ? fullPath.substr(top.size()) : fullPath;
     }
@@ -91,7 +91,7 @@ struct SiteResults {
     std::size_t errors() const { return totalErrors(totals); }
 };
 
-/// The totals of the findings, but for those that `known` names by their index.
+/// The totals of the findings, without those whose index is true in `known`, which may be shorter.
 KindTotals countFindings(const std::vector<Finding>& findings, const std::vector<bool>& known = {});
 
 } // namespace quillmark

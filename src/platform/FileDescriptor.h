@@ -13,7 +13,7 @@ namespace quillmark {
 /// An open file of the operating system, or none. Closes it at the end of the scope.
 class FileDescriptor {
 public:
-    /// Takes what open() gave, -1 included.
+    /// Takes what open() returned, which may be -1.
     explicit FileDescriptor(int number) : number_(number) {}
     FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
     FileDescriptor(const FileDescriptor&) = delete;

@@ -21,7 +21,7 @@ std::optional<fs::path> environmentPath(const char* name) {
     return fs::path(value);
 }
 
-/// A program in a folder "bin" is installed: root may write there, and should not.
+/// A program in a folder "bin" is an installed one: root can write there, but should not.
 std::optional<fs::path> executableFolder() {
     std::error_code error;
     const fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();

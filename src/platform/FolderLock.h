@@ -6,14 +6,14 @@
 
 namespace quillmark {
 
-/// Keeps a program's own folder for one program at a time: two checks would overwrite each other's
-/// working copy and so report each other's pages. The kernel ends the lock when the program
-/// crashes.
+/// Lets one program at a time use a program folder: two checks would overwrite each other's working
+/// copy and report each other's pages. The kernel ends the lock even if the program crashes.
 class FolderLock {
 public:
+    /// Tries to lock the folder, a path in the machine's own form; never waits.
     explicit FolderLock(const std::filesystem::path& folder);
 
-    /// Whether the folder is ours now.
+    /// Whether the folder is ours.
     bool held() const { return held_; }
 
 private:

@@ -19,14 +19,15 @@ namespace {
 
 constexpr char GiveUp = '\x03';
 
-/// Keeps the terminal from showing what is typed, and has it hand over Ctrl-C as a character: a
-/// program that Ctrl-C ends here would leave the user's terminal silent.
+/// Stops the terminal from showing what is typed, and turns Ctrl-C into a character: a program that
+/// Ctrl-C ended here would leave the user's terminal silent.
 class SilentTerminal {
 public:
     explicit SilentTerminal(int terminal) : terminal_(terminal) {
         tcgetattr(terminal_, &before_);
         termios silent = before_;
         silent.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
+        // The terminal hands over a line at Enter only, unless this character ends one too.
         silent.c_cc[VEOL] = static_cast<cc_t>(GiveUp);
         tcsetattr(terminal_, TCSAFLUSH, &silent);
     }
@@ -45,7 +46,7 @@ void say(int terminal, std::string_view text) {
     }
 }
 
-/// Holds back the signals that would end the program while its terminal is silent. What came
+/// Holds back the signals that would end the program while its terminal is silent. One that came
 /// meanwhile takes effect at the end of the scope.
 class HeldSignals {
 public:
@@ -75,7 +76,7 @@ bool waitForText(int terminal, int signals) {
     return waited[1].revents == 0;
 }
 
-/// The typed line. None if the input ends within it, if the user gives up, and if a signal comes.
+/// The typed line; nullopt if the input ends within it, the user gives up or a signal comes.
 std::optional<std::string> readLine(int terminal, int signals) {
     std::string line;
     char c = 0;

@@ -22,7 +22,7 @@ std::string nameFor(pid_t process, int attempt) {
            std::string(Extension);
 }
 
-/// Whether a temporary file of this name belongs to a program that does not run any more.
+/// Whether this is the name of a temporary file whose program no longer runs.
 bool isAbandoned(const std::string& name) {
     if (!name.starts_with(Prefix) || !name.ends_with(Extension)) {
         return false;
@@ -34,8 +34,8 @@ bool isAbandoned(const std::string& name) {
     return isOurs && process > 0 && ::kill(process, 0) != 0 && errno == ESRCH;
 }
 
-/// Makes a new name outlast a power cut. A file system that cannot is no failure: the file is
-/// complete.
+/// Makes a new name survive a power cut. If the file system cannot do that, nothing fails: the file
+/// is complete.
 void flushFolder(const std::filesystem::path& folder) {
     const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (opened.isOpen()) {
@@ -111,7 +111,7 @@ void deleteIfThere(const std::filesystem::path& file) {
     if (::unlink(file.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR || errno == EISDIR) {
         return;
     }
-    throw failureFromError(lastSystemError(), fileNotFound());
+    throwLastError();
 }
 
 } // namespace quillmark

@@ -7,8 +7,8 @@ class EventLoop {
 public:
     virtual ~EventLoop() = default;
 
-    /// Lets waiting events run, the Stop button's above all. Called far more often than is worth
-    /// it: the implementation decides by the clock when to do something.
+    /// Lets waiting events run, the Stop button's above all. A run calls it far more often than
+    /// needed; the implementation decides by the clock when to act.
     virtual void DoEvents() = 0;
 };
 

@@ -7,26 +7,27 @@
 
 namespace quillmark {
 
-/// The conversation with one web host. Paths are host paths, "/" form, as the bytes that the host
-/// or a page gave. A connection that is lost, and stays lost after one attempt to log in anew, is a
-/// Failure. Once Stop is pressed a waiting operation returns soon, with what it has; a full list
-/// lets a listing come to its end.
+/// The conversation with one web host. Paths are host paths in "/" form, byte for byte as the host
+/// or a page gave them. An operation throws a Failure if the connection is lost and one new login
+/// does not bring it back. After Stop a waiting operation returns soon, with what it has; a listing
+/// that fills a list is still read to its end.
 class FtpComponent {
 public:
+    /// Takes one line of a listing, without its line end.
     using DirItem = std::function<void(std::string_view line)>;
 
     virtual ~FtpComponent() = default;
 
-    /// Connects and logs in, ready for binary transfers in stream mode. What went wrong shows in
-    /// connected() afterwards.
+    /// Connects and logs in, ready for binary transfers in stream mode. If that fails, connected()
+    /// is false afterwards.
     virtual void connect(const FtpLogin& login) = 0;
     /// Whether the connection state is 1, connected.
     virtual bool connected() const = 0;
-    /// Never fails.
+    /// Logs out and closes the connection, if there is one. Never fails.
     virtual void disconnect() = 0;
 
-    /// Tell what will be listed or retrieved next but for what was told before, so that it can be
-    /// had ahead. What is asked for in another order is had all the same.
+    /// Announces what will be listed or retrieved after all that was announced before, so that it
+    /// can be fetched ahead. Asking in another order works too.
     virtual void expectListing(std::string_view /*directory*/) {}
     virtual void expectFile(std::string_view /*remoteFile*/) {}
 
@@ -36,13 +37,13 @@ public:
     /// The same for the directory that the host calls the current one.
     virtual void listWorkingDirectory(const DirItem& item) = 0;
 
-    /// Lists a directory, the current one if it is empty, by facts (MLSD, RFC 3659): such lines
-    /// tell what an entry is, its size and its name apart. False, with nothing listed, where the
-    /// host has no such listing.
+    /// Lists a directory, or the current one for an empty text, by facts (MLSD, RFC 3659): each
+    /// line gives the type, the size and the name of an entry as separate fields. False, with
+    /// nothing listed, if the host has no such listing.
     virtual bool listFacts(std::string_view directory, const DirItem& item) = 0;
 
-    /// Retrieves a file into a local one ("\" form). False when the host refuses the transfer;
-    /// there is no local file then.
+    /// Retrieves a file into a local one ("\" form). False if the host refuses the transfer; there
+    /// is no local file then.
     virtual bool retrieve(std::string_view remoteFile, std::string_view localFile) = 0;
 
     /// Deletes a file of the host. Throws a Failure when the host refuses, and when the work is

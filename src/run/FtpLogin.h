@@ -19,13 +19,13 @@ struct FtpLogin {
     std::string account = {};
     Encryption encryption = Encryption::None;
     int connections = 1;                ///< At most this many at a time.
-    std::optional<Sha256> trusted = {}; ///< The certificate or key that needs nobody else's word.
+    std::optional<Sha256> trusted = {}; ///< The certificate or key that the user trusts.
     std::string keyFile = {}; ///< Of SSH, in the machine's own form; empty: agent or password.
     std::string keyPassphrase = {};
 };
 
 /// The login of a profile. With a key file the profile's password is the passphrase of that file,
-/// and no password is sent to anybody.
+/// and is never sent.
 FtpLogin loginOf(const Profile& profile);
 
 } // namespace quillmark

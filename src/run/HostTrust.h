@@ -8,7 +8,7 @@
 
 namespace quillmark {
 
-/// How a web host proves who it is, and why that is not enough.
+/// What a web host showed to prove who it is, and why that was refused.
 struct HostIdentity {
     enum class Kind {
         Certificate, ///< Of TLS.
@@ -18,13 +18,14 @@ struct HostIdentity {
     Kind kind = Kind::Certificate;
     std::string host;               ///< As the user named it, and the port.
     std::string reason;             ///< "self-signed certificate"
-    std::vector<std::string> names; ///< For which a certificate was made out.
+    std::vector<std::string> names; ///< That a certificate was issued for.
     std::string validFrom;          ///< Of a certificate, as its library prints dates.
     std::string validUntil;
     Sha256 sha256{};
-    std::optional<Sha256> knownSha256; ///< Of another one that this host was known by.
+    std::optional<Sha256> knownSha256; ///< Of the one that this host had before.
 
-    /// Whether somebody else may sit between: the host had another key. Nobody is asked then.
+    /// Whether the host had another key before. Somebody else may answer in its place, so the user
+    /// is not offered to trust it.
     bool keyChanged() const { return kind == Kind::Key && knownSha256.has_value(); }
     /// A hash of this kind as the user's other tools print it.
     std::string printed(const Sha256& hash) const {
@@ -32,13 +33,13 @@ struct HostIdentity {
     }
 };
 
-/// Asks somebody who can tell.
+/// Asks the user whether a host may be trusted.
 class HostTrust {
 public:
     virtual ~HostTrust() = default;
 
-    /// Whether the host may be trusted although its identity was refused, from now on. Asked at
-    /// most once a run, on the run's thread, and may take minutes. A key that changed is shown and
+    /// Whether to trust the host from now on although its identity was refused. Called at most once
+    /// a run, on the run's thread; the answer may take minutes. A key that changed is only shown,
     /// never trusted.
     virtual bool trusts(const HostIdentity& identity) = 0;
 };

@@ -14,7 +14,7 @@ class ListLimit {
 public:
     ListLimit(Messages& messages, RunState& state) : messages_(messages), state_(state) {}
 
-    /// To be called after an append: ends the run when the list holds the maximum. `name` is the
+    /// To be called after an append: ends the run if the list holds the maximum. `name` is the
     /// list's display name.
     void apply(const ResultList& list, std::string_view name);
     /// Appends the line and applies the maximum.

@@ -23,12 +23,12 @@ public:
     /// Throws a Failure when the folder cannot be read.
     virtual FolderListing list(std::string_view folder) = 0;
 
-    /// Copies a file in whole blocks of 1,025 bytes, the last one filled up with zero bytes. When
-    /// the source has no such spelling on the disk, a name that differs in the case of ASCII
-    /// letters is taken for it, component by component. The target is whole at any moment: the
-    /// earlier file or the copy. `goOn` is asked between one part of a long file and the next;
-    /// false gives the copy up. Returns 0, or 1 when opening, reading or writing failed or the copy
-    /// was given up. Throws a Failure when an earlier file cannot be deleted.
+    /// Copies a file in whole blocks of 1,025 bytes, the last one filled up with zero bytes. If the
+    /// disk has no such spelling of the source, one that differs in the case of ASCII letters is
+    /// taken, component by component. The target is whole at any moment: the earlier file or the
+    /// copy. `goOn` is called between the parts of a long file; false gives up the copy. Returns 0,
+    /// or 1 if opening, reading or writing failed or the copy was given up. Throws a Failure if an
+    /// earlier file cannot be deleted.
     virtual int CopyFileBinary(std::string_view source, std::string_view target,
                                const std::function<bool()>& goOn) = 0;
 
@@ -42,11 +42,11 @@ public:
 
     /// Moves a file to a path in the machine's own form, over an existing file too. The original is
     /// deleted only when the copy is complete and was read back, so that nothing is lost whatever
-    /// fails. Throws a Failure, the original untouched, when that is not possible, and when both
+    /// fails. Throws a Failure and leaves the original as it is if that is not possible, or if both
     /// names are the same file.
     virtual void moveFile(std::string_view source, const std::filesystem::path& target) = 0;
 
-    /// Gives up what was kept from one copy of a run for the next one.
+    /// Forgets what one copy kept for the next ones of the same run.
     virtual void endRun() = 0;
 };
 

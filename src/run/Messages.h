@@ -15,8 +15,7 @@ public:
     /// written.
     virtual void MessageHandler(bool debug, std::string_view text) = 0;
 
-    /// Whether a debug message would go anywhere; what is known to be dropped is not even put
-    /// together.
+    /// Whether a debug message would go anywhere. If not, it is not even put together.
     virtual bool wantsDebug() const = 0;
 
     /// Posts a normal message made of the parts.

@@ -10,7 +10,7 @@
 
 namespace quillmark {
 
-/// Everything outside of a run that it talks to.
+/// Everything outside a run that the run talks to.
 struct Outside {
     Messages& messages;
     LocalDisk& disk;

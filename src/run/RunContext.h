@@ -26,9 +26,9 @@ struct RunContext {
                                                       : NameComparison::Exact;
     }
 
-    /// Whether the user wants the run to end in the middle of a page. A full list does not: the
-    /// page that fills it is read to its end. Lets waiting events run on a local site, where
-    /// nothing else does so during a page.
+    /// Whether the user wants the run to end in the middle of a page. A full list does not end it
+    /// there: the page that fills a list is read to its end. On a local site this lets waiting
+    /// events run, which nothing else does during a page.
     bool stopRequested() const {
         if (state.localMode) {
             outside.events.DoEvents();

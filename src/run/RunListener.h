@@ -6,8 +6,8 @@
 
 namespace quillmark {
 
-/// What a run tells the program that it was started from, beside its messages and how far it has
-/// come. A program without windows and sounds leaves the rest as it is here.
+/// What a run tells the program that started it, besides messages and progress. A program without
+/// windows and sounds overrides none of it.
 class RunListener : public Progress {
 public:
     /// Disables what must not be touched during a run and empties the results view and the trace.

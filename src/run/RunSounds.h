@@ -7,8 +7,8 @@
 
 namespace quillmark {
 
-/// The sounds at the start, the end and the failure of a run. Each event alternates between two for
-/// the life of the program, and only while sounds are switched on.
+/// The sounds at the start, the end and the failure of a run. Each event alternates between two
+/// sounds for the life of the program, and only while sounds are switched on.
 class RunSounds {
 public:
     RunSounds(RunListener& listener, const Configuration& configuration)

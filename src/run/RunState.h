@@ -15,7 +15,7 @@ enum class PassProgress {
     Done
 };
 
-/// What a run could not make sense of: a result that rests on little must not pass for a sound
+/// How much a run could not read. A clean result that rests on little must not pass for a sound
 /// site.
 struct ReadingFigures {
     int pagesCutShort = 0;         ///< Pages whose end was not read and may hold references.
@@ -24,7 +24,7 @@ struct ReadingFigures {
     int secureAddresses = 0;       ///< References to "https:" that were taken for files.
 };
 
-/// What the parts of a run share while it lasts, and the window reads afterwards.
+/// What the parts of a run share while it lasts, and what the window reads afterwards.
 struct RunState {
     bool abort = false;     ///< Set by Stop, by a full list and by failures; ends every loop.
     bool stopped = false;   ///< Set by Stop: ends the page that is being read, too.

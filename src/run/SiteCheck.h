@@ -8,7 +8,7 @@ class SiteCheck {
 public:
     virtual ~SiteCheck() = default;
 
-    /// Everything from the inventory to the duplicate files; the host, if there is one, is
+    /// Everything from the inventory to the duplicate files; the host, if there is one, is already
     /// connected. Throws a Failure that ends the run.
     virtual void perform() = 0;
     /// Adds up the sizes of all files and of the unused ones, into the run's state.

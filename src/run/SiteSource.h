@@ -14,25 +14,25 @@ struct SiteEntry {
     std::string name;
     Kind kind = Kind::File;
     std::uint64_t size = 0; ///< Of a file, in bytes.
-    std::string leadsTo;    ///< What a link holds: a path from the link's folder on, or a full one.
+    std::string leadsTo;    ///< The path in a link: from the link's folder on, or a full one.
 };
 
-/// A site as it lies there, hidden names and symbolic links included. Paths are full paths in "/"
-/// form, as bytes; a folder ends in "/".
+/// The folders and files of a site as they are, hidden names and symbolic links included. Paths are
+/// full paths in "/" form, as bytes; a folder ends in "/".
 class SiteSource {
 public:
     virtual ~SiteSource() = default;
 
-    /// Tell what will be listed or read next but for what was told before, so that a source that is
-    /// far away can have it ahead.
+    /// Announces what will be listed or read after all that was announced before, so that a source
+    /// that is far away can fetch it ahead.
     virtual void expectListing(const std::string& /*folder*/) {}
     virtual void expectRead(const std::string& /*file*/) {}
 
     /// The names in a folder, in any order. Throws a Failure when it cannot be listed.
     virtual std::vector<SiteEntry> list(const std::string& folder) = 0;
 
-    /// The bytes of a file, through links, in a buffer that grows to hold them. Throws a Failure
-    /// when it cannot be read, and for what is no plain file.
+    /// The bytes of a file, through links, in a buffer that grows to hold them. Throws a Failure if
+    /// it cannot be read or is not a plain file.
     virtual std::string_view read(const std::string& file, std::string& buffer) = 0;
 
     /// Up to a mebibyte of a file from `offset` on, empty at its end. Throws a Failure as read()
@@ -40,8 +40,8 @@ public:
     virtual std::string_view readBlock(const std::string& file, std::uint64_t offset,
                                        std::string& buffer) = 0;
 
-    /// Whether a file or folder answers under this path, through links; true where that cannot be
-    /// told without fetching it.
+    /// Whether there is a file or folder at this path, through links; true where only fetching it
+    /// could tell.
     virtual bool answers(const std::string& path) = 0;
 
     /// Whether several threads may read and ask at once.

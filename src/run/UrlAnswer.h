@@ -9,19 +9,19 @@ namespace quillmark {
 /// Why an address gave no whole answer.
 enum class UrlFailure : std::uint8_t {
     None,
-    NoAddress,        ///< It is no address of http or https.
+    NoAddress,        ///< Not an address of http or https.
     UnknownName,      ///< Its host has no entry in the name system.
     Refused,          ///< Nobody listens there.
     Untrusted,        ///< No secure connection, or a certificate that is not good.
-    PrivateNetwork,   ///< It leads into a network that must not be asked.
-    EndlessRedirects, ///< It is sent on more often than browsers follow.
-    RedirectNowhere,  ///< It is sent on to what is no address of http or https.
+    PrivateNetwork,   ///< It leads into a network that must not be reached.
+    EndlessRedirects, ///< More redirects than browsers follow.
+    RedirectNowhere,  ///< A redirect to something other than http or https.
     TimedOut,
-    Broken,  ///< The connection was lost, or what came is no HTTP.
+    Broken,  ///< The connection was lost, or the answer is not HTTP.
     NotAsked ///< The time for all addresses was over, or the run is being aborted.
 };
 
-/// Where a server sent the asker on to.
+/// One redirect on the way to an answer.
 struct Redirect {
     int status = 0;
     std::string to; ///< Absolute.

@@ -20,12 +20,13 @@ public:
     virtual void begin() = 0;
     /// Takes the next bytes, decoded; returns whether more are wanted.
     virtual bool take(std::string_view bytes) = 0;
-    /// That was all of it, or as much as is ever read. `contentType` is as the server sent it.
+    /// The body is complete, or as much of it as is ever read. `contentType` is as the server sent
+    /// it.
     virtual void end(std::string_view /*contentType*/) {}
 };
 
-/// An address that is to be asked, and what reads its answer: null, nobody. The reader outlives the
-/// fetch.
+/// An address to request, and what reads the body of its answer (null: nobody). The reader must
+/// outlive the fetch.
 struct UrlRequest {
     std::string url;
     BodyReader* reader = nullptr;
@@ -37,10 +38,10 @@ struct HeaderRule {
     std::string line;   ///< "Name: value".
 };
 
-/// How servers are asked.
+/// How servers are asked, and how hard.
 struct FetchManners {
     std::size_t toOneHost = 8; ///< Requests at once to one host name, whatever the port.
-    bool headFirst = false; ///< Asks without the body, and with it only where that proves nothing.
+    bool headFirst = false;    ///< Sends HEAD, and GET only where that proves nothing.
     int retries = 0; ///< After a time-out, a lost connection, 429 and 5xx, with growing pauses.
     bool keepCookies = false;    ///< From redirect to redirect, never from address to address.
     bool excludePrivate = false; ///< Refuses what lies in this computer or its own network.
@@ -49,7 +50,7 @@ struct FetchManners {
     Progress* progress = nullptr;    ///< Shows how many have ended.
 };
 
-/// Asks addresses of the web.
+/// Requests addresses of the web.
 class UrlFetcher {
 public:
     virtual ~UrlFetcher() = default;

@@ -11,12 +11,13 @@ namespace {
 
 constexpr int FirstPrintable = ';';
 
-// Three bytes become their three lower six bits and one character with their upper two bits each:
+// Three bytes become four characters: the lower six bits of each byte, then the upper two bits of
+// all three:
 //
 //     byte        1     2     3           characters   low 1 | low 2 | low 3 | highs
 //     highs bits  5-4   3-2   1-0
 //
-// A last group of fewer bytes has fewer lows and ends in its highs all the same.
+// A shorter last group has fewer lows, but ends with its highs as well.
 constexpr std::size_t BytesInGroup = 3;
 constexpr std::array<int, BytesInGroup> HighFactors = {16, 4, 1};
 

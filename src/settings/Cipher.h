@@ -7,8 +7,8 @@
 
 namespace quillmark {
 
-/// Scrambles a text with a key, or unscrambles it. That keeps a password from being read over
-/// somebody's shoulder. It is no encryption: every copy of the program knows the key.
+/// Scrambles a text with a key, or unscrambles it, so that nobody reads a password in passing. It
+/// is no encryption: every copy of the program knows the key.
 class Cipher {
 public:
     /// Sets the key and starts the stream of numbers that belongs to it.
@@ -21,8 +21,8 @@ public:
     void DoXor();
     /// Spreads any bytes over the printable characters ";" to "z": n bytes become n + (n + 2) / 3.
     void Stretch();
-    /// Undoes Stretch(). Throws invalidProcedureCall() for an empty text, and for a character below
-    /// ";" that stands for a byte.
+    /// Undoes Stretch(). Throws invalidProcedureCall() for an empty text, and for a text with a
+    /// character below ";" where the low bits of a byte belong.
     void Shrink();
 
 private:

@@ -18,8 +18,8 @@ constexpr std::string_view VersionKey = VersionPrefix.substr(1, VersionPrefix.si
 constexpr std::string_view OlderVersionMessage =
     "Your configuration file is from an older version of Quillmark\r\nSettings will be reset";
 
-/// Empties the lists before they are read. A file that is cut short leaves the later ones empty: it
-/// held some items there, nobody knows which, and the built-in ones would be a guess.
+/// Empties the lists before they are read. If the file is cut short, the later ones stay empty:
+/// nobody knows which items they held, and the built-in ones would be a guess.
 void clearLists(Configuration& configuration) {
     configuration.masks = {};
     configuration.lstCheckCommand.Clear();

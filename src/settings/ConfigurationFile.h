@@ -11,8 +11,9 @@ namespace quillmark {
 /// The file that keeps the Configuration between two runs of the program.
 inline constexpr std::string_view ConfigurationFileName = "Quillmark.ini";
 
-/// Loads the file over the current values and writes nothing. False if the file is missing, was cut
-/// short, cannot be read to its end or was reset: ReadConfigurations() then writes it anew.
+/// Loads the file over the current values and writes nothing. False if the file is missing, cut
+/// short, cannot be read to its end, or has a first line that is not ours: then a text for the user
+/// goes to `messageBox`, and the settings are reset.
 bool LoadConfigurations(Settings& settings, SettingsFiles& files,
                         const std::function<void(std::string_view)>& messageBox);
 

@@ -6,10 +6,11 @@ namespace quillmark {
 
 /// Sets every option, and the profile's listing columns and port, to its built-in value, and
 /// appends the built-in items to the eight lists that have some. It does not clear those lists:
-/// after a second call each item is there twice, as users know it from the reset of an old file.
+/// after a second call each item is there twice, which is what users see when an old file is reset.
 void SetDefaultSettings(Settings& settings);
 
-/// The values of a new profile. Its IGNORE_VALUE is a value of the Configuration, 0 in a new one.
+/// The values of a new profile. IGNORE_VALUE is not one of them: it belongs to the Configuration,
+/// where it is 0 at first.
 Profile newProfile();
 
 } // namespace quillmark

@@ -12,7 +12,7 @@ struct Row {
     std::int16_t port;
 };
 
-/// In the order of the type.
+/// In the order of Encryption, whose values are the indices.
 constexpr std::array<Row, 4> Rows = {{
     {Encryption::None, "none", 21},
     {Encryption::Tls, "tls", 21},

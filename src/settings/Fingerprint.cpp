@@ -21,7 +21,7 @@ unsigned hexValue(char digit) {
 
 std::optional<Sha256> hexIn(std::string_view text) {
     std::string digits(text);
-    const bool pairs = text.size() == 95;
+    const bool pairs = text.size() == 95; // 32 pairs of digits and the 31 colons between them.
     for (std::size_t i = 2; pairs && i < text.size(); i += 3) {
         if (text[i] != ':') {
             return std::nullopt;
@@ -63,7 +63,7 @@ std::optional<Sha256> base64In(std::string_view text) {
             hash.at(next++) = static_cast<std::uint8_t>(bits >> count);
         }
     }
-    // Another spelling of the same bytes would be no fingerprint that a tool prints.
+    // The last digit has two bits to spare. No tool prints a fingerprint that sets them.
     return keyFingerprint(hash).ends_with(text) ? std::optional(hash) : std::nullopt;
 }
 

@@ -9,7 +9,7 @@
 
 namespace quillmark {
 
-/// More connections than this at a time no host should be asked for.
+/// The most connections that a host is asked for at a time.
 inline constexpr std::int16_t MostConnections = 16;
 
 /// The settings of one web site. Flags hold 0 or 1 and are on when they equal 1, CHECK_DUPES when
@@ -34,19 +34,19 @@ struct Profile {
     std::int16_t ROOT_LEVEL = 0;   ///< Allow references that begin with "/".
     std::string HOST_ALIAS;        ///< The site's web host name in absolute references.
 
-    // What follows has a line in the file only where it is not as here.
+    // The file has a line for each of these only where the value differs from the one here.
     Rules RULES = Rules::Classic;
     std::string SITE_URL;  ///< The site's own address on the web: "https://www.example.org/docs/".
     std::string SITE_ROOT; ///< The top of the site, a folder in the form of START_PATH; empty: the
                            ///< start file's folder.
     Encryption ENCRYPTION = Encryption::None;
     std::int16_t CONNECTIONS = 4; ///< To the host at a time, 1 to MostConnections.
-    std::string TRUSTED;  ///< The fingerprint of the certificate or key that is trusted although
+    std::string TRUSTED;  ///< The fingerprint of a certificate or key that the user trusts although
                           ///< nobody vouches for it.
-    std::string KEY_FILE; ///< The private key of an SFTP login, in the machine's own form. The
-                          ///< password is its passphrase then.
-    /// Lines "#KEY=value" whose keys are unknown here. They are kept for the Quillmark that wrote
-    /// them.
+    std::string KEY_FILE; ///< The private key of an SFTP login, a path in the machine's own form.
+                          ///< USER_PASSWORD is its passphrase then.
+    /// Lines "#KEY=value" whose keys are unknown here. They are kept for the version of Quillmark
+    /// that wrote them.
     std::vector<std::string> otherLines;
 
     /// Whether a key file opens the host, so that the password belongs to that file.

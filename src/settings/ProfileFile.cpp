@@ -22,7 +22,7 @@ void forgetOptionalLines(Settings& settings) {
     settings.profile.otherLines.clear();
 }
 
-/// Whether the value could be taken for that key. One that a later Quillmark knows cannot.
+/// Sets the value. False if this version does not know the key or the value: a later one may.
 bool takeOptionalValue(Settings& settings, std::string_view key, std::string_view value) {
     if (findSetting(OptionalProfileKeys, key) == nullptr) {
         return false;
@@ -35,8 +35,8 @@ bool takeOptionalValue(Settings& settings, std::string_view key, std::string_vie
     }
 }
 
-/// Takes one line "#KEY=value". One of the nineteen keys is here because a comma moved all fields;
-/// it was never read here, and is lost with the next save.
+/// Takes one line "#KEY=value". One of the nineteen keys stands here only because a comma in a text
+/// moved all later fields. Such a line is not read, and the next save drops it.
 void takeOptionalLine(Settings& settings, std::string_view line) {
     const std::size_t equals = line.find('=');
     const bool hasKey = line.starts_with('#') && equals != std::string_view::npos && equals > 1 &&

@@ -12,7 +12,8 @@ namespace quillmark {
 /// The file that holds the profile of this name.
 std::string profileFileName(std::string_view name);
 
-/// The names of all profiles. Throws a Failure when the program's folder cannot be listed.
+/// The names of all profiles, in ascending byte order. Throws a Failure if the program's folder
+/// cannot be listed.
 std::vector<std::string> ListProfiles(SettingsFiles& files);
 
 /// Reads a profile into settings.profile, and its IGNORE_VALUE into the configuration. Returns

@@ -12,7 +12,7 @@ enum class Rules { Classic, Web };
 /// As settings files and command lines spell it: "classic", "web".
 std::string_view nameOf(Rules rules);
 
-/// The rules of that name; none for any other text.
+/// The rules of that name; nullopt for any other text.
 std::optional<Rules> rulesNamed(std::string_view name);
 
 } // namespace quillmark

@@ -18,7 +18,8 @@ void readValue(FieldReader& reader, std::string& text) {
     text = reader.ReadTextValue();
 }
 
-/// Any other name keeps what was chosen: no file has this line by position.
+/// Here for the variant alone: no file has this value at a fixed place. Those that have it hold it
+/// under its key, which setByKey() reads.
 void readValue(FieldReader& reader, Rules& rules) {
     rules = rulesNamed(reader.ReadTextValue()).value_or(rules);
 }

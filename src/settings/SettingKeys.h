@@ -75,8 +75,9 @@ inline constexpr std::array<SettingKey, 19> ProfileKeys = {{
     {"HOST_ALIAS", &Profile::HOST_ALIAS},
 }};
 
-/// What may follow in a profile file, read by key. Only what is not as in a new profile has a line,
-/// so that a Quillmark which knows the nineteen lines alone reads and writes all other profiles.
+/// The lines that may follow in a profile file, told apart by their keys. A value has a line only
+/// where it differs from that of a new profile, so that a version which knows only the nineteen
+/// lines can still read and write all other profiles.
 inline constexpr std::array<SettingKey, 7> OptionalProfileKeys = {{
     {"RULES", &Profile::RULES},
     {"SITE_URL", &Profile::SITE_URL},
@@ -87,7 +88,7 @@ inline constexpr std::array<SettingKey, 7> OptionalProfileKeys = {{
     {"KEY_FILE", &Profile::KEY_FILE},
 }};
 
-/// The setting of that key; null where the keys do not have it.
+/// The setting with this key; null if `keys` has none.
 const SettingKey* findSetting(std::span<const SettingKey> keys, std::string_view key);
 
 /// The setting that the files hold scrambled.
@@ -113,8 +114,8 @@ template <typename Owner, typename Value> auto& valueAt(Owner& settings, Value P
 }
 
 /// Reads the next field of a settings file, or the count and the items of a list, into its place,
-/// whatever key the file has there. Throws a Failure if that fails: a number or a text then keeps
-/// its value, a list holds the items read so far.
+/// whatever key the file has there. Throws a Failure if that fails; a number or a text then keeps
+/// its value, and a list holds the items read so far.
 void readSetting(FieldReader& reader, Settings& settings, const SettingKey& setting);
 
 /// Appends the line of a settings file that holds the setting, or the lines of a list.

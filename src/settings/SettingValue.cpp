@@ -78,7 +78,7 @@ std::string textOf(const ResultList& list) {
     return JoinFileMasks(list);
 }
 
-/// Refuses what nothing could be done with later.
+/// Refuses a value that no check can work with.
 void requireSound(const SettingKey& setting, std::string_view value) {
     if (setting.place == ConnectionsPlace) {
         std::int16_t connections = 0;

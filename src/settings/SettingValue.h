@@ -15,10 +15,9 @@ public:
     using std::invalid_argument::invalid_argument;
 };
 
-/// Sets one value by its key in the settings files ("MAX_LEVELS"). A number is a whole number and
-/// nothing else; a list is given as its items separated by ",". Throws SettingError for an unknown
-/// key, for a value that does not fit, and for the password, which does not belong on a command
-/// line.
+/// Sets one value by its key in the settings files ("MAX_LEVELS"). A number is a whole one; a list
+/// is given as its items, separated by ",". Throws SettingError for an unknown key, for a value
+/// that does not fit, and for the password, which does not belong on a command line.
 void setByKey(Settings& settings, std::string_view key, std::string_view value);
 
 /// The value as setByKey() takes it; the password is shown as "(stored)" or nothing.

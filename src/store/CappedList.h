@@ -7,12 +7,12 @@
 
 namespace quillmark {
 
-/// A short list of the newest lines, indexed from 0. Unlike a result list it gives the memory of
-/// its oldest lines back, so that it can run for as long as the program does.
+/// Keeps the newest lines, indexed from 0. Unlike a result list it frees the memory of the lines
+/// that go, so that it can grow for as long as the program runs.
 class CappedList {
 public:
-    /// What the lines may take together; beyond it the oldest go. A message about a reference of
-    /// megabytes holds all of it.
+    /// The most bytes that all lines take together; beyond that the oldest go. A message quotes its
+    /// reference whole, even one of megabytes.
     static constexpr std::size_t LargestSize = std::size_t{16} * 1024 * 1024;
 
     void Append(std::string_view line) {

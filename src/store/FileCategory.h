@@ -31,8 +31,8 @@ struct CategoryMasks {
 /// Whether any line of the list equals the text exactly.
 bool ListContains(const ResultList& list, std::string_view text);
 
-/// Whether a file name, already in upper case, belongs to the selected category; no selection has
-/// no files.
+/// Whether a file name, already in upper case, belongs to the selected category; false if none is
+/// selected.
 bool subCheckMask(std::string_view name, std::optional<FileCategory> selected,
                   const CategoryMasks& masks);
 

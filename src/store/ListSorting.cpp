@@ -40,6 +40,7 @@ void VeryQuickSort(ResultLists& lists, Progress& progress) {
     progress.InitializeThinking("Sorting");
     std::vector<SortLine> sorted;
     sorted.reserve(static_cast<std::size_t>(count));
+    // From the last line on: a stable sort then leaves equal keys in reverse.
     for (int i = count - 1; i >= 0; --i) {
         sorted.push_back({lists.TempList.Line(i), lists.TempListCount.Line(i)});
     }

@@ -12,8 +12,9 @@ namespace quillmark {
 /// What the sort selector offers, in its order: "None", "Name", "Path".
 enum class SortOrder { None, Name, Path };
 
-/// Fills TempList with a sort key a line of the source and TempListCount with the line's index
-/// ("000" form: 7 is 007), both empty for SortOrder::None, and sorts them.
+/// Fills TempList with one sort key for each line of the source, and TempListCount with the line's
+/// 0-based index in at least three digits ("007"), then sorts both. SortOrder::None leaves both
+/// empty.
 void BuildSortKeys(const ResultList& source, SortOrder order, ResultLists& lists,
                    Progress& progress);
 
@@ -21,7 +22,7 @@ void BuildSortKeys(const ResultList& source, SortOrder order, ResultLists& lists
 /// out in the reverse of their order, as the view has always shown them.
 void VeryQuickSort(ResultLists& lists, Progress& progress);
 
-/// A line by its index; the text outlives the call.
+/// Gives a line by its 0-based index; the text must stay valid while the lines are sorted.
 using LineOf = std::function<std::string_view(int)>;
 
 /// The indices of `count` lines in the order that VeryQuickSort gives them, for lists of millions

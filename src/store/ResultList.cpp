@@ -5,7 +5,7 @@
 
 namespace quillmark {
 
-ResultList::ResultList() : bytes_(std::make_shared<std::pmr::monotonic_buffer_resource>()) {}
+ResultList::ResultList() : bytes_(std::make_shared<TextStore>()) {}
 
 ResultList::ResultList(const ResultList& other) : ResultList() {
     for (int i = 0; i < other.Count(); ++i) {
@@ -25,7 +25,7 @@ ResultList& ResultList::operator=(const ResultList& other) {
 
 void ResultList::Append(std::string_view line) {
     const bool repeated = !lines_.empty() && lines_.back() == line;
-    lines_.push_back(repeated ? lines_.back() : stored(line));
+    lines_.push_back(repeated ? lines_.back() : bytes_->keep(line));
 }
 
 void ResultList::AppendFrom(const ResultList& other, int i) {
@@ -55,7 +55,7 @@ void ResultList::Clear() {
     gapStart_ = 0;
     gapLength_ = 0;
     borrowed_.clear();
-    bytes_ = std::make_shared<std::pmr::monotonic_buffer_resource>();
+    bytes_ = std::make_shared<TextStore>();
 }
 
 void ResultList::Remove(int i) {
@@ -68,15 +68,6 @@ std::size_t ResultList::place(int i) const {
     assert(i >= 0 && i < Count());
     const auto index = static_cast<std::size_t>(i);
     return index < gapStart_ ? index : index + gapLength_;
-}
-
-std::string_view ResultList::stored(std::string_view line) {
-    if (line.empty()) {
-        return {};
-    }
-    auto* bytes = static_cast<char*>(bytes_->allocate(line.size(), 1));
-    std::copy(line.begin(), line.end(), bytes);
-    return {bytes, line.size()};
 }
 
 void ResultList::moveGapTo(std::size_t index) {

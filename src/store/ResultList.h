@@ -1,22 +1,23 @@
 #pragma once
 
+#include "store/TextStore.h"
+
 #include <cstddef>
 #include <memory>
-#include <memory_resource>
 #include <string_view>
 #include <vector>
 
 namespace quillmark {
 
-/// An ordered list of text lines (bytes), indexed from 0, in the order of their appending. A line
-/// stays where it is in memory until Clear(), whatever is appended or removed, so that a view of a
-/// line may be kept as long as the list keeps its run.
+/// An ordered list of text lines (bytes), indexed from 0, in the order in which they were added. A
+/// line stays where it is in memory until Clear(), whatever is added or removed, so a view of it
+/// stays valid until then.
 ///
 ///     lines_  | kept | kept | gap | gap | kept | kept |      gapStart_ = 2, gapLength_ = 2
 ///     index      0      1                  2      3
 ///
 /// Removed places gather in one gap that moves to the place of the next removal: a pass that walks
-/// the list and removes here and there moves each line once, as one compaction would.
+/// the list and removes lines here and there moves each line once at most.
 class ResultList {
 public:
     /// The number of lines at which a list ends the run that fills it.
@@ -31,8 +32,8 @@ public:
     void Append(std::string_view line);
     /// Adds the line itself at the end: its bytes must outlive the list's contents.
     void AppendView(std::string_view line) { lines_.push_back(line); }
-    /// Adds line i of another list. Both lists keep its bytes from then on: references may be
-    /// megabytes long, and those that are filed as invalid stand in two lists.
+    /// Adds line i of another list without a copy: both lists share its bytes from then on.
+    /// References may be megabytes long, and an invalid one stands in two lists.
     void AppendFrom(const ResultList& other, int i);
     /// Line i, with 0 <= i < Count().
     std::string_view Line(int i) const;
@@ -42,15 +43,14 @@ public:
     void Remove(int i);
 
 private:
-    using Bytes = std::shared_ptr<std::pmr::monotonic_buffer_resource>;
+    using Bytes = std::shared_ptr<TextStore>;
 
     std::size_t place(int i) const;
-    std::string_view stored(std::string_view line);
     void borrow(const Bytes& bytes);
     void moveGapTo(std::size_t index);
 
     Bytes bytes_;
-    std::vector<Bytes> borrowed_; ///< Of lists whose lines are in this one, too.
+    std::vector<Bytes> borrowed_; ///< Of the lists whose lines this one shares.
     std::vector<std::string_view> lines_;
     std::size_t gapStart_ = 0;
     std::size_t gapLength_ = 0;

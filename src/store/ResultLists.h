@@ -3,14 +3,19 @@
 #include "store/CappedList.h"
 #include "store/ResultList.h"
 
+#include <string_view>
+
 namespace quillmark {
 
 /// The width of the size at the end of a line of FileSizes.
 inline constexpr int SizeDigits = 9;
 
+/// What a ...From list holds for the start file, which no page refers to.
+inline constexpr std::string_view BaseFile = "(base file)";
+
 /// Everything that a check run finds. Each pair of lists is parallel: line i of a ...From list is
 /// the file that refers to line i of its partner, and line i of FileSizes is line i of FileList
-/// followed by the file's size. They keep what they hold after a run, until the next one begins.
+/// followed by the file's size. The lists keep what they hold until the next run begins.
 struct ResultLists {
     ResultList DirectoryList; ///< Directories of the inventory, "/" form, ending in "/".
     ResultList FileList;      ///< Files of the inventory, full path in "/" form.
@@ -39,7 +44,7 @@ struct ResultLists {
     }
 };
 
-/// Two parallel lists handled as one, so that neither can lose step.
+/// Two parallel lists handled as one, so that they cannot fall out of step.
 class ListPair {
 public:
     ListPair(ResultList& lines, ResultList& from) : lines_(lines), from_(from) {}
@@ -48,7 +53,7 @@ public:
         lines_.Append(line);
         from_.Append(from);
     }
-    /// Adds line i of another pair, whose bytes both share then.
+    /// Adds line i of another pair without a copy.
     void AppendFrom(const ListPair& other, int i) {
         lines_.AppendFrom(other.lines_, i);
         from_.AppendFrom(other.from_, i);

@@ -11,8 +11,8 @@ namespace {
 constexpr std::size_t MostNames = 10;
 constexpr std::size_t LongestName = 255;
 
-/// The names come from a host that nobody trusts yet: they must neither look like other lines nor
-/// push those away.
+/// The names come from a host that nobody trusts yet: they must neither look like lines of ours nor
+/// push those out of sight.
 std::string joined(const std::vector<std::string>& names) {
     std::string text = names.empty() ? "nobody" : "";
     for (std::size_t i = 0; i < std::min(names.size(), MostNames); ++i) {
@@ -35,12 +35,12 @@ std::string keyText(const HostIdentity& identity) {
            (identity.keyChanged() ? " has changed.\n" : " is not known.\n");
 }
 
-/// A new certificate is nothing rare, a new key is.
+/// Hosts often get a new certificate, but seldom a new key.
 std::string advice(const HostIdentity& identity) {
     return identity.keyChanged()
                ? "Somebody else may answer in the host's place: no password was sent. Ask those "
-                 "who "
-                 "run the host. If the new key is theirs, remove the old one from known_hosts, or "
+                 "who run the host. If the new key is theirs, remove the old one from known_hosts, "
+                 "or "
                  "forget it in the profile.\n"
                : "Compare the SHA-256 with the one that those who run the host tell you. Another "
                  "one means that somebody else may answer in its place.\n";

@@ -6,9 +6,9 @@
 
 namespace quillmark {
 
-/// What a person has to know of a host whose identity was refused: why, what it showed, and what to
-/// think of it, in lines that end in "\n", empty ones between the parts. A fingerprint stands in a
-/// line of its own.
+/// What a person must know about a host whose identity was refused: why, what it showed, and what
+/// to do. Lines end in "\n", an empty line separates the parts, and each fingerprint has a line of
+/// its own.
 std::string hostTrustText(const HostIdentity& identity);
 
 } // namespace quillmark

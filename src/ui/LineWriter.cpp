@@ -9,7 +9,7 @@ namespace quillmark {
 
 namespace {
 
-/// The streams tell that the disk refused, errno tells why.
+/// The stream only knows that the disk refused; errno knows why.
 void throwUnlessGood(const std::ofstream& file) {
     if (!file) {
         throw failureFromError({errno, std::generic_category()}, pathNotFound());

@@ -10,17 +10,17 @@ namespace quillmark {
 class LineWriter {
 public:
     /// Opens the file to replace it (std::ios::trunc) or to add to it (std::ios::app), creating it
-    /// when it is not there. Throws a Failure when it cannot be opened.
+    /// if it is not there. Throws a Failure if it cannot be opened.
     LineWriter(const std::filesystem::path& path, std::ios::openmode mode);
 
-    /// Writes one line made of the parts. Throws a Failure when the disk refuses it.
+    /// Writes one line made of the parts. Throws a Failure if the disk refuses it.
     template <typename... Parts> void line(const Parts&... parts) {
         (write(parts), ...);
         write("\r\n");
     }
 
     /// Closes the file. Throws a Failure if the disk refuses what was still to be written. Without
-    /// this call, nobody learns of that.
+    /// this call that goes unnoticed.
     void close();
 
 private:

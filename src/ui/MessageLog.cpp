@@ -52,7 +52,7 @@ void MessageLog::write(std::string_view text) {
     if (configuration_.LOG_FILE != 1) {
         return;
     }
-    // A log that is closed after every message is complete even when the program ends abruptly.
+    // Closed after every message, the log is complete even if the program ends abruptly.
     LineWriter log(logFile_, std::ios::app);
     log.line(text);
     log.close();

@@ -13,7 +13,7 @@ namespace quillmark {
 
 /// Sends each message to all places where the user may look for it: the message list, the trace of
 /// the conversation with the host, the sink and the log file. It reads the options anew for every
-/// message, so that a change in the options dialog holds at once.
+/// message, so that a change in the options dialog takes effect at once.
 class MessageLog : public Messages {
 public:
     /// The message list holds at most this many messages.

@@ -12,9 +12,9 @@
 namespace quillmark {
 
 /// Writes what a run found as a text report with CR LF lines, replacing any file at `path`: the
-/// sections that the SAVE_... options ask for, with byte totals in the headings when the profile
-/// asks for statistics and the run has them. Throws a Failure when the file cannot be created or
-/// written; a partly written file is left as it is.
+/// sections that the SAVE_... options ask for, with byte totals in the headings if the profile asks
+/// for statistics and the run has them. Throws a Failure if the file cannot be created or written;
+/// a partly written file is left as it is.
 void WriteReport(const std::filesystem::path& path, const ResultLists& lists,
                  const Settings& settings, const RunState& run);
 

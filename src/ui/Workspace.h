@@ -8,8 +8,8 @@
 
 namespace quillmark {
 
-/// What a program owns for its whole life, and lends to its parts: the results, the state of
-/// the run, the settings and the trace.
+/// What a program owns for its whole life and lends to its parts: the results, the state of the
+/// run, the settings and the trace.
 struct Workspace {
     SiteResults site; ///< Of a check with the web rules; the lists may hold views into them.
     ResultLists lists;

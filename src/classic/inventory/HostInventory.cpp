@@ -20,7 +20,7 @@ void HostInventory::GetDirectory() {
         }
     } catch (const Failure& failure) {
         sounds_.failure();
-        // A host tells in its own words, which are posted already; the disk says nothing.
+        // What a host said is posted already, in its own words; the disk posts nothing.
         if (state.localMode) {
             context_.outside.messages.post("Unable to list ", state.currentDirectory, " (",
                                            failure.description(), ")");
@@ -31,13 +31,13 @@ void HostInventory::GetDirectory() {
 void HostInventory::listLocalFolder() {
     FolderListing listing =
         context_.outside.disk.list(ToBackSlashes(context_.state.currentDirectory));
-    leaveOutPathsForNames(listing.folders);
-    leaveOutPathsForNames(listing.files);
+    leaveOutNamesWithBackslash(listing.folders);
+    leaveOutNamesWithBackslash(listing.files);
     addFolders(listing);
     addFiles(listing);
 }
 
-void HostInventory::leaveOutPathsForNames(std::vector<std::string>& names) {
+void HostInventory::leaveOutNamesWithBackslash(std::vector<std::string>& names) {
     std::erase_if(names, [this](const std::string& name) {
         const bool isPath = name.find('\\') != std::string::npos;
         if (isPath) {
@@ -48,9 +48,9 @@ void HostInventory::leaveOutPathsForNames(std::vector<std::string>& names) {
     });
 }
 
-/// Returns whether the path is too long for the inventory, and tells of the first one. Once a list
-/// is full, the rest of the listing still comes in, but a listing without end must not fill the
-/// memory.
+/// Whether the path stays out of the inventory because it is too long, which is told of the first
+/// one. Once a list is full, the rest of the listing is still read; one without end must not fill
+/// the memory, so a path beyond MostBeyondFull stays out too.
 bool HostInventory::leavesOut(std::string_view path) {
     if (path.size() <= LongestPath) {
         beyondFull_ += context_.state.abort ? path.size() : 0;
@@ -107,7 +107,7 @@ void HostInventory::FtpXCtl1_DirItem(std::string_view line) {
     case 'd':
         addDirectory(name);
         return;
-    case 'l': // Links are no part of the inventory.
+    case 'l': // Links are not part of the inventory.
         return;
     default:
         addFile(name, sizeInLine(line));

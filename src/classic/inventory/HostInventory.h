@@ -12,29 +12,29 @@
 
 namespace quillmark {
 
-/// Lists directories, one a call, into DirectoryList, FileList and FileSizes.
+/// Lists directories, one per call, into DirectoryList, FileList and FileSizes.
 class HostInventory {
 public:
     HostInventory(RunContext& context, ListLimit& limit, RunSounds& sounds)
         : context_(context), limit_(limit), sounds_(sounds) {}
 
-    /// A longer path is left out, with one message a run: no file system takes it, and a folder of
-    /// a host that holds itself leads to ever longer ones.
+    /// The most bytes of a path. Longer ones are left out, with one message per run: no file system
+    /// takes them, and a host's folder that contains itself leads to ever longer ones.
     static constexpr std::size_t LongestPath = 4096;
     /// The bytes of all paths that a listing may add after it has filled a list.
     static constexpr std::size_t MostBeyondFull = std::size_t{8} * 1024 * 1024;
 
-    /// Lists the run's current directory; nothing once the run is being aborted. A directory that
-    /// cannot be listed keeps what was found of it, and the run goes on. A local name with a "\" in
-    /// it is left out, with a message: in a list it would read as a path, and "x\..\.." as one
-    /// that leads out of the site.
+    /// Lists the run's current directory; does nothing once the run is being aborted. If a
+    /// directory cannot be listed to its end, what was found stays and the run goes on. A local
+    /// name with a "\" in it is left out, with a message: in a list it would read as a path, and
+    /// "x\..\.." as one that leads out of the site.
     void GetDirectory();
 
     /// Takes one line of a host's long listing, as the host sent it, for the current directory.
     void FtpXCtl1_DirItem(std::string_view line);
 
 private:
-    void leaveOutPathsForNames(std::vector<std::string>& names);
+    void leaveOutNamesWithBackslash(std::vector<std::string>& names);
     bool leavesOut(std::string_view path);
     void listLocalFolder();
     void listHostDirectory();

@@ -9,16 +9,17 @@
 
 namespace quillmark {
 
-/// ReferenceList with ReferenceListFrom, and one probe instead of a walk for "did this page file
-/// this reference before". All appends and removals of the pair during a run go through here.
+/// ReferenceList with ReferenceListFrom. Whether a page filed a reference before takes one probe
+/// instead of a walk. All appends and removals of the pair during a run go through here.
 class FiledReferences {
 public:
     explicit FiledReferences(ResultLists& lists)
         : pair_(lists.ReferenceList, lists.ReferenceListFrom) {}
 
-    /// False, with nothing done, when the page filed the reference before.
+    /// Appends a reference and the page that makes it. Returns false and does nothing if the page
+    /// filed that reference before.
     bool append(std::string_view reference, std::string_view from);
-    /// Appends line i of another pair.
+    /// Appends line i of another pair, whether it was filed before or not.
     void appendFrom(const ListPair& other, int i);
     /// Removes line i of both lists.
     void remove(int i);

@@ -12,7 +12,7 @@
 namespace quillmark {
 
 /// Files every reference: as ignored, with the reason, or as a full host path with the page that
-/// makes it. Whether that path is in the inventory is decided when all pages were read.
+/// makes it. Whether the inventory holds that path is looked up once all pages are read.
 class ReferenceResolver : public ReferenceSink {
 public:
     ReferenceResolver(RunContext& context, ListLimit& limit, FiledReferences& references,

@@ -4,7 +4,7 @@
 
 namespace quillmark {
 
-/// What a reader of pages hands its findings to.
+/// Takes the references that a reader of pages finds.
 class ReferenceSink {
 public:
     virtual ~ReferenceSink() = default;

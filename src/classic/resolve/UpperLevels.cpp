@@ -40,8 +40,8 @@ std::string_view remainderOf(std::string_view reference, int start) {
     return reference.substr(static_cast<std::size_t>(start - 1));
 }
 
-/// Returns the directory up to its `slashes`-th slash from the end; nothing if that slash is the
-/// first character, or if there are fewer.
+/// The directory up to its `slashes`-th slash from the end; empty if that slash is the first
+/// character, or if there are fewer.
 std::string_view parentPrefix(std::string_view directory, int slashes) {
     std::size_t end = directory.size();
     for (; slashes > 0; --slashes) {

@@ -15,9 +15,10 @@ struct UpperLevels {
     std::int16_t code = NotAllowed;
 };
 
-/// Resolves a reference that begins with "../" against a directory ("/" form, ending in "/"). The
-/// climb past the directory's first "/" is allowed when `followUpperLevels`, and stops at the root.
-/// Throws invalidProcedureCall() for a reference that has fewer than two characters behind "../".
+/// Resolves a reference that begins with "../" against a directory ("/" form, ending in "/"). A
+/// climb past the directory's first "/" is allowed only with `followUpperLevels`, and stops at the
+/// root. Throws invalidProcedureCall() for a reference that has fewer than two characters behind
+/// "../".
 UpperLevels ResolveUpperLevels(std::string_view reference, std::string_view currentDirectory,
                                bool followUpperLevels);
 

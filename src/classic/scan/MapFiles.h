@@ -8,7 +8,7 @@
 
 namespace quillmark {
 
-/// Reads image map files of a host: a region a line, each naming the page that it leads to.
+/// Reads image map files of a host: one region per line, each naming the page that it leads to.
 class MapFiles : public MapFileReader {
 public:
     MapFiles(RunContext& context, PageRetrieval& retrieval, ReferenceSink& sink)

@@ -11,7 +11,7 @@ namespace quillmark {
 /// Brings pages to the working copy.
 class PageRetrieval {
 public:
-    /// `files` answers for FileList.
+    /// `files` is the index of FileList.
     PageRetrieval(RunContext& context, ListLimit& limit, LineIndex& files);
 
     /// The results of RetrieveFile.
@@ -19,8 +19,8 @@ public:
     static constexpr std::int16_t NotInInventory = 1;
     static constexpr std::int16_t AlreadyRetrieved = 2;
 
-    /// Lets the host fetch ahead a page that RetrieveFile will be asked for, after those that were
-    /// expected before. The bytes of the path must stay where they are.
+    /// Announces a page that RetrieveFile will be asked for after those announced before, so that
+    /// the host's files can be fetched ahead. The bytes of the path must stay where they are.
     void expect(std::string_view file);
 
     /// Makes the run's current file available as the working copy. CopyReady also when the run is

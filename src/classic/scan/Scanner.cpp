@@ -8,8 +8,9 @@ namespace quillmark {
 
 namespace {
 
-/// The places of two characters in a text, one after the other. Each is looked for by itself and
-/// once: looking at every byte for both took a third of the time of a check.
+/// Finds the places of two characters in a text, one after the other. Each character is searched
+/// for by itself, over each byte once: comparing every byte with both took a third of the time of a
+/// check.
 class EitherOf {
 public:
     EitherOf(std::string_view text, char a, char b)
@@ -41,7 +42,7 @@ private:
     Place b_;
 };
 
-/// Empties a text, and gives its memory back when it is that of an unusual page.
+/// Empties a text, and frees its memory if an unusual page made it large.
 void empty(std::string& text) {
     constexpr std::size_t Usual = std::size_t{1} << 20U;
     text.clear();
@@ -73,8 +74,8 @@ void Scanner::ParseFile() {
     }
 }
 
-// The zero bytes that fill up the working copy are not the page's. A reference needs its double
-// quote: without one nothing is lost, as behind "</html>" at the end of a page.
+// The zero bytes that fill up the working copy do not belong to the page. A reference needs a
+// double quote: an unread rest without one holds none, like the "</html>" at the end of most pages.
 void Scanner::countUnread() {
     const std::size_t fill = pendingLine_.size() - (pendingLine_.find_last_not_of('\0') + 1);
     ReadingFigures& figures = context_.state.reading;
@@ -104,7 +105,7 @@ void Scanner::scanBlock(std::string_view block) {
     addPiece(block.substr(start));
 }
 
-// Nobody writes such a line: it is a file that is no page, and its line would fill the memory.
+// No page has such a line. The file is something else, and its line would fill the memory.
 void Scanner::addPiece(std::string_view piece) {
     pieceEmpty_ = pieceEmpty_ && piece.empty();
     if (givenUp_) {

@@ -11,19 +11,20 @@
 namespace quillmark {
 
 /// Reads the working copy of a page and hands every reference it makes to the sink. It is literal,
-/// not a parser of HTML: it knows tags by their angle brackets and references by double-quoted
+/// not an HTML parser: it knows tags by their angle brackets and references by double-quoted
 /// values.
 class Scanner {
 public:
-    /// A longer line is given up with a message; the page's other lines are scanned.
+    /// A longer line, in bytes, is given up with a message; the other lines of the page are
+    /// scanned.
     static constexpr std::size_t LongestLine = std::size_t{64} * 1024 * 1024;
 
     Scanner(RunContext& context, ReferenceSink& sink) : context_(context), sink_(sink) {}
 
-    /// Scans the working copy, if there is one; nothing once the run is being aborted. Stop ends it
-    /// at the next block or tag.
+    /// Scans the working copy, if there is one; does nothing once the run is being aborted. Stop
+    /// ends it at the next block or tag.
     void ParseFile();
-    /// Takes the reference of one tag, given without its angle brackets; one a tag at most.
+    /// Takes the reference of one tag, given without its angle brackets; a tag gives one at most.
     void CheckCommand(std::string_view tag);
     /// Takes the first double-quoted value behind a 1-based position of the tag.
     void ParseObject(std::size_t position, std::string_view tag);

@@ -46,8 +46,7 @@ void FilePasses::checkUnusedFiles() {
     }
 }
 
-/// Marks each line of FileList that a reference is equal to. Of several equal lines only the first
-/// is marked.
+/// Marks each line of FileList that equals a reference; of several equal lines only the first.
 std::vector<bool> FilePasses::referredTo() {
     const ResultList& references = context_.lists.ReferenceList;
     std::vector<bool> used(static_cast<std::size_t>(context_.lists.FileList.Count()));
@@ -63,7 +62,7 @@ std::vector<bool> FilePasses::referredTo() {
 void FilePasses::checkDuplicateFiles() {
     const ResultList& files = context_.lists.FileList;
     std::unordered_map<std::string, int> occurrences;
-    std::vector<int*> left;
+    std::vector<int*> left; // For each file the count it shares; such a map never moves its values.
     left.reserve(static_cast<std::size_t>(files.Count()));
     for (int i = 0; i < files.Count(); ++i) {
         int& count = occurrences[duplicateKey(files.Line(i), context_.lists.FileSizes.Line(i))];

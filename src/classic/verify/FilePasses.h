@@ -11,7 +11,7 @@ namespace quillmark {
 /// The passes over the files of the inventory.
 class FilePasses {
 public:
-    /// `files` answers for FileList.
+    /// `files` is the index of FileList.
     FilePasses(RunContext& context, ListLimit& limit, LineIndex& files)
         : context_(context), limit_(limit), files_(files) {}
 

@@ -19,7 +19,7 @@ bool PhraseSearch::take(std::string_view bytes) {
     } else {
         tail_.erase(0, tail_.size() - std::min(tail_.size(), kept));
     }
-    return true; // A body that turns out damaged has no result, wherever the text stands in it.
+    return true; // The rest is wanted too: a body that turns out damaged gives no result at all.
 }
 
 } // namespace quillmark

@@ -7,10 +7,10 @@
 
 namespace quillmark {
 
-/// Looks for a text in a body while it passes, also across the borders of its pieces.
+/// Searches a body for a text while it arrives, also across the borders of its pieces.
 class PhraseSearch : public BodyReader {
 public:
-    /// The text outlives the search; it is not empty.
+    /// The text must outlive the search and must not be empty.
     explicit PhraseSearch(std::string_view phrase) : phrase_(phrase) {}
 
     void begin() override;
@@ -19,7 +19,7 @@ public:
 
 private:
     std::string_view phrase_;
-    std::string tail_; ///< Of what passed: the text may have begun there.
+    std::string tail_; ///< The last bytes so far: the text may begin in them.
     bool found_ = false;
 };
 

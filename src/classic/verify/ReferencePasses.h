@@ -12,30 +12,31 @@
 
 namespace quillmark {
 
-/// Whether a reached file is a page to be scanned: its upper-cased name holds "." and one of the
-/// extensions anywhere, so that archive.htmx and page.htm.bak are pages too.
+/// Whether a reached file is a page to be scanned: its upper-cased name holds a "." followed by one
+/// of the extensions anywhere, so that archive.htmx and page.htm.bak are pages too.
 bool IsHTMLFile(std::string_view name, const ResultList& extensions);
 
 /// The passes over the references that a run has filed. Each ends early when the run is aborted.
 class ReferencePasses {
 public:
-    /// `files` answers for FileList.
+    /// `files` is the index of FileList.
     ReferencePasses(RunContext& context, ListLimit& limit, FiledReferences& references,
                     LineIndex& files)
         : context_(context), limit_(limit), references_(references), files_(files) {}
 
     /// Files every reference that the inventory does not hold as invalid; it stays a reference too.
     void checkReferences();
-    /// Leaves the last of each group of equal invalid references, then asks CheckInvalidReference.
+    /// Keeps only the last of each group of equal invalid references, then asks
+    /// CheckInvalidReference.
     void checkDuplicateInvalidReferences();
-    /// Leaves the last of each group of equal ignored references.
+    /// Keeps only the last of each group of equal ignored references.
     void checkDuplicateIgnoredReferences();
-    /// Takes references to a topic of the page itself ("#top") off the ignored ones. Once started
-    /// it runs to its end.
+    /// Removes references to a topic of the page itself ("#top") from the ignored ones. Once
+    /// started it runs to its end.
     void removeTopicReferences();
     /// The same for references that hold ".CGI" or ".cgi"; a mixed-case form stays.
     void removeCGIReferences();
-    /// Fetches each ignored web reference; what answers becomes a reference.
+    /// Fetches each ignored web reference; one that answers becomes a reference.
     void checkURLs();
 
     /// A last look at an invalid reference: whether it is valid after all.
@@ -54,7 +55,7 @@ private:
     ListLimit& limit_;
     FiledReferences& references_;
     LineIndex& files_;
-    std::map<std::string, PhraseSearch> bodies_; ///< By address.
+    std::map<std::string, PhraseSearch> bodies_; ///< The search in the body of each address.
 };
 
 } // namespace quillmark

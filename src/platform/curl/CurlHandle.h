@@ -6,7 +6,7 @@
 
 namespace quillmark {
 
-// One deleter a kind: CURL and CURLM are both void to the compiler.
+// One deleter for each kind: CURL and CURLM are both void to the compiler.
 struct CurlEasyDelete {
     void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
 };
@@ -30,9 +30,9 @@ using CurlUrl = std::unique_ptr<CURLU, CurlUrlDelete>;
 using CurlText = std::unique_ptr<char, CurlTextDelete>;
 using CurlList = std::unique_ptr<curl_slist, CurlListDelete>;
 
-/// Has TLS believe the system's authorities as one file, where there is one. libcurl keeps such a
-/// file for all transfers of a multi handle. Beside a folder of authorities it would read the file
-/// anew for each connection, which takes longer than most answers.
+/// Makes TLS trust the system's authorities from one file, where there is one. libcurl keeps such a
+/// file in memory for all transfers of a multi handle. With a folder of authorities besides, it
+/// would read the file again for each connection, which takes longer than most answers.
 inline void useAuthoritiesInOneFile(CURL* easy) {
     const char* file = nullptr;
     curl_easy_getinfo(easy, CURLINFO_CAINFO, &file);

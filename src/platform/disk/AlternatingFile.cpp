@@ -34,7 +34,7 @@ bool AlternatingFile::replace(
     const off_t before = std::exchange(spare_.length, 0);
     const std::optional<off_t> length = write(spare_.descriptor);
     if (!length || (before > *length && ::ftruncate(spare_.descriptor.number(), *length) != 0)) {
-        // What it holds now is of no use to anybody, and of an unknown length.
+        // What it holds now is useless, and its length unknown.
         ::unlink(spareFile_.c_str());
         return false;
     }
@@ -42,8 +42,8 @@ bool AlternatingFile::replace(
     return exchange();
 }
 
-/// Whether the path still leads to the file, and only this path does: a user may have kept a page
-/// by a second link to it.
+/// Whether the path still leads to the file, and no other path does: a user may have kept a page by
+/// a hard link.
 bool AlternatingFile::isAt(const std::string& path, const Made& made) {
     struct stat status {};
     return made.descriptor.isOpen() && ::lstat(path.c_str(), &status) == 0 &&

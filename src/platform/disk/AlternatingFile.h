@@ -10,11 +10,11 @@
 
 namespace quillmark {
 
-/// A file that is written anew for every page and is whole at any moment, also after the program
+/// A file that is written anew for every page and is whole at any moment, even after the program
 /// was killed. Two files take turns: one has the name, the next content goes to the spare one
-/// beside it (the name followed by ".part"), and then they are swapped. That spares the disk the
-/// deleting and creating of a file a page. What else is found in their places, a link or a pipe, is
-/// deleted and never followed.
+/// beside it (the name followed by ".part"), and then they are swapped. That spares the disk from
+/// deleting and creating a file for every page. Anything else that has one of the names, such as a
+/// link or a pipe, is deleted and never followed.
 class AlternatingFile {
 public:
     /// `file` is in the machine's own form; nothing is created yet.
@@ -24,16 +24,16 @@ public:
     AlternatingFile(const AlternatingFile&) = delete;
     AlternatingFile& operator=(const AlternatingFile&) = delete;
 
-    /// Gives the file new content: `write` fills the spare file from offset 0 on and returns how
-    /// many bytes it has now, or nothing when it failed. False when it did, the file is as it was
-    /// then, and when the disk refuses a step. Throws a Failure when it refuses to delete what else
-    /// has the name.
+    /// Gives the file new content: `write` fills the spare file from offset 0 on and returns its
+    /// new length in bytes, or nullopt if it failed. Returns false if `write` failed, which leaves
+    /// the file as it was, or if the disk refused a step. Throws a Failure if something else has
+    /// the name and cannot be deleted.
     bool replace(const std::function<std::optional<off_t>(const FileDescriptor& to)>& write);
-    /// Deletes the file if there is one. Throws a Failure when the disk refuses that.
+    /// Deletes the file if there is one. Throws a Failure if the disk refuses that.
     void remove();
 
 private:
-    /// A file that we made, and what to know it by.
+    /// A file that we made, and how to recognise it.
     struct Made {
         FileDescriptor descriptor{-1};
         dev_t device = 0;
@@ -47,7 +47,7 @@ private:
 
     std::string file_;
     std::string spareFile_;
-    Made current_; ///< What has the name.
+    Made current_; ///< The file that has the name now.
     Made spare_;
 };
 

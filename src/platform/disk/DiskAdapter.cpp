@@ -89,7 +89,7 @@ FileDescriptor DiskAdapter::openInAnySpelling(const std::string& file) {
     return openForReading(spelling_.onDisk(file).native());
 }
 
-/// Returns the length of the copy, or nothing when it failed or was given up.
+/// Returns the length of the copy, or nullopt if it failed or was given up.
 std::optional<off_t> DiskAdapter::copyPadded(const FileDescriptor& source, const FileDescriptor& to,
                                              const std::function<bool()>& goOn) {
     off_t total = 0;
@@ -114,7 +114,7 @@ std::optional<off_t> DiskAdapter::copyPadded(const FileDescriptor& source, const
     }
 }
 
-/// The next bytes of the file, as many as fit, fewer only at its end; nothing when reading failed.
+/// Reads as many bytes as fit, fewer only at the end of the file; nullopt if reading failed.
 std::optional<std::size_t> DiskAdapter::readBlock(const FileDescriptor& file, Buffer& buffer) {
     std::size_t length = 0;
     while (length < buffer.size()) {
@@ -148,13 +148,13 @@ void DiskAdapter::read(std::string_view file,
         return;
     }
     if (!source.isOpen()) {
-        throw failureFromError(lastSystemError(), fileNotFound());
+        throwLastError();
     }
     Buffer buffer;
     for (;;) {
         const auto length = readBlock(source, buffer);
         if (!length) {
-            throw failureFromError(lastSystemError(), fileNotFound());
+            throwLastError();
         }
         if (*length == 0 || !take({buffer.data(), *length})) {
             return;

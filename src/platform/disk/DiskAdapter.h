@@ -38,7 +38,8 @@ private:
     std::string target_; ///< Of the last copy, "\" form.
     std::optional<AlternatingFile> copy_;
     Buffer buffer_{};
-    std::size_t kept_ = 0; ///< The buffer's bytes that are the whole copy: most pages fit.
+    std::size_t kept_ = 0; ///< The buffer's bytes that are the whole copy, 0 if it did not fit.
+                           ///< Most pages fit, and are then not read back.
     Spelling spelling_;
 };
 

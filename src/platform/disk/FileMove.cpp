@@ -46,7 +46,7 @@ public:
     const FileDescriptor& descriptor() const { return descriptor_; }
     const struct stat& status() const { return status_; }
 
-    /// Throws a Failure when another program changed or replaced it since.
+    /// Throws a Failure if another program has changed or replaced it since.
     void expectUnchanged() const {
         struct stat now {};
         if (::lstat(path_.c_str(), &now) != 0) {
@@ -69,7 +69,7 @@ private:
     struct stat status_ {};
 };
 
-/// Returns the bytes of the file from `offset` on, up to a block.
+/// The bytes of the file from `offset` on, a block at most; empty at its end.
 std::string_view readAt(const FileDescriptor& file, off_t offset, Block& block) {
     std::size_t length = 0;
     while (length < block.size()) {

@@ -30,7 +30,7 @@ std::string linkText(int folder, const char* name) {
     return {text.data(), length < 0 ? 0 : static_cast<std::size_t>(length)};
 }
 
-/// Nothing for sockets, pipes and devices, and for what went away in between.
+/// nullopt for sockets, pipes and devices, and for what has gone in the meantime.
 std::optional<SiteEntry> entryOf(int folder, const dirent& found) {
     SiteEntry entry{found.d_name, SiteEntry::Kind::Folder, 0, {}};
     if (found.d_type == DT_DIR) {
@@ -53,13 +53,14 @@ std::optional<SiteEntry> entryOf(int folder, const dirent& found) {
     return S_ISDIR(status.st_mode) ? std::optional(entry) : std::nullopt;
 }
 
+/// An open file that is no folder, pipe or device. Throws a Failure if it cannot be opened.
 struct PlainFile {
     explicit PlainFile(const std::string& file)
         // O_NONBLOCK: a named pipe in a page's place must not hold the run.
         : descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
         struct stat status {};
         if (!descriptor.isOpen() || ::fstat(descriptor.number(), &status) != 0) {
-            throw failureFromError(lastSystemError(), fileNotFound());
+            throwLastError();
         }
         if (!S_ISREG(status.st_mode)) {
             throw diskFailure("Not a file");
@@ -71,15 +72,15 @@ struct PlainFile {
     std::size_t size = 0;
 };
 
-/// Reads up to the end, also of a file that grows or shrinks meanwhile. The buffer never shrinks:
-/// each growth would fill it with zeros first.
+/// Reads to the end, even of a file that grows or shrinks meanwhile. The buffer never shrinks,
+/// since each growth would fill it with zeros first.
 std::size_t readAll(const FileDescriptor& file, std::size_t expected, std::string& buffer) {
     buffer.resize(std::max(buffer.size(), expected + 1));
     std::size_t length = 0;
     for (;;) {
         const ssize_t count = ::read(file.number(), buffer.data() + length, buffer.size() - length);
         if (count < 0) {
-            throw failureFromError(lastSystemError(), fileNotFound());
+            throwLastError();
         }
         if (count == 0) {
             return length;
@@ -96,7 +97,7 @@ std::size_t readAll(const FileDescriptor& file, std::size_t expected, std::strin
 std::vector<SiteEntry> SiteDisk::list(const std::string& folder) {
     const OpenFolder open(::opendir(folder.c_str()));
     if (!open) {
-        throw failureFromError(lastSystemError(), pathNotFound());
+        throwLastError(pathNotFound());
     }
     std::vector<SiteEntry> entries;
     const int number = ::dirfd(open.get());
@@ -126,7 +127,7 @@ std::string_view SiteDisk::readBlock(const std::string& file, std::uint64_t offs
     const ssize_t count =
         ::pread(open.descriptor.number(), buffer.data(), BlockSize, static_cast<off_t>(offset));
     if (count < 0) {
-        throw failureFromError(lastSystemError(), fileNotFound());
+        throwLastError();
     }
     return {buffer.data(), static_cast<std::size_t>(count)};
 }

@@ -6,14 +6,14 @@
 
 namespace quillmark {
 
-/// How the disk spells names. Sites are written for disks that do not tell "Page.html" from
-/// "page.html", and have to be found on disks that do.
+/// How the disk spells names. Many sites were written on disks that do not tell "Page.html" from
+/// "page.html", and must be found on disks that do.
 class Spelling {
 public:
-    /// The path with each component that is not there, but differs from one that is only in the
-    /// case of ASCII letters, replaced by that one (the first in byte order). A path without such a
-    /// match comes back as it is. A folder is read once for all names that are looked for in it:
-    /// a site whose pages are all spelled in another way would take a reading for each of them.
+    /// The path as the disk spells it: a component that is not there gives way to one that differs
+    /// only in the case of ASCII letters, the first in byte order. A path without such a match
+    /// comes back as it is. A folder is read once for all names that are looked for in it, since a
+    /// site whose pages are all spelled differently would cost a reading for each of them.
     std::filesystem::path onDisk(const std::filesystem::path& path);
 
 private:

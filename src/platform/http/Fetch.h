@@ -13,18 +13,18 @@ namespace quillmark {
 struct Fetch {
     UrlRequest request;
     std::size_t order = 0; ///< The lower, the sooner it will be asked for.
-    bool head = false;     ///< Its next request does without the body.
+    bool head = false;     ///< Its next request is a HEAD.
     bool ended = false;
-    int retries = 0;                   ///< So many were made.
-    std::chrono::milliseconds spent{}; ///< Of the time that it has, by this try.
+    int retries = 0;                   ///< How many were made.
+    std::chrono::milliseconds spent{}; ///< How much of its time this try has used.
     UrlAnswer answer;
     std::vector<std::string> cookies; ///< As libcurl writes them, from redirect to redirect.
 
-    /// To be requested next: as the page wrote it, or where it was sent to.
+    /// The address to request next: the page's own, or that of the last redirect.
     const std::string& address() const {
         return answer.redirects.empty() ? request.url : answer.redirects.back().to;
     }
-    /// Begins again where the page leads to.
+    /// Begins again at the page's own address.
     void restart() {
         answer = {};
         spent = {};

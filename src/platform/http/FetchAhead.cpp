@@ -9,14 +9,15 @@ namespace {
 
 constexpr int TooManyRequests = 429;
 
-/// Whether the same request may be answered otherwise in a moment. A connection is lost by chance,
-/// too, or because its server sends a body after a HEAD.
+/// Whether the same request may get another answer in a moment. A connection may be lost by chance,
+/// or because the server sends a body after a HEAD.
 bool mayPass(const UrlAnswer& answer) {
     return answer.failure == UrlFailure::TimedOut || answer.failure == UrlFailure::Broken ||
            answer.status == TooManyRequests || (answer.status >= 500 && answer.status < 600);
 }
 
-/// Whether a HEAD says nothing: many servers answer it with less care than a GET.
+/// Whether the answer to a HEAD proves nothing: many servers take less care with it than with a
+/// GET.
 bool provesNothing(const UrlAnswer& answer) {
     return answer.status >= 400 || answer.failure == UrlFailure::TimedOut ||
            answer.failure == UrlFailure::Broken;

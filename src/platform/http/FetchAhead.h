@@ -16,19 +16,21 @@
 
 namespace quillmark {
 
-/// Asks a list of addresses, many at a time, while they are asked for one by one. Each is asked
-/// once however often it is listed, but for what the manners say of HEAD and retries.
+/// Requests many addresses at a time, while its caller asks for the answers one by one. Each is
+/// requested once however often it is listed, apart from what the manners say about HEAD and
+/// retries.
 class FetchAhead {
 public:
     FetchAhead(const FetchLimits& limits, const FetchManners& manners);
 
-    /// The fetch of an address, added behind all others if it is new; it stays where it is.
+    /// The fetch of an address, added behind all others if it is new. It is valid as long as this
+    /// object.
     const Fetch& find(const UrlRequest& request);
-    /// Starts, receives and ends what can be without waiting.
+    /// Starts, receives and ends whatever it can without waiting.
     void drive();
     /// Waits until there is something to drive, `slice` at most.
     void wait(std::chrono::milliseconds slice);
-    /// Tells the progress how many have ended.
+    /// Shows in the progress indicator how many have ended.
     void showProgress() const;
 
 private:
@@ -52,7 +54,7 @@ private:
     std::unordered_map<std::string, Fetch> fetches_;
     std::size_t ended_ = 0;
     HostQueue waiting_;
-    std::multimap<Clock::time_point, Fetch*> resting_; ///< Until when.
+    std::multimap<Clock::time_point, Fetch*> resting_; ///< By the end of their pause.
     std::map<const Transfer*, std::unique_ptr<Transfer>> running_;
 };
 

@@ -39,6 +39,7 @@ void HostQueue::rest(const std::string& host, Clock::time_point until) {
     resting.restsUntil = std::max(resting.restsUntil, until);
 }
 
+// Called before any change to a host, since the order of its first fetch is its key in ready_.
 void HostQueue::withdraw(const Host& host) {
     if (!host.waiting.empty()) {
         ready_.erase(host.waiting.begin()->first);

@@ -17,12 +17,14 @@ public:
 
     explicit HostQueue(std::size_t toOneHost) : toOneHost_(toOneHost) {}
 
+    /// Lets a fetch wait for its host, behind those of a lower order.
     void push(const std::string& host, Fetch& fetch);
-    /// Takes out the first in order whose host has room, or nullptr. It occupies its host until
-    /// leave().
+    /// Takes out the first fetch in order whose host has room and does not rest; nullptr if there
+    /// is none. It occupies its host until leave().
     Fetch* takeFirst(Clock::time_point now);
+    /// Ends a fetch that takeFirst() gave out, which makes room for the host's next one.
     void leave(const std::string& host);
-    /// Leaves a host alone until then.
+    /// Gives a host no new fetch until then.
     void rest(const std::string& host, Clock::time_point until);
 
 private:

@@ -9,7 +9,7 @@ namespace {
 
 // Short enough for the window to stay responsive.
 constexpr std::chrono::milliseconds Slice{25};
-constexpr std::size_t BetweenEvents = 256; // Addresses are taken apart before they are asked.
+constexpr std::size_t BetweenEvents = 256; // Parsing many addresses takes its time.
 
 } // namespace
 

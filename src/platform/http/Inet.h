@@ -11,8 +11,8 @@
 
 namespace quillmark {
 
-/// Asks over http and https, other schemes never; certificates must be good, stored passwords are
-/// not used, the environment's proxies are. An abort ends everything under way at once.
+/// Requests addresses of http and https, never of other schemes. Certificates must be valid. Stored
+/// passwords are not used, the environment's proxies are. An abort ends all requests at once.
 class Inet : public UrlFetcher {
 public:
     Inet(EventLoop& events, const RunState& state, const FetchLimits& limits = {});

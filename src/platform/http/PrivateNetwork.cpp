@@ -20,24 +20,24 @@ struct Network {
 };
 
 constexpr std::array<Network, 10> Private4 = {{
-    {{0}, 8},
+    {{0}, 8}, // "This network".
     {{10}, 8},
-    {{100, 64}, 10},
-    {{127}, 8},
-    {{169, 254}, 16},
+    {{100, 64}, 10},  // Behind a provider's address translation.
+    {{127}, 8},       // This computer.
+    {{169, 254}, 16}, // Link-local.
     {{172, 16}, 12},
-    {{192, 0, 0}, 24},
+    {{192, 0, 0}, 24}, // Protocol assignments.
     {{192, 168}, 16},
-    {{198, 18}, 15},
-    {{224}, 3}, // Multicast, reserved and broadcast.
+    {{198, 18}, 15}, // Benchmarks.
+    {{224}, 3},      // Multicast, reserved and broadcast.
 }};
 
 constexpr std::array<Network, 5> Private6 = {{
-    {{0x00, 0x64, 0xff, 0x9b, 0x00, 0x01}, 48},
-    {{0x01}, 64}, // Discarded.
-    {{0xfc}, 7},
-    {{0xfe, 0x80}, 9}, // Link-local, and what was site-local.
-    {{0xff}, 8},
+    {{0x00, 0x64, 0xff, 0x9b, 0x00, 0x01}, 48}, // Translation to IPv4 within a network.
+    {{0x01}, 64},                               // Discarded.
+    {{0xfc}, 7},                                // Unique local.
+    {{0xfe, 0x80}, 9},                          // Link-local, and what was site-local.
+    {{0xff}, 8},                                // Multicast.
 }};
 
 /// Networks of IPv6 in which an IPv4 address follows the prefix, or ends the address.
@@ -47,9 +47,9 @@ struct Wrapping {
 };
 constexpr std::array<Wrapping, 4> Wrappings = {{
     {{{}, 96}, 12}, // ::1 and :: are 0.0.0.1 and 0.0.0.0 here.
-    {{{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff}, 96}, 12},
-    {{{0x00, 0x64, 0xff, 0x9b}, 96}, 12},
-    {{{0x20, 0x02}, 16}, 2},
+    {{{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff}, 96}, 12}, // Mapped.
+    {{{0x00, 0x64, 0xff, 0x9b}, 96}, 12},                   // Translation to IPv4.
+    {{{0x20, 0x02}, 16}, 2},                                // 6to4.
 }};
 
 bool lies(const Ip6& address, const Network& network) {

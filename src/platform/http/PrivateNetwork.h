@@ -4,9 +4,9 @@
 
 namespace quillmark {
 
-/// Whether an address belongs to this computer, to its own network or to no one in the public
-/// internet (IANA's registries of special-purpose addresses), also where IPv6 wraps such an IPv4
-/// address. So is every family of addresses but these two.
+/// Whether an address belongs to this computer, to its own network or to nobody in the public
+/// internet (IANA's registries of special-purpose addresses). An IPv6 address that wraps such an
+/// IPv4 address counts too, and so does every address that is neither IPv4 nor IPv6.
 bool isPrivate(const sockaddr& address);
 
 } // namespace quillmark

@@ -101,7 +101,8 @@ void Transfer::setReceivers() {
     curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
 }
 
-// A proxy would look up the name by itself, out of sight: addresses are asked without one.
+// A proxy would look up the name itself, where nobody sees to which network it leads, so these
+// requests use none.
 void Transfer::setManners(const FetchManners& manners) {
     if (manners.keepCookies) {
         curl_easy_setopt(easy_.get(), CURLOPT_COOKIEFILE, "");
@@ -133,7 +134,8 @@ int Transfer::status() const {
     return static_cast<int>(info<long>(easy_.get(), CURLINFO_RESPONSE_CODE));
 }
 
-// A host that no network leads to from here may answer others.
+// A host that cannot be reached from here may still answer others: only a refusal is the host's
+// own.
 UrlFailure Transfer::failureOf(CURLcode code) const {
     switch (code) {
     case CURLE_OK:
@@ -190,7 +192,7 @@ bool Transfer::body(std::string_view bytes) {
     return !cut_;
 }
 
-// libcurl remembers each header line by itself, which takes more memory than the line's bytes.
+// libcurl keeps each header line by itself, which takes more memory than the bytes of the line.
 bool Transfer::header(std::string_view line) {
     constexpr std::size_t LineCost = 128;
     headerBytes_ += line.size() + LineCost;

@@ -16,7 +16,7 @@ namespace quillmark {
 struct Reply {
     int status = 0; ///< 0 unless a whole header arrived.
     UrlFailure failure = UrlFailure::None;
-    std::string redirect; ///< Where it sends the asker on to; may be empty.
+    std::string redirect; ///< Where the server redirects to; may be empty.
     std::string contentType;
     std::vector<std::string> cookies;  ///< That may be sent along with the redirect.
     std::chrono::seconds retryAfter{}; ///< The pause that the server wants.
@@ -26,7 +26,7 @@ struct Reply {
 /// One request under way. Its end, early or not, takes it out of the multi handle.
 class Transfer {
 public:
-    /// All arguments but the address outlive the transfer.
+    /// All arguments but the address must outlive the transfer.
     Transfer(CURLM* multi, Fetch& fetch, WebAddress address, const FetchLimits& limits,
              const FetchManners& manners);
     ~Transfer();
@@ -39,7 +39,7 @@ public:
     Fetch& fetch() const { return fetch_; }
     /// The host that is asked, in upper case.
     const std::string& host() const { return host_; }
-    /// What it came to, once libcurl said how it ended.
+    /// What the request came to; `code` is how libcurl says it ended.
     Reply reply(CURLcode code) const;
 
 private:

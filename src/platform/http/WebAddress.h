@@ -12,13 +12,13 @@ namespace quillmark {
 /// are percent-encoded, as browsers do.
 class WebAddress {
 public:
-    /// Nothing for other schemes, addresses that are not absolute, and control bytes.
+    /// nullopt for other schemes, for addresses that are not absolute, and for control bytes.
     static std::optional<WebAddress> parse(const std::string& text);
 
     /// The host's name in upper case, without the port.
     std::string host() const;
-    /// "https://www.site.example:443/path?query": whoever compares the beginnings of two compares
-    /// hosts as a whole, since each is followed by ":" and its port.
+    /// "https://www.site.example:443/path?query", for comparing the beginnings of two addresses.
+    /// The ":" and the port behind the host see to it that hosts are compared whole.
     std::string comparable() const;
     CURLU* handle() const { return url_.get(); }
 

@@ -8,8 +8,8 @@
 
 namespace quillmark {
 
-/// The index of the first name that begins with the typed text, in any case, and is longer. None
-/// for an empty text.
+/// The 0-based index of the first name that is longer than the typed text and begins with it, in
+/// any letter case. nullopt if there is none, and for an empty text.
 std::optional<std::size_t> completion(const std::vector<std::string>& names,
                                       std::string_view typedText);
 

@@ -49,7 +49,7 @@ constexpr std::array<FlagField, 7> Flags = {{
     {&ProfileFields::rootLevel, &Profile::ROOT_LEVEL},
 }};
 
-/// What a file reads by key: a comma does no harm there.
+/// The file holds these by key, so that a comma in them does no harm.
 constexpr std::array<TextField, 4> TextsByKey = {{
     {&ProfileFields::siteUrl, &Profile::SITE_URL},
     {&ProfileFields::siteRoot, &Profile::SITE_ROOT},

@@ -35,7 +35,7 @@ struct ProfileFields {
     std::string siteRoot;
     Encryption encryption = Encryption::None;
     std::int16_t connections = 4; ///< 1 to MostConnections.
-    std::string trusted;          ///< Shown where it matters, and only taken away there.
+    std::string trusted;          ///< Shown where it matters; there the user can only clear it.
     std::string keyFile;
     std::vector<std::string> otherLines; ///< Shown nowhere.
 

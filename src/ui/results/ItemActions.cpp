@@ -63,7 +63,8 @@ Failure fileNotFound(const std::string& path) {
 }
 
 void deleteLocalFile(LocalDisk& disk, std::string_view target) {
-    // The disk takes a folder for no file: the user, who said Yes, must hear that nothing was done.
+    // For the disk a folder is no file, and nothing happens. The user, who said Yes, must hear of
+    // that.
     if (target.ends_with('\\')) {
         throw fileNotFound(ToForwardSlashes(target));
     }

@@ -13,7 +13,7 @@
 
 namespace quillmark {
 
-/// What the commands of one column of a row work on; empty where a command is not offered. Deletion
+/// What the commands in one column of a row work on; empty if a command is not offered. Deletion
 /// and move targets are in "\" form in Local Mode and host paths otherwise.
 struct ItemTarget {
     std::string view;
@@ -25,7 +25,7 @@ struct ItemTarget {
 /// The targets of a row's two columns.
 using ItemTargets = std::array<ItemTarget, 2>;
 
-/// The targets of a row from its texts; `second` is empty where the view has one column. A second
+/// The targets of a row from its texts; `second` is nullopt if the view has one column. A second
 /// text that is a web address can only be viewed: there is no file to delete.
 ItemTargets itemTargets(const RunState& run, std::string_view first,
                         std::optional<std::string_view> second);

@@ -20,13 +20,13 @@ struct ResultDisplay {
     double RunState::*total; ///< The bytes of all rows; null where sizes mean nothing.
     bool masked;             ///< Follows the category selector.
     bool sorted;             ///< Follows the sort selector.
-    /// What a check with the web rules shows, with a column for the line; null where the list is
-    /// what it shows, too.
+    /// The rows that a check with the web rules shows instead, with a column for the line; null if
+    /// it shows the list.
     const SiteRows* site = nullptr;
-    bool reasons = false; ///< And with a column for the reason.
+    bool reasons = false; ///< Such rows have a column for the reason, too.
 };
 
-/// The entries in their order. Both spellings of "Referenced in" are what users know.
+/// The entries in their order. Users know both spellings of "Referenced in".
 inline constexpr std::array<ResultDisplay, 7> ResultDisplays = {{
     {"Host Directory List",
      &ResultLists::DirectoryList,

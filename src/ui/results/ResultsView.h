@@ -25,8 +25,8 @@ struct ResultsSelection {
 };
 
 /// The results of the last run as the window shows them: one list, or a pair as two columns,
-/// filtered and sorted. After a check with the web rules pairs have columns for the line and the
-/// reason, too, notes stand among the invalid references, and no list is too long. Rows are indexes
+/// filtered and sorted. After a check with the web rules pairs also have columns for the line and
+/// the reason, notes stand among the invalid references, and no list is truncated. Rows are indices
 /// and copy nothing: clear() the view before the results are cleared.
 class ResultsView {
 public:

@@ -1,5 +1,7 @@
 #include "ui/results/SiteRows.h"
 
+#include "store/ResultLists.h"
+
 #include <algorithm>
 
 namespace quillmark {
@@ -39,8 +41,7 @@ std::size_t countOfFindings(const SiteResults& results) {
 }
 
 std::string_view findingReference(const SiteResults& results, std::size_t index) {
-    const Finding& finding = results.findings[index];
-    return finding.target.empty() ? finding.reference : finding.target;
+    return results.findings[index].targetOrReference();
 }
 
 SiteRow rowOfFinding(const SiteResults& results, std::size_t index) {
