@@ -36,7 +36,7 @@ TEST(DirItem, TakesListingLines) {
         {"Total", "total 12", {}, {"/www/12000000000"}},
         {"ColumnsShifted", fileLine("4", "a"), {}, {"/www/a000000004"}, 39, 43},
         {"ColumnsZero", fileLine("4", "a"), {}, {"/www/a000000000"}, 0, 9},
-        {"ColumnsReversed", fileLine("4", "a"), {}, {"/www/a000000000"}, 43, 33},
+        {"ColumnsReversed", fileLine("4", "a"), {}, {"/www/a000000000"}, 42, 33},
         {"ColumnsBeyond", fileLine("4", "a"), {}, {"/www/a000000000"}, 900, 910},
     };
     for (const LineCase& row : cases) {

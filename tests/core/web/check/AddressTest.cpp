@@ -47,6 +47,7 @@ TEST(Addresses, ResolveAsBrowsersDo) {
         {"https://[::1]:80/", "other site "},
         {"https://[::1/", "nowhere "},
         {"https://1.2.3.256/", "nowhere "},
+        {"https://1.2.3.08/", "nowhere "},
         {"https://1.2.3.255/", "other site "},
         {"https://0x7f.1/", "other site "},
         {"https://a b/", "nowhere "},
