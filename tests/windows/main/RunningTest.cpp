@@ -139,6 +139,7 @@ private slots:
         QCOMPARE(program.shell.opened.size(), 1U);
         const std::string page = program.folder.read("Quillmark-results.html");
         QVERIFY(page.find("\"finished\":0") != std::string::npos);
+        QVERIFY(page.find("127.0.0.1") != std::string::npos); // The host of the checked profile.
     }
 
     void endsTheRunWhenTheWindowIsClosed() {
