@@ -18,7 +18,7 @@ set(CPACK_DEBIAN_PACKAGE_RECOMMENDS ca-certificates)
 
 set(about "It takes an inventory of the site's files, on this computer or on a web
 host, reads the pages from one start file on, and reports which references
-are invalid, which were ignored, which files nothing uses and which are there
+are invalid, which were ignored, which files nothing uses and which exist
 twice. A check changes nothing in the site.")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_NAME quillmark-check)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_SECTION web)

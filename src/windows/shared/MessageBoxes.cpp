@@ -11,7 +11,7 @@ namespace quillmark {
 namespace {
 
 QMessageBox::StandardButton show(QMessageBox& box) {
-    // Names of profiles and files may look like mark-up.
+    // Names of profiles and files may look like markup.
     box.setTextFormat(Qt::PlainText);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -23,7 +23,7 @@ std::string typed(const QString& text);
 QString plainCaption(const QString& text);
 
 /// The text as a tool tip that shows it literally, up to 2,000 characters; empty for an empty text.
-/// Every text from a page or a host goes through here: Qt renders a tip that looks like mark-up,
+/// Every text from a page or a host goes through here: Qt renders a tip that looks like markup,
 /// and would read the files that it names.
 QString plainToolTip(const QString& text);
 
