@@ -48,7 +48,7 @@ TEST(Addresses, ResolveAsBrowsersDo) {
         {"https://[::1/", "nowhere "},
         {"https://1.2.3.256/", "nowhere "},
         {"https://1.2.3.08/", "nowhere "},
-        {"https://1.2.3.255/", "other site "},
+        {"https://255.2.3.255/", "other site "},
         {"https://0x7f.1/", "other site "},
         {"https://a b/", "nowhere "},
         {"https://a%3Cb/", "nowhere "},
