@@ -34,14 +34,14 @@ struct CheckCommand : testing::Test, CommandBench {
         site.write("index.html", index);
         Words words = {"--no-progress", start()};
         words.insert(words.end(), more.begin(), more.end());
-        Process& process = process_.emplace(command(words));
+        Process& process = running.emplace(command(words));
         while (process.running() && process.errSoFar().find("Retrieving") == std::string::npos) {
         }
         EXPECT_TRUE(process.running());
         return process;
     }
 
-    std::optional<Process> process_;
+    std::optional<Process> running;
 };
 
 TEST_F(CheckCommand, TellsWhatIsWrongWithTheSite) {
