@@ -22,27 +22,14 @@ void reply(const std::string& bytes) {
 
 /// Enters the lines of a listing into the inventory.
 void takeLines(const Lines& lines) {
-    ResultLists lists;
-    RunState state;
-    state.currentDirectory = "/www/";
-    Settings settings;
-    SetDefaultSettings(settings);
-    RecordingMessages messages;
-    DiskAdapter disk;
-    SiteDisk siteDisk;
-    FolderHost host;
-    SilentWeb web;
-    RecordingWindow window;
-    HookedEvents events;
-    Outside outside{messages, disk, host, web, window, events, siteDisk};
-    RunContext context{lists, state, settings, outside, "program"};
-    ListLimit limit(messages, state);
-    RunSounds sounds(window, settings.configuration);
-    HostInventory inventory(context, limit, sounds);
+    RunBench bench;
+    bench.state.currentDirectory = "/www/";
+    RunSounds sounds(bench.window, bench.settings.configuration);
+    HostInventory inventory(bench.context, bench.limit, sounds);
     for (const std::string& line : lines) {
         inventory.FtpXCtl1_DirItem(line);
     }
-    require(lists.FileList.Count() == lists.FileSizes.Count());
+    require(bench.lists.FileList.Count() == bench.lists.FileSizes.Count());
 }
 
 /// A listing gives the same lines in whatever pieces it comes.

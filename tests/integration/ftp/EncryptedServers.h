@@ -2,7 +2,10 @@
 
 #include "integration/ftp/Servers.h"
 
+#include <gtest/gtest.h>
+
 #include <string>
+#include <vector>
 
 namespace quillmark::test {
 
@@ -38,9 +41,30 @@ private:
     std::string fingerprint_;
 };
 
+/// What a user of the command tells of the host.
+inline std::vector<std::string> wordsOf(const FtpLogin& login) {
+    std::vector<std::string> words = {
+        "--host", login.host,     "--port",       std::to_string(login.port),
+        "--user", login.userName, "--encryption", std::string(nameOf(login.encryption))};
+    if (!login.keyFile.empty()) {
+        words.insert(words.end(), {"--key", login.keyFile});
+    }
+    return words;
+}
+/// The password, or that of the key.
+inline const std::string& secretOf(const FtpLogin& login) {
+    return login.keyFile.empty() ? login.password : login.keyPassphrase;
+}
+
 /// The servers by name, for tests that run over each.
 inline std::vector<std::string> encryptedServers() {
     return {"vsftpd", "ProFTPD", "ProFTPD implicit", "ProFTPD SFTP", "OpenSSH"};
+}
+/// The name of such a server as a part of a test's name.
+inline std::string nameOfRow(const testing::TestParamInfo<std::string>& row) {
+    std::string name = row.param;
+    std::erase(name, ' ');
+    return name;
 }
 
 } // namespace quillmark::test

@@ -92,12 +92,7 @@ TEST_P(Encrypted, WhoIsNotVouchedForIsAskedAboutOnceAndGetsNoPassword) {
     EXPECT_EQ(client.trust.asked.size(), 2U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Encrypted, Encrypted, testing::ValuesIn(encryptedServers()),
-                         [](const auto& row) {
-                             std::string name = row.param;
-                             name.erase(std::remove(name.begin(), name.end(), ' '), name.end());
-                             return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Encrypted, Encrypted, testing::ValuesIn(encryptedServers()), nameOfRow);
 
 TEST(EncryptedHost, ACertificateIsRefusedForWhatIsWrongWithIt) {
     const std::vector<std::pair<CertificateFault, std::string>> rows = {

@@ -21,14 +21,12 @@ protected:
     Command saveProfile() const {
         const FtpLogin& login = server.login();
         const char* passive = login.passiveDisabled ? "DISABLE_PASV=1" : "DISABLE_PASV=0";
-        Command command =
-            bench.command({"profile",        "save",         "Host",
-                           "--host",         login.host,     "--user",
-                           login.userName,   "--port",       std::to_string(login.port),
-                           "--start",        bench.start(),  "--set",
-                           "IGNORE_VALUE=1", "--set",        "GET_STATS=1",
-                           "--set",          "START_COL=30", "--set",
-                           "END_COL=43",     "--set",        passive});
+        Words words = wordsOf(login);
+        words.insert(words.begin(), {"profile", "save", "Host"});
+        words.insert(words.end(),
+                     {"--start", bench.start(), "--set", "IGNORE_VALUE=1", "--set", "GET_STATS=1",
+                      "--set", "START_COL=30", "--set", "END_COL=43", "--set", passive});
+        Command command = bench.command(words);
         command.environment["QUILLMARK_PASSWORD"] = login.password;
         return command;
     }
@@ -78,7 +76,12 @@ TEST_P(HostRun, FindsByTheWebRulesWhatTheLocalRunFinds) {
     const std::string start = (site / "index.html").string();
     const auto local = bench.json({"--rules", "web", start});
     ASSERT_EQ(run(saveProfile()).status, 0);
-    const auto host = bench.json({"--profile", "Host", "--rules", "web", "--start", start});
+    const auto over = [&](const char* connections) {
+        return bench.json({"--profile", "Host", "--rules", "web", "--start", start, "--connections",
+                           connections});
+    };
+    const auto host = over("8");
+    EXPECT_EQ(over("1"), host);
     EXPECT_EQ(host["mode"], "remote");
     EXPECT_GT(host["findings"].size(), 10U);
     EXPECT_EQ(host["findings"], local["findings"]);
@@ -110,13 +113,8 @@ TEST_P(EncryptedHostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
     std::filesystem::copy(QUILLMARK_EXAMPLE, bench.site.path(),
                           std::filesystem::copy_options::recursive);
     std::filesystem::remove(bench.site.path() / ".gitattributes");
-    Words words = {
-        "--host",  login.host,           "--port",       std::to_string(login.port),
-        "--user",  login.userName,       "--encryption", std::string(nameOf(login.encryption)),
-        "--trust", server.fingerprint(), "--start",      bench.start()};
-    if (!login.keyFile.empty()) {
-        words.insert(words.end(), {"--key", login.keyFile});
-    }
+    Words words = wordsOf(login);
+    words.insert(words.end(), {"--trust", server.fingerprint(), "--start", bench.start()});
     for (const Words& rules : {Words{"--set", "IGNORECASE=0"}, Words{"--rules", "web"}}) {
         Words local = rules;
         local.push_back(bench.start());
@@ -124,8 +122,7 @@ TEST_P(EncryptedHostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
         remote.insert(remote.end(), words.begin(), words.end());
         remote.insert(remote.end(), {"--json", "-", "-q"});
         Command command = bench.command(remote);
-        const bool byKey = !login.keyFile.empty();
-        command.environment["QUILLMARK_PASSWORD"] = byKey ? login.keyPassphrase : login.password;
+        command.environment["QUILLMARK_PASSWORD"] = secretOf(login);
         const Finished finished = run(command);
         ASSERT_FALSE(finished.out.empty()) << finished.err;
         const auto expected = bench.json(local);
@@ -137,11 +134,7 @@ TEST_P(EncryptedHostRun, FindsWhatTheLocalRunOfTheSameTreeFinds) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Encrypted, EncryptedHostRun, testing::ValuesIn(encryptedServers()),
-                         [](const auto& row) {
-                             std::string name = row.param;
-                             name.erase(std::remove(name.begin(), name.end(), ' '), name.end());
-                             return name;
-                         });
+                         nameOfRow);
 
 TEST(HostRunRefused, TellsWhyTheLoginFailed) {
     const RealServer server("ProFTPD");

@@ -4,8 +4,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace quillmark::test {
 namespace {
 
@@ -18,15 +16,8 @@ protected:
     Trust() { bench.writeBrokenSite(); }
 
     Command command(const Words& more) const {
-        const FtpLogin& login = server.login();
-        Words words = {"--host",       login.host,
-                       "--encryption", std::string(nameOf(login.encryption)),
-                       "--port",       std::to_string(login.port),
-                       "--user",       login.userName,
-                       "--start",      bench.start()};
-        if (!login.keyFile.empty()) {
-            words.insert(words.end(), {"--key", login.keyFile});
-        }
+        Words words = wordsOf(server.login());
+        words.insert(words.end(), {"--start", bench.start()});
         words.insert(words.end(), more.begin(), more.end());
         Command command = bench.command(words);
         command.environment["HOME"] = home.path();
@@ -34,10 +25,7 @@ protected:
         command.environment["QUILLMARK_PASSWORD"] = secret();
         return command;
     }
-    const std::string& secret() const {
-        const FtpLogin& login = server.login();
-        return login.keyFile.empty() ? login.password : login.keyPassphrase;
-    }
+    const std::string& secret() const { return secretOf(server.login()); }
     bool sftp() const { return server.login().encryption == Encryption::Sftp; }
 
     EncryptedServer server{GetParam()};
@@ -94,12 +82,6 @@ TEST_P(KnownHosts, NeverTakesAKeyThatChanged) {
     EXPECT_THAT(refused.err, HasSubstr(before.fingerprint()));
     EXPECT_THAT(refused.err, HasSubstr(server.fingerprint()));
     EXPECT_THAT(refused.err, Not(HasSubstr("--trust")));
-}
-
-std::string nameOfRow(const testing::TestParamInfo<std::string>& row) {
-    std::string name = row.param;
-    name.erase(std::remove(name.begin(), name.end(), ' '), name.end());
-    return name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Host, Trust, testing::ValuesIn(encryptedServers()), nameOfRow);
