@@ -18,10 +18,7 @@ const std::string SmallPage = "<a href=\"x\">\r\n\r\n";
 struct HostBench : RunBench {
     HostBench(const FtpLogin& login, int connections) {
         Profile& profile = settings.profile;
-        profile.HOST_NAME = login.host;
-        profile.HOST_PORT = login.port;
-        profile.USER_NAME = login.userName;
-        profile.USER_PASSWORD = login.password;
+        setLogin(profile, login);
         profile.CONNECTIONS = static_cast<std::int16_t>(connections);
         settings.configuration.IGNORECASE = 0;
     }

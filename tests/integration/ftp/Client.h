@@ -17,6 +17,13 @@ struct RecordedTrace : FtpTrace {
     long count(std::string_view text) const { return std::count(texts.begin(), texts.end(), text); }
 };
 
+inline void setLogin(Profile& profile, const FtpLogin& login) {
+    profile.HOST_NAME = login.host;
+    profile.HOST_PORT = login.port;
+    profile.USER_NAME = login.userName;
+    profile.USER_PASSWORD = login.password;
+}
+
 /// A component with everything that it talks to, and a folder for the pages.
 struct Client {
     explicit Client(const FtpTimeouts& timeouts = {})

@@ -175,22 +175,19 @@ TEST(FtpFaults, PagesArriveAsAWholeOrNotAtAll) {
     }
 }
 
-struct StopRow {
-    const char* scenario;
-    std::string lastCommand; ///< What the host is silent after.
-};
-
 TEST(FtpFaults, StopEndsAWaitingOperationAtOnce) {
-    for (const StopRow& row : {StopRow{"silent", "USER webmaster\r\n"},
-                               {"stalled-listing", "LIST /\r\n"},
-                               {"stalled-reply", "RETR /page\r\n"},
-                               {"no-last-reply", "RETR /page\r\n"}}) {
-        SCOPED_TRACE(row.scenario);
-        const FaultServer server(row.scenario);
+    const std::vector<std::pair<std::string, std::string>> lastCommands = {
+        {"silent", "USER webmaster\r\n"},
+        {"stalled-listing", "LIST /\r\n"},
+        {"stalled-reply", "RETR /page\r\n"},
+        {"no-last-reply", "RETR /page\r\n"}};
+    for (const auto& [scenario, lastCommand] : lastCommands) {
+        SCOPED_TRACE(scenario);
+        const FaultServer server(scenario);
         Client client;
         int waits = 0; // Since the host fell silent.
-        client.events.hook = [&] {
-            waits += waits > 0 || server.log().ends_with(row.lastCommand) ? 1 : 0;
+        client.events.hook = [&, last = lastCommand] {
+            waits += waits > 0 || server.log().ends_with(last) ? 1 : 0;
             client.state.stopped = waits >= 5;
         };
         client.ftp.connect(server.login());

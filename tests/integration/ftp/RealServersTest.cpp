@@ -87,10 +87,7 @@ TEST(HostDelete, TellsWhatItDoesOverAConnectionOfItsOwn) {
     const std::string page = tree.write("sub/page.html", "x").string();
     const std::string directory = (tree.path() / "sub").string() + "/";
     Profile profile;
-    profile.HOST_NAME = server.login().host;
-    profile.HOST_PORT = server.login().port;
-    profile.USER_NAME = server.login().userName;
-    profile.USER_PASSWORD = server.login().password;
+    setLogin(profile, server.login());
     Client client;
     EXPECT_THROW(deleteOnHost(client.ftp, client.messages, profile, directory), Failure);
     EXPECT_FALSE(client.ftp.connected());
