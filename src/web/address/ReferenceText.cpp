@@ -8,10 +8,6 @@ namespace quillmark::web {
 
 namespace {
 
-bool isStripped(char c) {
-    return static_cast<unsigned char>(c) <= 0x20;
-}
-
 bool isLineBreak(char c) {
     return c == '\t' || c == '\n' || c == '\r';
 }
@@ -19,10 +15,10 @@ bool isLineBreak(char c) {
 } // namespace
 
 std::string_view cleanedReference(std::string_view text, std::string& cleaned) {
-    while (!text.empty() && isStripped(text.front())) {
+    while (!text.empty() && isBlankOrControl(text.front())) {
         text.remove_prefix(1);
     }
-    while (!text.empty() && isStripped(text.back())) {
+    while (!text.empty() && isBlankOrControl(text.back())) {
         text.remove_suffix(1);
     }
     if (std::none_of(text.begin(), text.end(), isLineBreak)) {

@@ -11,6 +11,11 @@ constexpr bool isSlash(char c) {
     return c == '/' || c == '\\';
 }
 
+/// A blank or control character: browsers take them away around a reference.
+constexpr bool isBlankOrControl(char c) {
+    return static_cast<unsigned char>(c) <= 0x20;
+}
+
 /// A reference without the blanks and control characters around it and the tabs and line breaks in
 /// it (WHATWG URL, section 4.4). The result is a view of `text`, or of `cleaned` if something had
 /// to be taken out of the middle.

@@ -60,8 +60,7 @@ Target targetFor(const Found& found) {
 /// Whether a reference has blanks or control characters. Browsers take some of them out, so equal
 /// bytes in front of the "#" are not enough to know where it leads.
 bool hasBlanks(std::string_view text) {
-    return std::any_of(text.begin(), text.end(),
-                       [](char c) { return static_cast<unsigned char>(c) <= 0x20; });
+    return std::any_of(text.begin(), text.end(), isBlankOrControl);
 }
 
 bool contains(const std::vector<std::uint64_t>& sorted, std::uint64_t hash) {

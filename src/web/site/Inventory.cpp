@@ -42,7 +42,6 @@ Found Inventory::findExact(std::string_view path) const {
 }
 
 std::uint32_t Inventory::realFile(std::uint32_t file) const {
-    constexpr int MostLinks = 40; // As many as Linux follows.
     for (int links = 0; file < fileLinks_.size() && fileLinks_[file] != file && links < MostLinks;
          ++links) {
         file = fileLinks_[file];

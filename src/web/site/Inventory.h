@@ -13,6 +13,10 @@
 
 namespace quillmark::web {
 
+/// How many links are followed from one to the next: as many as Linux follows. A longer chain goes
+/// in circles.
+inline constexpr int MostLinks = 40;
+
 /// What a path of the site leads to.
 struct Found {
     enum class What : std::uint8_t {

@@ -14,8 +14,6 @@ namespace {
 
 /// In bytes. Linux takes no longer path, so nothing below could be read.
 constexpr std::size_t LongestPath = 4096;
-/// As many as Linux follows; a chain of more goes in circles.
-constexpr int MostLinks = 40;
 
 /// The entries of a folder, sorted by name.
 struct ListedFolder {

@@ -16,7 +16,6 @@ public:
     void insert(std::string_view path, std::uint32_t number);
     /// The number of exactly this path.
     std::optional<std::uint32_t> find(std::string_view path) const;
-    bool empty() const { return entries_.empty(); }
 
 private:
     struct Entry {

@@ -1,6 +1,7 @@
 #include "web/verdict/Diagnosis.h"
 
 #include "web/address/PercentCoding.h"
+#include "web/address/ReferenceText.h"
 #include "web/address/RelativeReference.h"
 
 #include <utility>
@@ -24,7 +25,7 @@ std::string_view suffixOf(std::string_view reference) {
     const std::size_t start = reference.find_first_of("?#");
     std::string_view suffix =
         start == std::string_view::npos ? std::string_view() : reference.substr(start);
-    while (!suffix.empty() && static_cast<unsigned char>(suffix.back()) <= 0x20) {
+    while (!suffix.empty() && isBlankOrControl(suffix.back())) {
         suffix.remove_suffix(1);
     }
     return suffix;

@@ -12,7 +12,7 @@ namespace {
 
 /// The reference up to its "#", and what follows it without ":~:" and the blanks at the end.
 std::pair<std::string_view, std::string_view> split(std::string_view reference) {
-    while (!reference.empty() && static_cast<unsigned char>(reference.back()) <= 0x20) {
+    while (!reference.empty() && isBlankOrControl(reference.back())) {
         reference.remove_suffix(1);
     }
     const std::size_t hash = std::min(reference.find('#'), reference.size());

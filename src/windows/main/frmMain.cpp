@@ -238,6 +238,7 @@ void frmMain::showMessages() {
     ui_->Message->scrollToBottom();
 }
 
+/// Made when it is first needed: most checks never trace.
 frmDebug& frmMain::traceWindow() {
     if (!trace_) {
         trace_ = std::make_unique<frmDebug>(context_, this);
@@ -315,6 +316,7 @@ void frmMain::showNotice() {
     ui_->noticeBar->setVisible(!notice.isEmpty());
 }
 
+/// The name of the profile; a check without one is known by its start page.
 QString frmMain::siteName() const {
     const std::string& start = context_.workspace.settings.profile.START_PATH;
     return shown(currentProfile_.empty() ? ToForwardSlashes(start) : currentProfile_);

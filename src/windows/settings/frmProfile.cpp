@@ -163,6 +163,7 @@ void frmProfile::showRules(Rules rules) {
     }
 }
 
+/// Without a name there is nothing to save under, and only a listed profile can be deleted.
 void frmProfile::nameChanged() {
     ui_->cmdSave->setEnabled(!ui_->cmboProfiles->currentText().isEmpty());
     ui_->cmdDelete->setEnabled(ui_->cmboProfiles->isListed());
@@ -183,6 +184,7 @@ QString frmProfile::note(const ProfileFields& fields) const {
                               : QString();
 }
 
+/// Fields that no file holds come back after the user has looked at other profiles by their names.
 void frmProfile::rememberDraft() {
     draft_.reset();
     if (!ui_->cmboProfiles->isListed() && fields() != ClearFields()) {
@@ -190,6 +192,8 @@ void frmProfile::rememberDraft() {
     }
 }
 
+/// Yes: nothing is left to save. No: the changes are to be dropped. Cancel, or a save that failed:
+/// whatever was to come does not.
 QMessageBox::StandardButton frmProfile::CheckForChanges() {
     if (!hasUnsavedChanges(ui_->cmboProfiles->name(), fields(), context_.workspace.settings)) {
         return QMessageBox::Yes;
@@ -259,7 +263,7 @@ void frmProfile::deleteProfile() {
         const std::string name = ui_->cmboProfiles->name();
         context_.files.remove(profileFileName(name));
         if (name == currentProfileName_) {
-            currentProfileName_.clear();
+            currentProfileName_.clear(); // The next dialog must not look for it.
         }
         ListProfiles({});
         showNewProfile(ClearFields());
@@ -286,6 +290,7 @@ void frmProfile::start() {
     });
 }
 
+/// Says why not here, where the user can mend it, and not after the dialog has gone.
 bool frmProfile::canBegin() {
     try {
         requireStartFile_();
@@ -311,6 +316,7 @@ void frmProfile::chooseKeyFile() {
     }
 }
 
+/// Takes effect with the next save, as any other change of the fields does.
 void frmProfile::forgetTrusted() {
     ProfileFields chosen = fields();
     chosen.trusted.clear();
