@@ -62,6 +62,7 @@ FetchLimits limitsFor(const Options& options) {
     return limits;
 }
 
+/// Without a terminal nobody watches, and a log would fill with passing lines.
 MessageDetail detailFor(const Options& options) {
     if (options.quiet) {
         return MessageDetail::None;
@@ -94,7 +95,7 @@ RunOutcome performRun(const Options& options, Workspace& workspace,
     return run.start();
 }
 
-/// Said with --quiet, too: a check that read nothing must not look like a sound site.
+/// Printed with --quiet too: a site of which little was read must not look sound.
 void warnOfUnread(const Workspace& workspace) {
     for (const std::string& warning :
          readingWarnings(workspace.run.reading, workspace.lists.GetFileList.Count())) {
@@ -102,7 +103,7 @@ void warnOfUnread(const Workspace& workspace) {
     }
 }
 
-/// Says why there are no whole results where neither messages nor the summary have said it.
+/// Says why the results are not whole, unless messages or the summary have said it already.
 void tellOfEarlyEnd(const Options& options, const CappedList& messages) {
     constexpr int MessagesShown = 6;
     if (detailFor(options) != MessageDetail::None || printsSummary(options)) {

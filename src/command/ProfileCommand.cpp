@@ -32,8 +32,8 @@ void requireProfileKeys(const Options& options) {
     }
 }
 
-/// Refuses what would come back changed: a profile file ends a value at its first comma, or, where
-/// it is read by key, at the end of the line.
+/// Refuses what would be read back differently: in a profile file a value ends at its first comma,
+/// or, if it is read by key, at the end of the line.
 void requireStorable(const Profile& profile) {
     for (const std::string& text : {profile.HOST_NAME, profile.USER_NAME, profile.START_PATH,
                                     profile.ACCOUNT_NAME, profile.HOST_ALIAS}) {

@@ -11,6 +11,7 @@ constexpr std::array Signals = {SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t interrupted = 0;
 
+/// Does only what a signal handler may do: sets a flag, or ends the program.
 extern "C" void interrupt(int number) {
     if (interrupted != 0) {
         std::signal(number, SIG_DFL);
@@ -24,7 +25,7 @@ extern "C" void interrupt(int number) {
 StopSignal::StopSignal() {
     interrupted = 0;
     for (const int number : Signals) {
-        // nohup and shells switch signals off for their jobs; they stay off.
+        // nohup and shells switch signals off for their jobs. Those stay off.
         if (std::signal(number, interrupt) == SIG_IGN) {
             std::signal(number, SIG_IGN);
         }

@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <exception>
 
-// What escapes the commands is a machine out of memory: there may be no room for more than this.
+// Only a machine out of memory gets here, and there may be no room for more than this.
 int main(int argc, char* argv[]) try {
     using namespace quillmark;
-    // A reader that went away is an error of writing, with a message and a status of its own.
+    // If the reader of our output goes away, writing fails, with a message and an exit status.
     std::signal(SIGPIPE, SIG_IGN);
     const auto parsed = parseOptions(argc, argv);
     if (parsed.exitStatus) {

@@ -8,14 +8,14 @@
 
 namespace quillmark {
 
-/// What the desktop program is asked for when it is started.
+/// What the command line of the desktop program asks for.
 struct CommandLine {
     ThemeChoice theme = ThemeChoice::System;
     std::string startPath; ///< A page to propose in the profile dialog, "\" form; may be empty.
 };
 
-/// Reads the command line. Ends the program, having said why, for --help, --version and a usage
-/// error.
+/// Reads the command line. Ends the program for --help, --version and a usage error, after saying
+/// why.
 CommandLine readCommandLine(const QCoreApplication& application);
 
 } // namespace quillmark

@@ -4,7 +4,7 @@
 
 namespace quillmark {
 
-/// The printer that the desktop prints on unless it is told otherwise.
+/// The desktop's default printer.
 class DefaultPrinter : public ReportPrinter {
 public:
     bool available() const override;

@@ -15,8 +15,8 @@ QString nameOf(const std::filesystem::path& path) {
     return QFile::decodeName(path.c_str());
 }
 
-/// The filter as Qt takes it: the text to show, and behind it the patterns that are matched. Names
-/// on this machine differ in case, and need no "." to be a file of any kind.
+/// The filter in Qt's form: the text to show, then the patterns to match. On this machine names are
+/// told apart by letter case, and a name without a "." is a file like any other.
 QString matching(const QString& filter) {
     const qsizetype begin = filter.indexOf('(') + 1;
     QString patterns = filter.mid(begin, filter.lastIndexOf(')') - begin);
@@ -50,7 +50,7 @@ std::optional<std::filesystem::path> DesktopFileDialogs::saveFile(QWidget* owner
                                                                   const SaveQuestion& question) {
     QFileDialog dialog(owner, question.title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    // Asked below: some desktops ask about the name before the extension is added.
+    // mayReplace() asks instead: some desktops ask about the name before the extension is added.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setDefaultSuffix(question.extension);
     setFilters(dialog, question.filters);

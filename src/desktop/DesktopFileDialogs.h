@@ -6,8 +6,8 @@
 
 namespace quillmark {
 
-/// The file dialogs of the desktop, or Qt's own where it has none. They begin in the folder that
-/// the last file was chosen in, unless a full path is proposed.
+/// The file dialogs of the desktop, or Qt's own where it has none. They open in the folder where
+/// the last file was chosen, unless a full path is proposed.
 class DesktopFileDialogs : public FileDialogs {
 public:
     std::optional<std::filesystem::path> saveFile(QWidget* owner,

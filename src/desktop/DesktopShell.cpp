@@ -25,10 +25,10 @@ namespace quillmark {
 namespace {
 
 constexpr std::array<std::string_view, 3> WebSchemes = {"HTTP:", "HTTPS:", "FTP:"};
-/// What stands for itself in a web address, beside letters, digits, "-", ".", "_" and "~".
+/// What stays as it is in a web address, besides letters, digits, "-", ".", "_" and "~".
 constexpr const char* AddressCharacters = ":/?#[]@!$&'()*+,;=";
 
-/// Types of files that a desktop starts, installs, or follows to what they start.
+/// Types of files that a desktop runs or installs, or that name a program to run.
 constexpr std::array Programs = {"application/x-executable",
                                  "application/x-sharedlib",
                                  "application/x-desktop",
@@ -46,14 +46,15 @@ constexpr std::array Programs = {"application/x-executable",
                                  "application/vnd.flatpak",
                                  "application/vnd.flatpak.ref",
                                  "application/vnd.snap"};
-/// Types that are shown even if the file is marked executable.
+/// Types that are only shown, even if the file is marked executable.
 constexpr std::array Documents = {"image/",         "audio/",   "video/",
                                   "text/html",      "text/css", "application/xhtml+xml",
                                   "application/pdf"};
-/// The type of JavaScript and of JSON: executable by the tables, yet opened in an editor.
+/// JavaScript, and JSON with it: programs by the desktop's tables, but opened in an editor.
 constexpr const char* Script = "application/ecmascript";
 
-/// A text editor and how it is told a line: what goes before the number, in front of the file.
+/// A text editor, and how it is told a line: the argument before the file begins with `line` and
+/// ends with the number.
 struct Editor {
     const char* program;
     const char* line;
@@ -96,14 +97,14 @@ bool isWebAddress(std::string_view target) {
     });
 }
 
-/// The bytes as a part of a URL, so that a name in any code leads back to its file.
+/// The bytes as a part of a URL, so that a name in any encoding leads back to its file.
 QByteArray encoded(std::string_view bytes, const char* kept) {
     return QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())).toPercentEncoding(kept);
 }
 
 QUrl webAddress(std::string_view target) {
     QByteArray address = encoded(target, AddressCharacters);
-    // A page may name the address encoded already; a "%" of another kind is left to the tolerance.
+    // A page may write the address encoded already. TolerantMode takes care of any other "%".
     address.replace("%25", "%");
     return QUrl::fromEncoded(address, QUrl::TolerantMode);
 }
@@ -134,7 +135,7 @@ bool DesktopShell::startsProgram(std::string_view target) const {
     if (isWebAddress(target)) {
         return false;
     }
-    // Some desktops go by the name of a link, others by what it leads to.
+    // Some desktops judge a link by its name, others by what it leads to.
     const QFileInfo file(QFile::decodeName(nativePath(target).c_str()));
     return mayRun(file) || mayRun(QFileInfo(file.canonicalFilePath()));
 }

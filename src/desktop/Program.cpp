@@ -50,7 +50,7 @@ Program::Program(std::filesystem::path folder, std::filesystem::path help,
     }
 }
 
-// An aborted run ends without ShowResults, and its lists are looked at all the same.
+// An aborted run ends without ShowResults, but users look at its lists as well.
 void Program::leaveRunState() {
     fillLists();
     window_.leaveRunState();
@@ -61,6 +61,7 @@ void Program::ShowResults() {
     window_.ShowResults();
 }
 
+// The lists are filled once per run: a normal end gets here twice.
 void Program::fillLists() {
     const bool filled = workspace_.lists.FileList.Count() > 0;
     if (workspace_.site.filled && !filled) {

@@ -20,7 +20,7 @@
 
 namespace quillmark {
 
-/// What of the desktop the program uses, beside its windows.
+/// The parts of the desktop that the program uses besides its windows.
 struct DesktopParts {
     Shell& shell;
     FileDialogs& dialogs;
@@ -28,11 +28,12 @@ struct DesktopParts {
     std::function<void(std::string_view name)> playSound;
 };
 
-/// The desktop program: owns everything for its life, and wires it together.
+/// The desktop program: owns all its parts for as long as it runs, and connects them.
 class Program : private RunCommands, private RunListener, private HostTrust {
 public:
     /// `folder` is the program's own folder, `help` that of the help pages, both in the machine's
-    /// own form. Reads the configuration; what the user must know of it goes to `messageBox`.
+    /// own form. Reads the configuration; if the user must know something about it, the text goes
+    /// to `messageBox`.
     Program(std::filesystem::path folder, std::filesystem::path help, const DesktopParts& parts,
             const std::function<void(std::string_view)>& messageBox);
 

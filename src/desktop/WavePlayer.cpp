@@ -28,7 +28,8 @@ std::optional<std::filesystem::path> soundFile(const std::vector<std::filesystem
     return std::nullopt;
 }
 
-/// Keeps Qt from complaining on standard error while it lives: a machine without sound is no fault.
+/// Stops Qt from complaining on standard error while this lives: a machine without sound is not a
+/// fault.
 class Silence {
 public:
     Silence() : before_(qInstallMessageHandler(drop)) {}

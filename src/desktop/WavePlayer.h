@@ -9,12 +9,12 @@
 
 namespace quillmark {
 
-/// Plays wave files on the desktop's sound device; a new sound ends the one before. Silent without
-/// a device; without the file, the desktop beeps.
+/// Plays wave files on the desktop's sound device; a new sound ends the one before. Without a
+/// device nothing is heard; if the file is missing, the desktop beeps.
 class WavePlayer {
 public:
     /// Looks for a sound in the program's folder, then among those that came with the program; both
-    /// in the machine's own form. The sound device is not touched before the first sound.
+    /// in the machine's own form. The sound device is not opened before the first sound.
     WavePlayer(std::filesystem::path programFolder, std::filesystem::path installedSounds);
     ~WavePlayer();
     WavePlayer(const WavePlayer&) = delete;

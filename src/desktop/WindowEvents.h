@@ -8,15 +8,15 @@
 
 namespace quillmark {
 
-/// The only place in the program that runs the window system's events from within work.
+/// The only place in the program where window events run in the middle of work.
 class WindowEvents : public EventLoop {
 public:
-    /// Runs what waits, every 15 ms and for 10 ms at most; never from within itself. A call between
-    /// costs no more than a look at the clock.
+    /// Runs waiting events, every 15 ms and for 10 ms at most, and never from within itself. Any
+    /// other call only looks at the clock.
     void DoEvents() override;
 
     /// Waits until a window that was just shown is on the screen, 300 ms at most: for a window that
-    /// has to be seen before work begins.
+    /// must be seen before work begins.
     void waitUntilSeen(const QWidget& window);
 
 private:

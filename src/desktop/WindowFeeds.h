@@ -9,13 +9,13 @@
 
 namespace quillmark {
 
-/// Tells a window that there are new messages; it reads them from the message list.
+/// Tells the window that there are new messages, which it reads from the message list.
 class MessageFeed : public MessageSink {
 public:
     void onPosted(std::function<void()> posted) { posted_ = std::move(posted); }
 
     void posted(bool /*debug*/, std::string_view /*text*/) override { posted_(); }
-    /// A window does not show debug messages.
+    /// The window shows no debug messages.
     bool wantsDebug() const override { return false; }
 
 private:

@@ -4,7 +4,6 @@
 #include "desktop/DefaultPrinter.h"
 #include "desktop/DesktopFileDialogs.h"
 #include "desktop/DesktopShell.h"
-#include "desktop/InstalledFiles.h"
 #include "desktop/Program.h"
 #include "desktop/WavePlayer.h"
 #include "platform/FolderChoice.h"
@@ -13,9 +12,11 @@
 #include "windows/shared/Text.h"
 
 #include <QApplication>
+#include <QFile>
 
 #include <chrono>
 #include <exception>
+#include <filesystem>
 #include <thread>
 
 namespace quillmark {
@@ -25,12 +26,20 @@ namespace {
 constexpr std::chrono::seconds SplashTime{1};
 constexpr int CannotStart = 2;
 
-/// Shows the splash window, and lets it be seen for its time.
+/// Shows the splash window for its time, even if there is nothing to wait for.
 void showSplash(frmSplash& splash) {
     const auto end = std::chrono::steady_clock::now() + SplashTime;
     splash.show();
     WindowEvents().waitUntilSeen(splash);
     std::this_thread::sleep_until(end);
+}
+
+/// Where the files that come with the program are: "share/quillmark" beside the folder of the
+/// executable.
+std::filesystem::path installedFiles() {
+    const std::filesystem::path programs =
+        QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
+    return programs.parent_path() / "share" / "quillmark";
 }
 
 int runProgram(const std::filesystem::path& folder, const CommandLine& line) {
@@ -62,7 +71,7 @@ int Main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(shown(ApplicationTitle));
     QApplication::setApplicationVersion(shown(ApplicationVersion));
-    // The main window ends the program; a message before it must not.
+    // The main window ends the program; closing a message box before it must not.
     QApplication::setQuitOnLastWindowClosed(false);
     const CommandLine line = readCommandLine(application);
     applyTheme(application, line.theme);

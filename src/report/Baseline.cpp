@@ -76,7 +76,8 @@ void applyBaseline(const Baseline& baseline, CheckReport& report) {
             ++report.knownCount;
         }
     }
-    if (report.outcome == RunOutcome::Finished) { // Or else what is missing may be still to come.
+    // In a run that ended early, a finding that is missing may only not have been reached.
+    if (report.outcome == RunOutcome::Finished) {
         for (const auto& mended : left) {
             report.mendedCount += mended.second;
         }

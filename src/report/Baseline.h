@@ -2,7 +2,6 @@
 
 #include "report/CheckReport.h"
 
-#include <filesystem>
 #include <map>
 #include <string>
 #include <string_view>
@@ -10,8 +9,8 @@
 
 namespace quillmark {
 
-/// Findings that a user knows of and lives with for now: by page (from the top of the site),
-/// reference and kind, with their count. Lines do not matter.
+/// The findings that a user knows of and lives with for now, by page (from the top of the site),
+/// reference and kind, each with its count. Lines do not matter, since edits move them.
 struct Baseline {
     struct Key {
         std::string page;
@@ -28,13 +27,15 @@ struct Baseline {
 /// Reads the bytes of a baseline file. Throws a Failure that says what is wrong with them.
 Baseline parseBaseline(std::string_view json);
 
-/// The baseline of all findings of a check, and its file: JSON, a finding a line, sorted so that
-/// versions compare well. Bytes that are not UTF-8 become U+FFFD.
+/// The baseline of all findings of a check.
 Baseline baselineOf(const SiteResults& site);
+
+/// The bytes of a baseline's file: JSON, one finding per line, sorted so that two versions compare
+/// well. Bytes that are not UTF-8 become U+FFFD.
 std::string baselineText(const Baseline& baseline);
 
-/// Marks the findings that the baseline has. Of several alike the first ones are known, as many as
-/// it has.
+/// Marks the findings of the report that the baseline has. Of several alike, the first ones are
+/// known, as many as the baseline counts.
 void applyBaseline(const Baseline& baseline, CheckReport& report);
 
 } // namespace quillmark

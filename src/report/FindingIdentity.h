@@ -11,8 +11,8 @@
 
 namespace quillmark {
 
-/// By what a finding is known again after the lines of its page moved. Where a page has several of
-/// one identity, they are told apart by their count.
+/// What identifies a finding even after the lines of its page have moved. Several findings of a
+/// page with one identity are told apart by their count.
 struct FindingIdentity {
     std::string_view page; ///< From the top of the site.
     std::string_view reference;
@@ -23,10 +23,11 @@ struct FindingIdentity {
     }
 };
 
+/// The identity of a finding of `site`; its texts are views into the results.
 FindingIdentity identityOf(const SiteResults& site, const Finding& finding);
 
-/// A name for each finding that lasts from check to check and that no other finding has: 16
-/// hexadecimal digits.
+/// A name for each finding, in their order, which stays the same from check to check and which no
+/// other finding has: 16 hexadecimal digits.
 std::vector<std::string> fingerprints(const SiteResults& site);
 
 } // namespace quillmark

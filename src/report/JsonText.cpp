@@ -18,8 +18,8 @@ struct Span {
     std::uint32_t last;
 };
 
-/// JSON lets these stand as they are. On a terminal they would steer it, turn the direction of the
-/// text around them, or end a line.
+/// Characters that JSON allows as they are, but that on a terminal control it, change the direction
+/// of the text around them, or end a line.
 constexpr std::array<Span, 6> Steering = {{{0x7F, 0x9F},
                                            {0x61C, 0x61C},
                                            {0x200E, 0x200F},
@@ -33,7 +33,8 @@ bool steers(std::uint32_t codePoint) {
     });
 }
 
-/// The character at `i` of sound UTF-8 and how many bytes it has. Four bytes steer nothing.
+/// The character at byte `i` of valid UTF-8, and how many bytes it has. A character of four bytes
+/// never controls anything: U+10000 stands for all of them.
 std::pair<std::uint32_t, std::size_t> characterAt(std::string_view text, std::size_t i) {
     const auto byte = [&](std::size_t k) {
         return static_cast<std::uint32_t>(static_cast<unsigned char>(text[i + k]));
@@ -89,6 +90,19 @@ std::string jsonAddress(const AskedAddress& asked) {
            ", \"verdict\": " + jsonText(asked.verdict ? nameOf(*asked.verdict) : "sound") +
            ", \"status\": " + jsonStatus(asked.status) +
            ", \"leadsTo\": " + jsonTextOrNull(asked.leadsTo) + "}";
+}
+
+std::string jsonTotals(const KindTotals& totals) {
+    std::string text = "{";
+    for (std::size_t kind = 0; kind < totals.size(); ++kind) {
+        const KindTotal& total = totals.at(kind);
+        text += (kind == 0 ? "\n    " : ",\n    ") +
+                jsonText(nameOf(static_cast<FindingKind>(kind))) +
+                ": {\"errors\": " + std::to_string(total.errors) +
+                ", \"notes\": " + std::to_string(total.notes) +
+                ", \"targets\": " + std::to_string(total.targets) + "}";
+    }
+    return text + "\n  }";
 }
 
 std::string soundUtf8(std::string_view bytes) {

@@ -17,7 +17,7 @@ std::string_view folderOf(std::string_view path) {
     return path.substr(0, path.rfind('/') + 1);
 }
 
-/// FileSizes holds the path and, behind it, the size.
+/// A line of FileSizes is the path followed by the size.
 std::uint64_t sizeIn(std::string_view line, std::size_t pathLength) {
     std::uint64_t size = 0;
     const std::string_view digits = line.substr(pathLength);
@@ -25,8 +25,8 @@ std::uint64_t sizeIn(std::string_view line, std::size_t pathLength) {
     return size;
 }
 
-/// The findings page by page. The pages keep the order of their first findings, the findings
-/// theirs.
+/// Sorts the findings by page. The pages keep the order of their first findings, and the findings
+/// of a page their own order.
 void bringTogether(std::vector<Finding>& findings) {
     std::unordered_map<std::uint32_t, std::size_t> ranks;
     for (const Finding& finding : findings) {
@@ -37,6 +37,7 @@ void bringTogether(std::vector<Finding>& findings) {
     });
 }
 
+/// Builds the results list by list. Pages and targets are numbered as they first occur.
 class ListReader {
 public:
     ListReader(const ResultLists& lists, bool ignoreCase)

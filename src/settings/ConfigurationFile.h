@@ -12,8 +12,8 @@ namespace quillmark {
 inline constexpr std::string_view ConfigurationFileName = "Quillmark.ini";
 
 /// Loads the file over the current values and writes nothing. False if the file is missing, cut
-/// short, cannot be read to its end, or has a first line that is not ours: then a text for the user
-/// goes to `messageBox`, and the settings are reset.
+/// short or cannot be read to its end, or if its first line is not ours. In the last case the
+/// settings are reset, and `messageBox` gets a text for the user.
 bool LoadConfigurations(Settings& settings, SettingsFiles& files,
                         const std::function<void(std::string_view)>& messageBox);
 

@@ -17,14 +17,15 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* FileName = "quillmark.toml";
-constexpr std::size_t LongestMistake = 64; ///< Of a longer word the beginning is compared.
+constexpr std::size_t LongestMistake =
+    64; ///< In bytes; of a longer word only the beginning is compared.
 
-/// Not what a check is done with.
+/// Options that make no sense in a file.
 constexpr std::array<std::string_view, 3> CommandLineOnly = {"config", "help", "version"};
 
-/// What a file that came with a site must not decide, beside all that goes with a host: where
-/// anything is written, which host is talked to, how it proves who it is, and which password it
-/// gets.
+/// What a file that came with a site must not decide, besides all options of HostGroup: where
+/// anything is written, which host is connected to, how it proves its identity, and which password
+/// it gets.
 constexpr std::array<std::string_view, 6> NotInFound = {"folder",  "host",   "json",
                                                         "profile", "report", "write-baseline"};
 constexpr std::array<std::string_view, 8> SettingsNotInFound = {
@@ -35,7 +36,8 @@ template <typename Names> bool isAmong(const Names& names, std::string_view name
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// How many characters have to be put in, left out or changed (Levenshtein).
+/// How many bytes must be inserted, removed or changed to turn one text into the other (Levenshtein
+/// distance).
 std::size_t editsBetween(std::string_view a, std::string_view b) {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
@@ -50,12 +52,13 @@ std::size_t editsBetween(std::string_view a, std::string_view b) {
     return row.back();
 }
 
-/// CLI11's reader of TOML, with what it lets pass held against the options there are.
+/// CLI11's reader of TOML, with checks of our own: it lets unknown options, repeated ones and odd
+/// values pass.
 class OptionsFile : public CLI::ConfigTOML {
 public:
     OptionsFile(const CLI::App& app, const ConfigFile& file)
         : file_(file), folder_(fs::absolute(file.path).parent_path()) {
-        comment('\n'); // Comments are gone, and a "#" in quotes is none.
+        comment('\n'); // readableToml() has removed the comments; any "#" left is in quotes.
         for (const CLI::Option* option : app.get_options()) {
             for (const std::string& name : option->get_lnames()) {
                 if (!isAmong(CommandLineOnly, name)) {
@@ -113,6 +116,7 @@ private:
         return file_.path + ": ";
     }
 
+    /// Whether CLI11 means the begin or the end of a [section] by this item.
     static bool isSection(const CLI::ConfigItem& item) {
         return item.name == "++" || item.name == "--";
     }
@@ -132,7 +136,7 @@ private:
                                         : "; did you mean \"" + nearest + "\"?"));
     }
 
-    /// The one with the fewest edits, unless that is half of it: "" then.
+    /// The option with the fewest edits; "" if they would change half of its name or more.
     std::string nearestOption(const std::string& name) const {
         std::string nearest;
         std::size_t fewest = std::min<std::size_t>(name.size(), LongestMistake) / 2 + 1;
@@ -168,8 +172,8 @@ private:
             throw CLI::ValidationError(
                 place + "\"" + item.name +
                 "\" cannot stand in a file that may have come with the site, since it writes a "
-                "file "
-                "or names a host; give it on the command line, or name the file with --config");
+                "file or names a host; give it on the command line, or name the file with "
+                "--config");
         }
     }
 

@@ -4,6 +4,7 @@ namespace quillmark {
 
 namespace {
 
+/// Copies a text character by character, and knows where quotes, comments and arrays are open.
 class TomlScanner {
 public:
     std::string read(const std::string& text) {

@@ -15,10 +15,10 @@ private:
     int line_;
 };
 
-/// TOML as CLI11's reader takes it: an array stands in one line, without a comma at its end, and
-/// comments are gone, which the reader would look for in quotes, too. Throws a ConfigTextError for
-/// quotes and brackets that do not end, and for a "\" in double quotes: TOML would have it begin an
-/// escape, the reader takes it as it is.
+/// Turns TOML into what CLI11's reader understands: each array in one line, without a comma at its
+/// end, and no comments, which the reader would see in quotes too. Throws a ConfigTextError for
+/// quotes and brackets that are not closed, and for a "\" in double quotes: in TOML it begins an
+/// escape, which the reader would take literally.
 std::string readableToml(const std::string& text);
 
 } // namespace quillmark

@@ -15,10 +15,10 @@ struct NamedList {
     ResultList ResultLists::*from; ///< The referring files of a pair's first list, or null.
 };
 
-/// All result lists but Message, in the order of the JSON output.
+/// All result lists except Message, in the order of the JSON output.
 const std::vector<NamedList>& namedLists();
 
-/// The list of that name, whatever its case, or null.
+/// The list of that name, in any letter case; null if there is none.
 const NamedList* findList(std::string_view name);
 
 /// The names, in lines that fit the help text.

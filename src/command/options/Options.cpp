@@ -68,9 +68,8 @@ void addSource(CLI::App& app, Options& options) {
 }
 
 void addChecking(CLI::App& app, Options& options) {
-    app.add_flag("--ignore-case", options.ignoreCase,
-                 "Accept names in other capital or small letters");
-    app.add_flag("--duplicates", options.duplicates, "Look for files that are there twice");
+    app.add_flag("--ignore-case", options.ignoreCase, "Accept names that differ in letter case");
+    app.add_flag("--duplicates", options.duplicates, "Look for duplicate files");
     app.add_option("--max-levels", options.maxLevels,
                    "List folders to this depth only; 0 is all of them")
         ->type_name("N");
@@ -83,8 +82,8 @@ void addHost(CLI::App& app, Options& options) {
         ->type_name("PATH")
         ->group(group);
     app.add_option("--encryption", options.encryption,
-                   "Keep the talk with the host from others; with none, the default, the password\n"
-                   "can be read on the way: none, tls, implicit or sftp")
+                   "Encrypt the connection to the host: none (the default; others can read the\n"
+                   "password on the way), tls, implicit or sftp")
         ->type_name("NAME")
         ->check(CLI::IsMember({"none", "tls", "implicit", "sftp"}))
         ->group(group);
@@ -99,8 +98,8 @@ void addHost(CLI::App& app, Options& options) {
         ->group(group);
     app.add_option(
            "--trust", options.trusted,
-           "Trust the host that shows the certificate or key with this SHA-256, as a refused\n"
-           "host is shown")
+           "Trust a host whose certificate or key has this SHA-256, as printed when it was\n"
+           "refused")
         ->type_name("SHA256")
         ->group(group);
     app.add_option("--key", options.keyFile,
@@ -150,7 +149,7 @@ void addWebRules(CLI::App& app, Options& options) {
         "repeated",
         "REGEX");
     add("--keep", options.web.keep,
-        "Never call files unused whose path from the top contains the pattern; may be repeated",
+        "Never call a file unused if its path from the top contains the pattern; may be repeated",
         "REGEX");
     flag("--clean-urls", options.web.cleanUrls, "\"about\" finds about.html");
     flag("--all-pages", options.web.allPages, "Read every page, not only those that are reached");
@@ -160,7 +159,9 @@ void addProfileCommand(CLI::App& profile, Options& options, const std::string& n
                        const std::string& description, Action action) {
     CLI::App* command = profile.add_subcommand(name, description);
     command->fallthrough();
-    command->add_option("NAME", options.profile, "Name the profile")->type_name("")->required();
+    command->add_option("NAME", options.profile, "The name of the profile")
+        ->type_name("")
+        ->required();
     command->callback([&options, action] { options.action = action; });
 }
 
@@ -183,20 +184,21 @@ void addOutput(CLI::App& app, Options& options) {
     auto* json = app.add_option("--json", options.json,
                                 "Write every list as JSON to this file (\"-\" is standard output)");
     json->type_name("FILE")->group(ResultsGroup);
-    app.add_option("--list", options.list,
-                   "Print one list, a line an entry; a list of references prints the reference, a\n"
-                   "tab and the page that makes it:\n" +
-                       namesOfLists())
+    app.add_option(
+           "--list", options.list,
+           "Print one list, one entry per line; a list of references prints the reference, a\n"
+           "tab and the page that makes it:\n" +
+               namesOfLists())
         ->type_name("NAME")
         ->group(ResultsGroup);
     auto* quiet =
         app.add_flag("-q,--quiet", options.quiet,
-                     "Print no messages and no progress bar, but warnings; so it is where\n"
-                     "standard error is no terminal");
+                     "Print warnings, but no messages and no progress bar; the default where\n"
+                     "standard error is not a terminal");
     app.add_flag("-v,--verbose", options.verbose,
                  "Print every message on a line of its own, debug messages too")
         ->excludes(quiet);
-    app.add_flag("--color", options.color, "Use colours even if the output is no terminal");
+    app.add_flag("--color", options.color, "Use colours even if the output is not a terminal");
     app.add_flag("--no-progress", options.noProgress,
                  "Print every message on a line of its own instead of a progress bar");
     app.set_version_flag("--version", "quillmark-check " + std::string(ApplicationVersion),
@@ -204,7 +206,7 @@ void addOutput(CLI::App& app, Options& options) {
     app.set_help_flag("-h,--help", "Print this help and end");
 }
 
-/// Checks what no option can check for itself.
+/// Checks how options go together, which no single option can. Throws a CLI::ParseError.
 void checkTogether(const Options& options) {
     if (options.action != Action::Check && options.profile.empty()) {
         throw CLI::ValidationError("a profile needs a name");
@@ -229,8 +231,8 @@ std::string usageError(const std::string& text) {
     return "quillmark-check: " + printable(text) + "\nTry \"quillmark-check --help\".\n";
 }
 
-/// Reads the command line, and what it leaves open from the file. The command line was read by
-/// itself before: what is wrong now is in the file.
+/// Reads the command line, and from the file what it leaves open. With a file, the command line was
+/// read alone before and found sound, so any error now lies in the file.
 ParsedOptions parseWith(int argc, const char* const* argv, const std::optional<ConfigFile>& file) {
     ParsedOptions parsed;
     CLI::App app(Description, "quillmark-check");

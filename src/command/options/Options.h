@@ -19,7 +19,8 @@ enum ExitStatus : int {
     NotFinished = 3 ///< The check was aborted or failed, or its results could not be written.
 };
 
-/// Why a check cannot begin, in words that tell the user what to do about it. Ends with NotStarted.
+/// Why a check cannot begin, in words that tell the user what to do about it. The program then ends
+/// with NotStarted.
 class CannotStart : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -28,7 +29,7 @@ public:
 /// What quillmark-check is asked to do.
 enum class Action { Check, SaveProfile, ShowProfile };
 
-/// The heading in the help text of what goes with a web host.
+/// The heading in the help text over the options of a web host.
 inline constexpr std::string_view HostGroup = "On a web host";
 inline const std::string ResultsGroup = "Results"; ///< What is written, and where.
 
@@ -41,7 +42,7 @@ struct Output {
 /// The command line of quillmark-check.
 struct Options {
     Action action = Action::Check;
-    std::string start;   ///< A local start file, as the user's shell names it.
+    std::string start;   ///< A local start file or its folder, in the machine's own form.
     std::string profile; ///< The name of a profile: to run instead, to save or to show.
     std::string host;    ///< The web host to check instead.
     std::string startPath;
@@ -84,12 +85,14 @@ struct Options {
     bool needsLists() const { return !report.empty() || !json.empty() || !list.empty(); }
 };
 
-/// The command line as it was read. If there is nothing to do (--help, --version, a usage error),
-/// the user has been told, and the exit status is there.
+/// The command line as it was read. If there is nothing more to do (--help, --version, a usage
+/// error), the user has been told, and `exitStatus` is set.
 struct ParsedOptions {
     Options options;
     std::optional<int> exitStatus;
 };
+
+/// Reads the command line, then the file of options if there is one.
 ParsedOptions parseOptions(int argc, const char* const* argv);
 
 } // namespace quillmark

@@ -55,15 +55,14 @@ void addOutputOptions(CLI::App& app, Options& options) {
         ->allow_extra_args(false)
         ->group(ResultsGroup);
     app.add_option("--baseline", options.baseline,
-                   "Leave the findings in this file out of account: the exit status is that of\n"
-                   "new ones")
+                   "Do not count the findings in this file: the exit status is that of new ones")
         ->type_name("FILE")
         ->group(ResultsGroup);
     app.add_option("--write-baseline", options.writeBaseline,
-                   "Write all findings of this check to this file, and end with 0")
+                   "Write all findings of this check to this file, and end with status 0")
         ->type_name("FILE")
         ->group(ResultsGroup);
-    app.add_flag("--strict", options.strict, "Notes count as errors, too")->group(ResultsGroup);
+    app.add_flag("--strict", options.strict, "Count notes as errors")->group(ResultsGroup);
     app.add_option("--path-prefix", options.pathPrefix,
                    "The folder of the site in your repository, which --output puts before paths,\n"
                    "such as public")

@@ -27,8 +27,8 @@ void addLimits(CLI::App& app, Options& options) {
     app.add_option_function<int>(
            "--url-time",
            [&options](int seconds) { options.web.links.time = std::chrono::seconds(seconds); },
-           "End the asking after this time, such as 90s, 10m (if not given) or 2h; what was not\n"
-           "asked by then is a note. 0 is no end")
+           "Stop asking after this time, such as 90s, 10m (if not given) or 2h; an address that\n"
+           "was not asked by then is a note. 0 is no limit")
         ->type_name("TIME")
         ->transform(
             CLI::AsNumberWithUnit(std::map<std::string, int>{{"s", 1}, {"m", 60}, {"h", 3600}},
@@ -41,10 +41,10 @@ void addLimits(CLI::App& app, Options& options) {
 
 void addUrlOptions(CLI::App& app, Options& options) {
     app.add_flag("--check-urls", options.checkUrls,
-                 "Ask the web addresses that pages refer to, whether they are there")
+                 "Check whether the web addresses that pages refer to are there")
         ->group(Group);
     app.add_flag("--url-fragments", options.web.links.fragments,
-                 "Look for their \"#part\"s in the pages that answer")
+                 "Look for the \"#part\" of a web address in the page that answers")
         ->group(Group);
     app.add_option("--header", options.web.links.headers,
                    "Send a header to the addresses that begin with PREFIX, and to no others:\n"
@@ -53,7 +53,7 @@ void addUrlOptions(CLI::App& app, Options& options) {
         ->allow_extra_args(false)
         ->group(Group);
     app.add_flag("--exclude-private", options.web.links.excludePrivate,
-                 "Ask nothing in this computer and in private networks")
+                 "Ask nothing on this computer or in private networks")
         ->group(Group);
     addLimits(app, options);
 }

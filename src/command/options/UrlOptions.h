@@ -8,7 +8,7 @@ class App;
 
 namespace quillmark {
 
-/// Adds the options of web addresses: whether and how they are asked.
+/// Adds the options for web addresses: whether and how servers are asked for them.
 void addUrlOptions(CLI::App& app, Options& options);
 
 } // namespace quillmark

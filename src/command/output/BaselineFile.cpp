@@ -29,7 +29,7 @@ std::optional<Baseline> loadBaseline(const std::string& file) {
     try {
         return parseBaseline(bytes.str());
     } catch (const Failure& failure) {
-        throw CannotStart("\"" + file + "\" is no baseline: " + failure.description());
+        throw CannotStart("\"" + file + "\" is not a baseline: " + failure.description());
     }
 }
 

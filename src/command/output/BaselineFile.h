@@ -7,10 +7,10 @@
 
 namespace quillmark {
 
-/// The baseline in this file; none for "". Throws CannotStart if it cannot be read.
+/// The baseline in this file; nullopt for "". Throws CannotStart if it cannot be read.
 std::optional<Baseline> loadBaseline(const std::string& file);
 
-/// Writes what a check found to this file, in one step. Throws a Failure that names it.
+/// Writes what a check found to this file, in one step. Throws a Failure that names the file.
 void saveBaseline(const std::string& file, const SiteResults& site);
 
 } // namespace quillmark

@@ -39,7 +39,7 @@ void requireGood(const std::ostream& out) {
     }
 }
 
-/// Gives a program the name as it is, and a terminal what cannot steer it.
+/// A program gets the name as it is, a terminal gets one that cannot control it.
 void writeName(std::ostream& out, std::string_view name) {
     static const bool toTerminal = isTerminal(Stream::Output);
     if (toTerminal) {
@@ -84,7 +84,8 @@ bool takesStandardOutput(const Options& options) {
                        [](const Output& output) { return output.file.empty(); });
 }
 
-/// The summary goes where nothing else does: the log of a CI job should tell what was found.
+/// The summary goes to standard output if nothing else does, so that the log of a CI job tells what
+/// was found.
 std::vector<Output> outputsFor(const Options& options) {
     std::vector<Output> outputs = options.outputs;
     if (!options.needsLists() && !takesStandardOutput(options)) {
@@ -93,7 +94,7 @@ std::vector<Output> outputsFor(const Options& options) {
     return outputs;
 }
 
-/// Writes one result after the other, also behind one that was refused.
+/// Writes one result after the other, even after one that could not be written.
 class Attempts {
 public:
     void add(const std::function<void()>& write) {
@@ -104,7 +105,7 @@ public:
             number_ = failure.number();
         }
     }
-    /// Throws a Failure that names all that were refused.
+    /// Throws a Failure that names all that could not be written.
     void finish() const {
         if (!refusals_.empty()) {
             throw Failure(number_, refusals_);

@@ -10,12 +10,12 @@
 
 namespace quillmark {
 
-/// Throws CannotStart if a result cannot be written where the command line wants it. To be asked
-/// before the run: the check of a large site must not be lost to a mistyped folder.
+/// Throws CannotStart if a result cannot be written where the command line wants it. Called before
+/// the run, so that the check of a large site is not lost to a mistyped folder.
 void requireWritableResults(const Options& options);
 
-/// Writes what the command line asks for, or the summary. Throws a Failure that names what cannot
-/// be written.
+/// Writes the results that the command line asks for, or else the summary. Throws a Failure that
+/// names all that could not be written.
 void writeResults(const Options& options, CheckReport& report, const Workspace& workspace);
 
 /// Writes the outcome and every list as one JSON object (RFC 8259). Bytes that are not UTF-8 become
@@ -25,7 +25,7 @@ void writeJson(std::ostream& out, RunOutcome outcome, const Workspace& workspace
 /// Whether the summary goes to standard output.
 bool printsSummary(const Options& options);
 
-/// Writes a file by calling `write`; a Failure of that then names the file.
+/// Calls `write`, which writes the file. A Failure that it throws then names the file.
 void writing(const std::string& file, const std::function<void()>& write);
 
 } // namespace quillmark

@@ -9,14 +9,14 @@
 
 namespace quillmark {
 
-/// The program's own folder.
+/// The program's own folder, as the command line chooses it.
 class ProgramPlace {
 public:
     /// Chooses the folder, and makes it if it is missing. Throws CannotStart if it cannot be used.
     explicit ProgramPlace(const Options& options);
 
-    /// Keeps other checks out of the folder for as long as this lives. Throws CannotStart if one is
-    /// in it.
+    /// Keeps other checks out of the folder for as long as this object lives. Throws CannotStart if
+    /// one is using it.
     void claim();
 
     const std::filesystem::path& folder() const { return folder_; }

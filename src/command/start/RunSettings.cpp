@@ -28,7 +28,7 @@ void applySettings(const std::vector<std::string>& assignments, Settings& settin
     }
 }
 
-/// Prints the text of a message box, whose lines end in CR LF, a line at a time.
+/// Prints the text of a message box, two lines parted by CR LF, line by line.
 void complainInLines(std::string_view text) {
     const std::size_t end = text.find("\r\n");
     complain(text.substr(0, end));
@@ -37,7 +37,7 @@ void complainInLines(std::string_view text) {
     }
 }
 
-/// With a configuration that was cut short a check finds nothing, and looks like a sound site.
+/// With a configuration file that was cut short, a check finds nothing and the site looks sound.
 void warnOfEmptyVocabulary(const Configuration& configuration) {
     if (configuration.lstCheckCommand.Count() == 0 || configuration.lstCheckHTML.Count() == 0) {
         complain("CHECK_COMMAND or CHECK_HTML is empty, so that references are missed; delete "
@@ -72,7 +72,8 @@ void applyEncryption(const Options& options, Settings& settings) {
     }
 }
 
-/// An option that would do nothing is a mistake: the host is not reached as its user thinks.
+/// An option that would do nothing is a mistake: its user believes that the connection is
+/// protected.
 void requireMatchingEncryption(const Options& options, const Profile& profile) {
     if (options.keyFile && profile.ENCRYPTION != Encryption::Sftp) {
         throw CannotStart("--key needs --encryption sftp");
@@ -101,7 +102,7 @@ void applyHost(const Options& options, Settings& settings) {
     }
 }
 
-/// Options that name a setting in plain words.
+/// Applies the options that name a setting in plain words.
 void applyPlainNames(const Options& options, Settings& settings) {
     if (options.ignoreCase) {
         settings.configuration.IGNORECASE = 1;
@@ -114,7 +115,7 @@ void applyPlainNames(const Options& options, Settings& settings) {
     }
 }
 
-/// What the options of the web rules say that a profile can hold, too.
+/// Applies those options of the web rules that a profile can hold too.
 void applyWebRules(const Options& options, Settings& settings) {
     Profile& profile = settings.profile;
     if (options.rules) {
@@ -184,7 +185,7 @@ void loadNamedProfile(const std::string& name, Settings& settings, SettingsFiles
 
 namespace {
 
-/// Takes what the profile and the command line say. Throws if there is nothing to check with them.
+/// Applies the profile and the command line. Throws if there is nothing to check with them.
 void takeRunSettings(const Options& options, Settings& settings, SettingsFiles& files) {
     Profile& profile = settings.profile;
     if (!options.profile.empty()) {
@@ -212,8 +213,8 @@ void takeRunSettings(const Options& options, Settings& settings, SettingsFiles& 
 
 } // namespace
 
-// The file is written last. Capital letters are ignored until it is there, and a check that was
-// refused must not use up the only one that ignores them.
+// The file is written last. Letter case is ignored until the file is there, and a check that is
+// refused must not use up the only one that does so.
 void readSettings(const Options& options, Settings& settings, SettingsFiles& files) {
     SetDefaultSettings(settings);
     const bool complete = LoadConfigurations(settings, files, complainInLines);

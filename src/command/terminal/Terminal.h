@@ -4,11 +4,11 @@
 
 namespace quillmark {
 
-/// Whether standard output should be coloured: asked for, or on a terminal that can, unless
+/// Whether to colour standard output: if asked to, or on a terminal that can show colours, unless
 /// NO_COLOR is set (https://no-color.org).
 bool useColor(bool asked);
 
-/// Tells the user in a line on standard error what is wrong. The text may hold names of any bytes.
+/// Tells the user what is wrong, in one line on standard error. The text may hold any bytes.
 void complain(std::string_view text);
 
 } // namespace quillmark

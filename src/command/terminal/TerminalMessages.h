@@ -13,15 +13,15 @@ namespace quillmark {
 enum class MessageDetail {
     None,   ///< Nothing.
     Newest, ///< One line that shows the newest message and, in long passes, a bar.
-    Lines,  ///< Every message a line.
-    Debug   ///< Debug messages too.
+    Lines,  ///< Every message on a line of its own.
+    Debug   ///< The same, with debug messages.
 };
 
 /// Messages and progress on standard error.
 class TerminalMessages : public MessageSink, public RunListener {
 public:
     explicit TerminalMessages(MessageDetail detail) : detail_(detail) {}
-    /// Takes the line of the newest message away, and writes what is still kept back.
+    /// Erases the line of the newest message, and writes what is still kept back.
     ~TerminalMessages() override;
     TerminalMessages(const TerminalMessages&) = delete;
     TerminalMessages& operator=(const TerminalMessages&) = delete;
@@ -41,7 +41,7 @@ private:
     void draw(std::string_view line);
 
     MessageDetail detail_;
-    std::string kept_;
+    std::string kept_; ///< Lines to be written together: one write for each would slow the run.
     std::string title_;
     bool drawn_ = false;
     std::chrono::steady_clock::time_point lastDrawn_;

@@ -16,7 +16,7 @@ bool TerminalTrust::trusts(const HostIdentity& identity) {
         }
     }
     if (!identity.keyChanged()) {
-        complain("If it is the same, check again with: --trust " +
+        complain("If they are the same, check again with: --trust " +
                  identity.printed(identity.sha256));
     }
     return false;

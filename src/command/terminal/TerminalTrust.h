@@ -4,8 +4,8 @@
 
 namespace quillmark {
 
-/// Trusts nobody: a job has nobody to ask. Tells on standard error what the host showed, and the
-/// option with which the next check trusts it.
+/// Trusts no host, since a job has nobody to ask. Prints on standard error what the host showed,
+/// and the option that makes the next check trust it.
 class TerminalTrust : public HostTrust {
 public:
     bool trusts(const HostIdentity& identity) override;

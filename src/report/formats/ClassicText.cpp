@@ -19,8 +19,8 @@ public:
     }
 
 private:
-    /// Says what a pass found, that this is not all if it was stopped, and that nothing was looked
-    /// for if it never ran: "0 unused files" would read like a sound site.
+    /// Says what a pass found, "so far" if it was stopped, or "not looked for" if it never ran: "0
+    /// unused files" would read like a sound site.
     static std::string found(PassProgress pass, std::size_t count, const std::string& one,
                              const std::string& many) {
         if (pass == PassProgress::Done) {

@@ -5,8 +5,8 @@ namespace quillmark {
 
 namespace {
 
-/// A cell in quotes (RFC 4180). A spreadsheet would run what looks like a formula: an apostrophe
-/// before it makes it a text.
+/// A cell in quotes (RFC 4180). A spreadsheet would run what looks like a formula, so an apostrophe
+/// before it turns it into text.
 std::string cell(std::string_view bytes) {
     const std::string text = printable(bytes);
     std::string result = "\"";
@@ -19,6 +19,7 @@ std::string cell(std::string_view bytes) {
     return result + "\"";
 }
 
+/// An empty cell for 0, which stands for an unknown line or column.
 std::string number(std::uint32_t value) {
     return value == 0 ? "" : std::to_string(value);
 }

@@ -12,18 +12,17 @@ namespace quillmark {
 /// A format that results can be written in.
 struct Format {
     std::string_view name; ///< As users name it: "json".
-    std::string_view purpose;
     void (*write)(std::ostream& out, const CheckReport& report);
 };
 
-/// All formats, in the order of their help text.
+/// All formats, in the order in which users see their names.
 const std::vector<Format>& formats();
 
-/// The format of that name, or null.
+/// The format of that name; null if there is none.
 const Format* findFormat(std::string_view name);
 
-/// What a person wants to know of a check: the counts, each finding under its page, and how to see
-/// the rest. Names below the top are shown from there on.
+/// A summary for people: the counts, each finding under its page, and how to see the rest. Paths
+/// are shown from the top of the site on.
 void writeText(std::ostream& out, const CheckReport& report);
 
 /// Objects for programs, with a version; docs/findings.schema.json describes them. Bytes that are
@@ -38,23 +37,23 @@ void writeSarif(std::ostream& out, const CheckReport& report);
 /// passed one for a page without either. Known findings are left out.
 void writeJunit(std::ostream& out, const CheckReport& report);
 
-/// Workflow commands of GitHub Actions, which show as annotations of a pull request: a line a
+/// Workflow commands of GitHub Actions, which show as annotations of a pull request: one line per
 /// finding. Known findings are left out.
 void writeGithub(std::ostream& out, const CheckReport& report);
 
 /// The Code Quality report of GitLab. Known findings are left out.
 void writeGitlab(std::ostream& out, const CheckReport& report);
 
-/// A table of the findings (RFC 4180) that a spreadsheet may open: no cell is a formula.
+/// A table of the findings (RFC 4180) that is safe to open in a spreadsheet: no cell is a formula.
 void writeCsv(std::ostream& out, const CheckReport& report);
 
-/// Markdown that fits into a comment of a pull request, each target once; says what was left out.
-/// Known findings are.
+/// Markdown that fits into a comment on a pull request. Each target is there once; known findings
+/// are left out, and a last line counts what did not fit.
 void writeMarkdown(std::ostream& out, const CheckReport& report);
 
-/// One page that needs no other file: totals, the site as a map, and the findings to search, group
-/// and print. A check of local files shows the line of each finding, read anew. Nothing in the
-/// names and references of the site takes effect.
+/// One HTML page that needs no other file: totals, the site as a map, and the findings to search,
+/// group and print. After a check of local files it shows the line of each finding, read again now.
+/// Names and references of the site are only ever shown as text.
 void writeHtmlPage(std::ostream& out, const CheckReport& report);
 
 } // namespace quillmark

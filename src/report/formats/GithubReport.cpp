@@ -5,7 +5,7 @@ namespace quillmark {
 
 namespace {
 
-/// The text as a workflow command may hold it: without line ends, and no "%" that would be decoded.
+/// The text as a workflow command may hold it: without line ends, and with each "%" escaped.
 std::string message(std::string_view bytes) {
     std::string result;
     for (const char c : printable(bytes)) {
@@ -14,7 +14,7 @@ std::string message(std::string_view bytes) {
     return result;
 }
 
-/// The same for a property, which ends at "," and ":".
+/// The same for a property, which would end at a "," or ":".
 std::string property(std::string_view bytes) {
     std::string result;
     for (const char c : message(bytes)) {

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int FormatVersion = 1;
 
-/// Each item on a line of its own, written as it comes: there may be a million.
+/// Writes each item as it comes, on a line of its own: there may be a million.
 template <typename Items, typename Write>
 void writeArray(std::ostream& out, std::string_view name, const Items& items, Write write) {
     out << ",\n  \"" << name << "\": [";
@@ -26,7 +26,6 @@ public:
 
     void write() {
         writeHead();
-        writeKinds();
         writeArray(out_, "findings", site_.findings,
                    [this](const Finding& finding, std::size_t i) { writeFinding(finding, i); });
         writeArray(out_, "addresses", site_.addresses,
@@ -53,19 +52,8 @@ private:
              << ", \"folders\": " << counts.folders << "}"
              << ",\n  \"summary\": {\"errors\": " << report_.errors()
              << ", \"notes\": " << report_.notes() << ", \"known\": " << report_.knownCount
-             << ", \"mended\": " << report_.mendedCount << "}";
-    }
-
-    void writeKinds() {
-        out_ << ",\n  \"kinds\": {";
-        for (std::size_t kind = 0; kind < FindingKinds; ++kind) {
-            const KindTotal& total = report_.totals.at(kind);
-            out_ << (kind == 0 ? "\n    " : ",\n    ")
-                 << jsonText(nameOf(static_cast<FindingKind>(kind)))
-                 << ": {\"errors\": " << total.errors << ", \"notes\": " << total.notes
-                 << ", \"targets\": " << total.targets << "}";
-        }
-        out_ << "\n  }";
+             << ", \"mended\": " << report_.mendedCount << "}"
+             << ",\n  \"kinds\": " << jsonTotals(report_.totals);
     }
 
     void writePlace(const Place& at) {

@@ -1,14 +1,15 @@
 #include "base/Printable.h"
 #include "report/formats/Formats.h"
 
-#include <map>
+#include <string>
+#include <vector>
 
 namespace quillmark {
 
 namespace {
 
-/// U+FFFE and U+FFFF in UTF-8: no control characters, and yet no characters of XML (XML 1.0,
-/// production 2).
+/// Whether the text begins with U+FFFE or U+FFFF, which are not control characters but which XML
+/// does not allow either (XML 1.0, production 2).
 bool isNoXmlCharacter(std::string_view text) {
     return text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
 }
@@ -46,7 +47,7 @@ std::string xml(std::string_view bytes) {
     return result;
 }
 
-/// What the suites of one page, or of all pages, add up to.
+/// The totals of one page's suite, or of all suites.
 struct Totals {
     std::size_t tests = 0;
     std::size_t failures = 0;

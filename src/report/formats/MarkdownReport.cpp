@@ -11,7 +11,7 @@ namespace quillmark {
 
 namespace {
 
-/// What GitHub takes as one comment, less the lines that end it.
+/// The most bytes that GitHub takes as one comment, less the lines that end it.
 constexpr std::size_t Most = 65536 - 1024;
 constexpr std::size_t LongestName = 200;
 
@@ -25,7 +25,7 @@ std::size_t longestRunOfBackticks(std::string_view text) {
     return longest;
 }
 
-/// A code span (CommonMark 0.30, section 6.1), in which nothing means anything.
+/// A code span (CommonMark 0.30, section 6.1), in which no character has a meaning.
 std::string code(std::string_view bytes) {
     std::string text = printable(bytes, LongestName);
     text += text.size() < printable(bytes.substr(0, 4 * LongestName)).size() ? "..." : "";
@@ -33,15 +33,14 @@ std::string code(std::string_view bytes) {
     return fence + (fence.size() > 1 ? " " + text + " " : text) + fence;
 }
 
-/// What one repair mends, in most cases.
+/// Findings that one repair fixes, in most cases.
 struct Defect {
     FindingKind kind;
     FindingLevel level;
     std::string_view target;
 
     explicit Defect(const Finding& finding)
-        : kind(finding.kind), level(finding.level),
-          target(finding.target.empty() ? finding.reference : finding.target) {}
+        : kind(finding.kind), level(finding.level), target(finding.targetOrReference()) {}
 
     friend bool operator<(const Defect& a, const Defect& b) {
         return std::tie(a.kind, a.level, a.target) < std::tie(b.kind, b.level, b.target);

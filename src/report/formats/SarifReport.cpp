@@ -18,7 +18,7 @@ std::string sentence(std::string_view explanation) {
     return text + ".";
 }
 
-/// A path as the reference of a URI: what RFC 3986 does not let stand in a path is percent-encoded.
+/// A path as a URI reference: what RFC 3986 does not allow in a path is percent-encoded.
 std::string uriOf(std::string_view path) {
     static constexpr std::string_view Allowed = "-._~/!$&'()*+,;=@";
     std::string uri;
@@ -36,8 +36,8 @@ std::string uriOf(std::string_view path) {
     return uri;
 }
 
-/// A message as the standard wants it: braces stand for arguments and brackets for links unless
-/// they are doubled or escaped (SARIF 2.1.0, sections 3.11.5 and 3.11.6).
+/// A message as SARIF wants it: braces mark arguments and brackets mark links, unless they are
+/// doubled or escaped (SARIF 2.1.0, sections 3.11.5 and 3.11.6).
 std::string messageText(std::string_view text) {
     std::string result;
     for (const char c : text) {

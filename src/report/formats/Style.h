@@ -5,6 +5,7 @@
 
 namespace quillmark {
 
+/// Codes of ECMA-48 that switch a terminal's style on, and back to plain.
 inline constexpr std::string_view PlainStyle = "\x1B[0m";
 inline constexpr std::string_view Bold = "\x1B[1m";
 inline constexpr std::string_view Dim = "\x1B[2m";
@@ -12,7 +13,7 @@ inline constexpr std::string_view Red = "\x1B[1;31m";
 inline constexpr std::string_view Green = "\x1B[1;32m";
 inline constexpr std::string_view Yellow = "\x1B[1;33m";
 
-/// The text between the codes of the style, or as it is without colours.
+/// The text in the style, or as it is if `color` is false.
 inline std::string styled(bool color, std::string_view style, const std::string& text) {
     return color ? std::string(style) + text + std::string(PlainStyle) : text;
 }

@@ -56,7 +56,7 @@ private:
         out_ << "\n";
     }
 
-    /// The references stand in one column, unless one of them is long.
+    /// The references are padded to one column; a long one sticks out.
     void writePage(const std::vector<const Finding*>& findings) {
         if (findings.empty()) {
             return;

@@ -19,7 +19,7 @@ namespace quillmark {
 
 namespace {
 
-/// The levels of findings for the page's script: errors, notes, and what a baseline knows.
+/// The level of a known finding for the page's script, after errors (0) and notes (1).
 constexpr int KnownLevel = 2;
 
 constexpr int NewestMessages = 5;
@@ -27,8 +27,8 @@ constexpr std::size_t MostColumns = 1000;
 constexpr std::size_t MostBytes = 4 * MostColumns;  // Of the longest characters.
 constexpr std::size_t ShortBytes = MostColumns / 4; // Escaped, a byte takes four columns.
 
-/// The bytes as a JSON string within a script element: nothing in it can end that element, and what
-/// would steer a terminal or is not UTF-8 is shown as on a terminal.
+/// The bytes as a JSON string for a script element: nothing in it can end that element. Control
+/// characters and what is not UTF-8 are written as printable() does.
 std::string pageText(std::string_view bytes) {
     std::string text = "\"";
     for (const char c : printable(bytes)) {
@@ -44,7 +44,7 @@ std::string pageText(std::string_view bytes) {
     return text + '"';
 }
 
-/// A reference may hold megabytes: an image, for one.
+/// Cuts a long text: a reference may hold megabytes, such as a whole image.
 std::string shortText(std::string_view bytes) {
     if (bytes.size() <= ShortBytes) {
         return pageText(bytes);
@@ -67,10 +67,10 @@ std::string now() {
     return text.str();
 }
 
-/// Texts that many findings share, each of which is written once.
+/// Texts that many findings share, each written once.
 class SharedTexts {
 public:
-    /// Where the text stands among all().
+    /// The index of the text in all().
     std::size_t numberOf(std::string_view text) {
         const auto number = numbers_.try_emplace(std::string(text), all_.size());
         if (number.second) {
@@ -85,7 +85,8 @@ private:
     std::vector<std::string_view> all_;
 };
 
-/// Writes the results as the page's script reads them: rows of values, without names.
+/// Writes the results as the page's script (results.js) reads them: rows of values without names,
+/// since a large site has tens of thousands.
 class PageResults {
 public:
     PageResults(std::ostream& out, const CheckReport& report)
@@ -122,8 +123,8 @@ private:
              << ",\"unusedKnown\":" << bit(report_.run->unusedPass == PassProgress::Done);
     }
 
-    /// What a user must know before trusting the results, and what a run said last that did not
-    /// reach its end.
+    /// Writes what a user must know before trusting the results, and the last messages of a run
+    /// that did not reach its end.
     void writeMessages() {
         const auto pages = static_cast<int>(report_.counts.pages);
         const std::vector<std::string> warnings = readingWarnings(report_.run->reading, pages);
@@ -187,7 +188,7 @@ private:
 
     void writePlace(const Place& at) { out_ << at.page << "," << at.line << "," << at.column; }
 
-    /// The line of a page as it is now. Findings come page by page: each is read once.
+    /// The line of a page as it is now. Findings come page by page, so each page is read once.
     Excerpt sourceOf(const Place& at) {
         if (!report_.run->localMode || at.line == 0) {
             return {};
@@ -199,7 +200,7 @@ private:
         return source_->around(at.line, at.column);
     }
 
-    /// What findings of one cause have in common.
+    /// What findings with one cause share.
     std::string targetOf(const Finding& finding) const {
         return finding.target.empty() ? std::string(finding.reference)
                                       : report_.shownPath(finding.target);

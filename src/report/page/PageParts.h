@@ -4,8 +4,8 @@
 
 namespace quillmark {
 
-/// The page without its results, as the build put it together: what stands before the JSON object
-/// that holds them, and what stands after it.
+/// The page without its results, as the build puts it together: what comes before the JSON object
+/// that holds them, and what comes after it.
 extern const std::string_view PageBeginning;
 extern const std::string_view PageEnd;
 

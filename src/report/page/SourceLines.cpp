@@ -19,7 +19,7 @@ std::string readAll(const std::string& file) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(file, error);
     if (error) {
-        return {}; // What took its place, a pipe for one, could keep us waiting.
+        return {}; // Something else there now, such as a pipe, could keep us waiting.
     }
     std::string bytes(size, '\0');
     std::ifstream in(file, std::ios::binary);
@@ -41,7 +41,7 @@ bool continuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
 }
 
-/// Where the character is that stands `count` characters behind `from`, or the end.
+/// The position `count` characters after `from`, or the end of the text.
 std::size_t forward(std::string_view text, std::size_t from, std::size_t count) {
     for (; count > 0 && from < text.size(); --count) {
         do {
@@ -51,6 +51,7 @@ std::size_t forward(std::string_view text, std::size_t from, std::size_t count) 
     return from;
 }
 
+/// The position `count` characters before `from`, or 0.
 std::size_t backward(std::string_view text, std::size_t from, std::size_t count) {
     for (; count > 0 && from > 0; --count) {
         do {
@@ -85,7 +86,7 @@ Excerpt SourceLines::around(std::uint32_t line, std::uint32_t column) {
     return excerpt;
 }
 
-/// Whether there is such a line.
+/// Moves to a 1-based line; false if there is none.
 bool SourceLines::goTo(std::uint32_t line) {
     if (line < line_) {
         line_ = 1;

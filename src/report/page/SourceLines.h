@@ -6,8 +6,8 @@
 
 namespace quillmark {
 
-/// A piece of a line: what stands before a place, and what begins there. Both are empty where the
-/// line cannot be read any more.
+/// A piece of a line: what comes before a place, and what begins there. Both are empty if the line
+/// can no longer be read.
 struct Excerpt {
     std::string before;
     std::string after;
@@ -19,8 +19,8 @@ public:
     /// Reads the file (full path in "/" form). One that cannot be read has no lines.
     explicit SourceLines(const std::string& file);
 
-    /// What stands around a place (1-based line; column in characters): UTF-8 of a length to look
-    /// at, with "…" where the line goes on. Places in rising order are found fastest.
+    /// The text around a place (1-based line; 1-based column, in characters): UTF-8, short enough
+    /// to look at, with "…" where the line goes on. Places in rising order are found fastest.
     Excerpt around(std::uint32_t line, std::uint32_t column);
 
 private:

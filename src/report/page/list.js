@@ -3,7 +3,7 @@
 const firstChunk = 200;
 const largestChunk = 2000;
 const mostPrinted = 2000;
-// The browser lays a long table out again with each row that comes, so another one follows it.
+// A browser lays out a long table again for each new row, so rows beyond this go to another table.
 const mostTableRows = 250;
 
 function isIn(path, folderOrFile) {
@@ -11,7 +11,7 @@ function isIn(path, folderOrFile) {
     return isFolder ? path.startsWith(folderOrFile) : path === folderOrFile;
 }
 
-/** The items by the group that `groupOf` gives, as {name, items}. */
+/** Groups the items by what `groupOf` gives for each: [{name, items}], in the order of discovery. */
 function grouped(items, groupOf) {
     const groups = new Map();
     for (const item of items) {
@@ -34,7 +34,7 @@ function sorted(groups, sort) {
     return groups;
 }
 
-/** The list of one view: what a search and the chosen folder leave of it, in groups, row by row. */
+/** The list of one view, in groups: the items that match the search and lie in the chosen folder. */
 class FindingList {
     constructor() {
         this.search = document.getElementById('search');
@@ -51,7 +51,7 @@ class FindingList {
         addEventListener('beforeprint', () => this.#preparePrint());
     }
 
-    /** Shows a view of what lies in a folder ("" for the site), or of one file. */
+    /** Shows the items of a view in a folder ("" is the whole site), or those of one file. */
     show(view, path) {
         if (view !== this.view) {
             this.view = view;
@@ -115,7 +115,7 @@ class FindingList {
         return said('No ' + many + (results.finished ? '.' : ' so far.'));
     }
 
-    /** Appends the next rows. */
+    /** Appends the next rows: a whole list at once would freeze the page of a large site. */
     #addRows(number) {
         const added = document.createDocumentFragment();
         for (const line of this.lines.slice(this.next, this.next + number)) {
@@ -132,7 +132,7 @@ class FindingList {
         }
         this.rows.append(added);
         this.next = Math.min(this.next + number, this.lines.length);
-        // More each time, so that the end of a long list is soon reached.
+        // More rows each time, so that the end of a long list is soon reached.
         this.chunk = Math.min(2 * this.chunk, largestChunk);
         this.#offerMore();
     }
@@ -153,7 +153,7 @@ class FindingList {
     }
 
     /**
-     * A table for the rows to come, in a section that the browser leaves out while nobody sees it.
+     * A table for the next rows, in a section that the browser skips while it is out of sight.
      */
     #newTable(heading) {
         this.body = element('tbody');

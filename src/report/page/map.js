@@ -3,11 +3,11 @@
 const paper = {
     width: 700,
     height: 340
-}; // Pixels: #rectangles on paper.
+}; // Pixels: the size of #rectangles in print.
 const titleHeight = 20;
-const shortestName = 56; // Pixels: less shows no more than the beginning of a name.
+const shortestName = 56; // Pixels: a narrower rectangle would show only the beginning of a name.
 const frameEdge = 2;
-const smallestArea = 80; // Square pixels: what is smaller is drawn as one, for nobody could hit it.
+const smallestArea = 80; // Square pixels: nobody could hit less, so smaller ones share one rectangle.
 const smallestInside = 12; // Pixels: a folder with less room is drawn as one rectangle.
 
 /** The children of a folder that get a rectangle, largest first; the smallest ones share one. */
@@ -24,7 +24,7 @@ function drawnChildren(folder, area) {
     return drawn.sort((a, b) => b.size - a.size);
 }
 
-/** What stands for files and folders that are too small: it has no path. */
+/** Stands for files and folders that are too small to draw. It has no path. */
 function together(nodes) {
     const made = {name: counted(nodes.length, 'smaller one'), ...noTotals()};
     nodes.forEach((node) => addUp(made, node));
@@ -47,7 +47,7 @@ function inside({x, y, width, height}, top) {
     };
 }
 
-/** Places an element by parts of the box around it: paper may be wider or narrower. */
+/** Places an element in per cent of the box around it, since paper may be wider or narrower. */
 function put(made, box, around) {
     made.style.left = (100 * (box.x - around.x)) / around.width + '%';
     made.style.top = (100 * (box.y - around.y)) / around.height + '%';
@@ -56,7 +56,7 @@ function put(made, box, around) {
     return made;
 }
 
-/** Draws what a folder holds into its frame, folders in folders, as far as there is room. */
+/** Draws the contents of a folder into its frame, nested as deep as there is room. */
 function fillFrame(frame, frameBox, folder, box) {
     const draw = (className, part) => {
         frame.append(put(element('span', {className}), part, frameBox));
@@ -144,7 +144,7 @@ class SiteMap {
         return made;
     }
 
-    /** What is too small to be drawn stands in the table. */
+    /** A press on what is too small to draw opens the table, which lists it. */
     #press(node) {
         if (node.path === undefined) {
             document.getElementById('contents').open = true;
@@ -168,7 +168,7 @@ class SiteMap {
         }
     }
 
-    /** One rectangle is in the order of Tab; the arrow keys lead to the others. */
+    /** Tab reaches one rectangle only; the arrow keys lead to the others. */
     #focus(made) {
         for (const other of this.area.children) {
             other.tabIndex = other === made ? 0 : -1;

@@ -15,7 +15,7 @@ function refresh() {
     document.getElementById('list').className = 'tone-' + chosen.view;
 }
 
-/** Shows a folder, or what is the matter with a file. */
+/** Shows a folder, or the view that says what is wrong with a file. */
 function choosePath(path) {
     const viewsOfStates = {errors: 'errors', unused: 'unused', duplicate: 'duplicates'};
     chosen.path = path;
@@ -28,7 +28,7 @@ function chooseView(name) {
     refresh();
 }
 
-/** A total, which shows its view. */
+/** The button of a total, which shows its view. */
 function viewChoice(name) {
     const {items, one, many} = views[name];
     const input = element('input', {type: 'radio', name: 'view', id: 'view-' + name});
@@ -57,7 +57,7 @@ function tellCheck() {
     document.getElementById('map').hidden = files.size === 0;
 }
 
-/** Tells of a check that did not reach its end, or could hardly read its pages. */
+/** Warns if the check did not reach its end or could not read all of its pages. */
 function tellOutcome() {
     const isSound = results.finished && results.warnings.length === 0;
     document.body.classList.toggle('doubtful', !isSound);
@@ -72,7 +72,7 @@ function tellOutcome() {
     }
 }
 
-/** The button offers the theme that is not on: what the system prefers, until somebody chooses. */
+/** The button offers the other theme. At first the page has the one that the system prefers. */
 function addThemeButton() {
     const button = document.getElementById('theme');
     const system = matchMedia('(prefers-color-scheme: dark)');

@@ -1,6 +1,6 @@
 'use strict';
 
-// What the check wrote into this page. Its lists hold rows of values, as short as they can be: a
+// What the check wrote into this page. Its lists hold rows of values, as short as possible, since a
 // large site has tens of thousands.
 const results = JSON.parse(document.getElementById('results').textContent);
 
@@ -34,7 +34,7 @@ const [errors, notes, known] = [0, 1, 2].map(
     (level) => findings.filter((finding) => finding.level === level),
 );
 
-/** The files of the site by path, with their totals: see the tree. */
+/** The files of the site by path, with their totals (tree.js tells what these are). */
 const files = new Map();
 for (const [path, size, isUnused] of results.files) {
     const state = isUnused ? 'unused' : 'sound';
@@ -61,7 +61,7 @@ for (const {path} of errors) {
     }
 }
 
-/** The lower-case text that a search looks into; made when it is first needed. */
+/** The text of an item that a search looks into, in lower case; made on first use. */
 function textOf(item) {
     const {path, reference, target, kind, suggestion, before, after} = item;
     const texts = [path, reference, target, kind, suggestion, before, after];
@@ -69,5 +69,5 @@ function textOf(item) {
     return item.text;
 }
 
-/** The name of the folder that the site lies in. */
+/** The name of the folder that holds the site. */
 const siteName = results.top.split('/').filter(Boolean).pop() ?? '/';

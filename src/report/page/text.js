@@ -1,6 +1,6 @@
 'use strict';
 
-// Signs that nobody sees: a name with one is another name. What steers a text is escaped already.
+// Invisible characters: a name with one is another name. Those that control a text come escaped.
 const hiddenSigns = /[\u00ad\u200b\u2028\u2029\u2060\ufeff]/g;
 
 /**
@@ -20,7 +20,7 @@ function element(name, properties = {}, ...children) {
     return made;
 }
 
-/** Puts a text of the site into an element that keeps its writing direction to itself. */
+/** Puts a text of the site into an element whose writing direction affects nothing around it. */
 function shown(text, className = '') {
     const made = element('bdi', {className});
     let end = 0;
@@ -42,7 +42,7 @@ function plain(text) {
     return text.replace(hiddenSigns, (sign) => hiddenSign(sign).textContent);
 }
 
-/** A table with a name for those who do not see it; columns are [class, title]. */
+/** A table with a name for screen readers; columns are [class, title]. */
 function newTable(name, columns, body) {
     const heads =
         columns.map(([className, title]) => element('th', {scope: 'col', className}, title));

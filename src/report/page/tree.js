@@ -1,8 +1,8 @@
 'use strict';
 
-// The site as a tree. A file is {name, path} and totals: {size, count, errors, unused, duplicates,
-// state}. A folder has `children`, too, and adds their totals up; its path ends in "/", but for the
-// site's own, which is empty.
+// The site as a tree. A file has {name, path} and totals: {size, count, errors, unused, duplicates,
+// state}. A folder also has `children`, and its totals are their sums. Its path ends in "/"; that of
+// the site itself is empty.
 
 function worseState(a, b) {
     const states = ['sound', 'duplicate', 'unused', 'errors'];
@@ -17,7 +17,7 @@ function newFolder(name, path) {
     return {name, path, ...noTotals(), children: new Map()};
 }
 
-/** The folder `name` of a folder, which gets one if there is none. */
+/** The subfolder `name` of a folder; made if there is none. */
 function subfolder(folder, name) {
     const key = name + '/';
     if (!folder.children.has(key)) {
@@ -46,10 +46,10 @@ for (const file of files.values()) {
     folder.children.set(name, {...file, name});
 }
 
-/** A check by the classic rules knows sizes only if it was asked to. */
+/** A check by the classic rules may know no sizes. */
 const hasSizes = site.size > 0;
 
-/** The folder of a path, which is a folder itself if it ends in "/". */
+/** The folder that a path lies in, or the folder that it names if it ends in "/". */
 function folderAt(path) {
     const names = path.split('/').slice(0, -1);
     return names.reduce((folder, name) => folder.children.get(name + '/'), site);
@@ -70,7 +70,7 @@ function pathAbove(path) {
     return path.slice(0, path.slice(0, -1).lastIndexOf('/') + 1);
 }
 
-/** What the map and its table say of a file or folder: "3 files, 12 kB, 1 error". */
+/** What the map says about a file or folder: "3 files, 12 kB, 1 error". */
 function descriptionOf(node) {
     const parts = node.children ? [counted(node.count, 'file')] : [];
     if (hasSizes) {

@@ -1,9 +1,9 @@
 'use strict';
 
 /**
- * Divides an area among sizes (largest first, none of them 0) into rectangles that are as square as
- * can be: squarified treemaps, after Bruls, Huizing and van Wijk, 2000. Gives {x, y, width, height}
- * for each size.
+ * Divides an area into one rectangle for each size (largest first, none of them 0), as square as
+ * possible: squarified treemaps, after Bruls, Huizing and van Wijk, 2000. Returns
+ * {x, y, width, height} for each size.
  */
 function divide(sizes, {x, y, width, height}) {
     const rectangles = [];
@@ -35,7 +35,7 @@ function divide(sizes, {x, y, width, height}) {
     return rectangles;
 }
 
-/** The sizes from `first` on that stand best side by side: as many as make none of them thinner. */
+/** The sizes from `first` on that share a row best: one more would make the rectangles thinner. */
 function squarestRow(sizes, first, side, scale) {
     let sum = 0;
     let best = Infinity;

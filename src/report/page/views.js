@@ -1,9 +1,9 @@
 'use strict';
 
-// The lists. Each has `items`, or none if nobody looked for them, and words for their number.
-// `groups` tells how they can be grouped: the group of an item, its title where that is more than
-// the group's name, the columns as [class, title], and the cells of an item. `sorts` holds
-// comparisons of groups, {name, items}, and of items; without one, they stay in their order.
+// The lists. Each has `items` (null if the check did not look for them) and words for their number.
+// `groups` says how they can be grouped: the group of an item, its title if that is more than the
+// group's name, the columns as [class, title], and the cells of an item. `sorts` holds comparisons
+// of groups, {name, items}, and of items; without a comparison they keep their order.
 
 const hasPlaces = findings.some((finding) => finding.place);
 const placeColumn = [hasPlaces ? 'place' : 'no place', 'Place'];

@@ -9,7 +9,7 @@ function pathButton(path, name, choose) {
     return made;
 }
 
-/** Shows the way from the site to a folder or file; each folder on it leads back. */
+/** Shows the path from the site to a folder or file as buttons that lead back. */
 function showWay(path, choose) {
     const steps = [element('li', {}, pathButton('', siteName, choose))];
     for (let at = path; at !== ''; at = pathAbove(at)) {
@@ -29,7 +29,7 @@ function tableRow(node, choose) {
     );
 }
 
-/** Lists what a folder holds, for those who cannot use the map or want to know exactly. */
+/** Lists the contents of a folder, for people who cannot use the map or want exact figures. */
 function showTable(folder, choose) {
     const nodes = [...folder.children.values()].sort((a, b) => b.size - a.size);
     const rows = nodes.slice(0, mostFolderRows).map((node) => tableRow(node, choose));

@@ -63,8 +63,7 @@ Failure fileNotFound(const std::string& path) {
 }
 
 void deleteLocalFile(LocalDisk& disk, std::string_view target) {
-    // For the disk a folder is no file, and nothing happens. The user, who said Yes, must hear of
-    // that.
+    // deleteIfThere() leaves a folder alone. The user, who said Yes, must hear of that.
     if (target.ends_with('\\')) {
         throw fileNotFound(ToForwardSlashes(target));
     }
