@@ -34,6 +34,7 @@ Failure failureFromError(const std::error_code& error, const Failure& missing) {
     if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
         return missing;
     }
+    // To the user a read-only disk is a matter of permission, too.
     if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
         error == std::errc::read_only_file_system) {
         return permissionDenied();

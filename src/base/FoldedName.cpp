@@ -40,6 +40,7 @@ std::string lowerAscii(std::string_view text) {
 } // namespace
 
 std::string foldedName(std::string_view name) {
+    // Nearly all names are ASCII, which needs no look at the Unicode tables.
     if (isAscii(name)) {
         return lowerAscii(name);
     }

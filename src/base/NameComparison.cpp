@@ -10,10 +10,6 @@ namespace quillmark {
 
 namespace {
 
-bool isAsciiByte(char c) {
-    return static_cast<unsigned char>(c) < 0x80;
-}
-
 unsigned char upperByte(char c) {
     return static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
 }
@@ -34,7 +30,7 @@ std::size_t NameHash::operator()(std::string_view name) const {
     if (comparison_ == NameComparison::Exact) {
         return std::hash<std::string_view>()(name);
     }
-    if (std::all_of(name.begin(), name.end(), isAsciiByte)) {
+    if (isAscii(name)) {
         return hashAsciiUpper(name);
     }
     return hashAsciiUpper(upperCase(name));
@@ -47,9 +43,7 @@ bool NameEqual::operator()(std::string_view a, std::string_view b) const {
     if (comparison_ == NameComparison::Exact) {
         return false;
     }
-    const bool ascii = std::all_of(a.begin(), a.end(), isAsciiByte) &&
-                       std::all_of(b.begin(), b.end(), isAsciiByte);
-    if (!ascii) {
+    if (!isAscii(a) || !isAscii(b)) {
         return upperCase(a) == upperCase(b);
     }
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),

@@ -32,6 +32,7 @@ void CheckRun::stop() {
 }
 
 RunOutcome CheckRun::HostHandler() {
+    // While the run lets events run, the user may change settings.
     const Settings snapshot = settings_;
     try {
         prepare();

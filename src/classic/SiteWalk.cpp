@@ -72,6 +72,8 @@ void SiteWalk::scanStartFile() {
 
 void SiteWalk::scanReferencedPages() {
     const ResultList& references = references_.lines();
+    // The list grows while its pages are scanned. A page that moves away leaves its place to the
+    // next.
     for (int i = 0; i < references.Count() && !context_.state.abort;) {
         context_.outside.events.DoEvents();
         const bool moved = isOtherPage(references.Line(i)) && !scanReferencedPage(i);
@@ -123,6 +125,7 @@ void SiteWalk::moveToInvalid(int i) {
     limit_.apply(invalid.lines(), "Invalid Reference List");
     limit_.apply(invalid.from(), "Invalid References From List");
     references_.remove(i);
+    // The lines behind it have moved down by one.
     --expectedPages_;
 }
 

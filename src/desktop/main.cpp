@@ -60,6 +60,7 @@ int runProgram(const std::filesystem::path& folder, const CommandLine& line) {
     program.window().show();
     splash.close();
     if (!line.startPath.empty()) {
+        // The dialog is modal and must not open before the event loop runs.
         QMetaObject::invokeMethod(
             &program.window(), [&] { program.window().chooseProfile(line.startPath); },
             Qt::QueuedConnection);

@@ -13,6 +13,7 @@ struct KindTexts {
     std::string_view help;
 };
 
+/// In the order of FindingKind, whose values are the indices.
 constexpr std::array<KindTexts, FindingKinds> Kinds = {{
     {"missing", FindingLevel::Error, "there is no such file",
      "Write the name of a file that is there, or add the file to the site."},
@@ -62,6 +63,7 @@ constexpr std::array<KindTexts, FindingKinds> Kinds = {{
      "Visitors cannot reach it. Write a public address, or remove the reference."},
 }};
 
+/// In the order of IgnoredReason.
 constexpr std::array<std::string_view, IgnoredReasons> Reasons = {
     "another site", "other scheme",      "above the top of the site",
     "excluded",     "folder not listed", "ignored by the classic rules"};

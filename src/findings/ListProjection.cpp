@@ -24,6 +24,7 @@ void projectReferences(const SiteResults& results, ResultLists& lists) {
     if (results.pages.empty()) {
         return;
     }
+    // The start page comes first, as in a check with the classic rules.
     lists.ReferenceList.AppendView(results.pagePath(0));
     lists.ReferenceListFrom.AppendView(BaseFile);
     for (std::uint32_t page = 0; page < results.pages.size(); ++page) {
@@ -41,6 +42,7 @@ void projectReferences(const SiteResults& results, ResultLists& lists) {
 
 void projectFindings(const SiteResults& results, ResultLists& lists) {
     for (const Finding& finding : results.findings) {
+        // The lists have no place for notes.
         if (finding.level == FindingLevel::Error) {
             lists.InvalidReferences.AppendView(finding.targetOrReference());
             lists.InvalidReferencesFrom.AppendView(results.pagePath(finding.at.page));

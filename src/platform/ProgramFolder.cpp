@@ -56,6 +56,7 @@ std::filesystem::path ProgramFolder::checkedPath(std::string_view name) const {
     if (name.find_first_of("/\\") != std::string_view::npos) {
         throw pathNotFound();
     }
+    // The operating system would read the name only up to the zero byte.
     if (name.find('\0') != std::string_view::npos) {
         throw diskFailure(std::make_error_code(std::errc::invalid_argument).message());
     }

@@ -108,6 +108,7 @@ void replaceFile(const std::filesystem::path& file, std::string_view bytes, mode
 }
 
 void deleteIfThere(const std::filesystem::path& file) {
+    // A folder counts as no file, which is no failure.
     if (::unlink(file.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR || errno == EISDIR) {
         return;
     }

@@ -12,6 +12,7 @@ namespace quillmark {
 /// The findings that a user knows of and lives with for now, by page (from the top of the site),
 /// reference and kind, each with its count. Lines do not matter, since edits move them.
 struct Baseline {
+    /// What makes two findings the same one.
     struct Key {
         std::string page;
         std::string reference;

@@ -42,6 +42,7 @@ CheckReport makeReport(RunOutcome outcome, const SiteResults& site, const Result
     } else {
         report.ofLists = resultsOfCheck(lists, report.start, run, settings);
         report.results = report.ofLists.get();
+        // The top itself is not in the list of folders.
         report.counts = {sizeOf(lists.GetFileList), sizeOf(lists.ReferenceList),
                          sizeOf(lists.FileList), sizeOf(lists.DirectoryList) + 1};
     }

@@ -29,6 +29,7 @@ std::vector<std::string> fingerprints(const SiteResults& site) {
     for (const Finding& finding : site.findings) {
         const FindingIdentity identity = identityOf(site, finding);
         std::string text(nameOf(identity.kind));
+        // Zero bytes part the texts, none of which holds one.
         text.append(1, '\0').append(identity.page).append(1, '\0').append(identity.reference);
         text.append(1, '\0').append(std::to_string(++counts[identity]));
         result.push_back(hexadecimal(hashOf(text)));

@@ -62,6 +62,7 @@ private:
         for (int i = 0; i < lists_.FileList.Count(); ++i) {
             SiteFile file;
             file.path = lists_.FileList.Line(i);
+            // readUnused() takes it back where it does not hold.
             file.used = true;
             if (i < lists_.FileSizes.Count()) {
                 file.size = sizeIn(lists_.FileSizes.Line(i), file.path.size());

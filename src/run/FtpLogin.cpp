@@ -12,6 +12,7 @@ FtpLogin loginOf(const Profile& profile) {
     login.encryption = profile.ENCRYPTION;
     login.connections = profile.CONNECTIONS;
     login.trusted = fingerprintIn(profile.TRUSTED);
+    // The password opens the key file then, and must not reach the host.
     if (profile.logsInByKeyFile()) {
         login.keyFile = profile.KEY_FILE;
         login.keyPassphrase = profile.USER_PASSWORD;

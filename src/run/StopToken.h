@@ -6,6 +6,7 @@ namespace quillmark {
 class StopToken {
 public:
     virtual ~StopToken() = default;
+    /// Whether the work is to end.
     virtual bool stopped() = 0;
 };
 

@@ -55,6 +55,8 @@ bool LoadConfigurations(Settings& settings, SettingsFiles& files,
             readSetting(reader, settings, setting);
         }
         return true;
+        // Whatever is wrong with the file, the program works with what was read and the values
+        // before.
     } catch (const Failure&) {
         return false;
     }
@@ -68,6 +70,7 @@ void ReadConfigurations(Settings& settings, SettingsFiles& files,
 }
 
 void SaveConfigurations(Settings& settings, SettingsFiles& files) {
+    // Users edit the text; the list follows it here.
     SplitFileMasks(settings.configuration.fileMasksText, settings.configuration.masks.lstFileMasks);
     std::string bytes;
     appendLine(bytes, VersionKey, ApplicationVersion);

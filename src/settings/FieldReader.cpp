@@ -47,6 +47,7 @@ std::string_view FieldReader::readField() {
 
 std::string_view FieldReader::readQuotedField() {
     rest_.remove_prefix(1);
+    // Without a closing quote this takes the rest of the file.
     const std::string_view field = takeUpTo("\"");
     rest_.remove_prefix(std::min<std::size_t>(1, rest_.size()));
     skipBlanks();
@@ -65,6 +66,7 @@ void FieldReader::skipBlanks() {
 }
 
 void FieldReader::skipDelimiter() {
+    // CR LF is one line end: taken for two, it would add an empty field.
     if (rest_.starts_with("\r\n")) {
         rest_.remove_prefix(2);
     } else if (!rest_.empty() && FieldEnds.find(rest_.front()) != std::string_view::npos) {

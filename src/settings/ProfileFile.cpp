@@ -14,6 +14,7 @@ constexpr std::string_view ProfileExtension = ".pro";
 
 constexpr std::string_view KeyCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
 
+/// Resets the values that a file need not have: those of the profile loaded before must not stay.
 void forgetOptionalLines(Settings& settings) {
     const Settings fresh{{}, newProfile()};
     for (const SettingKey& setting : OptionalProfileKeys) {
@@ -107,12 +108,14 @@ void SaveProfile(const Settings& settings, SettingsFiles& files, std::string_vie
         appendSetting(bytes, settings, setting);
     }
     appendOptionalLines(bytes, settings);
+    // The file holds a password.
     files.replace(profileFileName(name), bytes, FileAccess::OwnerOnly);
 }
 
 void TrustHost(Settings& settings, SettingsFiles& files, std::string_view name,
                std::string_view fingerprint) {
     settings.profile.TRUSTED = fingerprint;
+    // Loaded anew: the current profile may hold changes that nobody has saved.
     Settings stored;
     if (!name.empty() && LoadProfile(stored, files, name)) {
         stored.profile.TRUSTED = fingerprint;

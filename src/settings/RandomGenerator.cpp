@@ -20,11 +20,13 @@ float RandomGenerator::reseed(float number) {
         return current();
     }
     const auto bits = std::bit_cast<std::uint32_t>(number);
+    // The state has no room for the top byte, which is added to the rest.
     state_ = (bits + (bits >> 24)) & StateBits;
     return next();
 }
 
 void RandomGenerator::mix(float number) {
+    // The upper half of a double: its sign, its exponent and the first bits of its fraction.
     const auto bits =
         static_cast<std::uint32_t>(std::bit_cast<std::uint64_t>(double{number}) >> 32);
     const std::uint32_t folded = (bits & 0xFFFF) ^ (bits >> 16);

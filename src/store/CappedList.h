@@ -15,6 +15,7 @@ public:
     /// reference whole, even one of megabytes.
     static constexpr std::size_t LargestSize = std::size_t{16} * 1024 * 1024;
 
+    /// Adds a copy of the line at the end. The line itself stays, however long it is.
     void Append(std::string_view line) {
         size_ += line.size();
         lines_.emplace_back(line);
@@ -22,6 +23,7 @@ public:
             RemoveFirst();
         }
     }
+    /// Removes the oldest line; there must be one.
     void RemoveFirst() {
         size_ -= lines_.front().size();
         lines_.pop_front();

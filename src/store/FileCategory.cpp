@@ -38,6 +38,7 @@ bool subCheckMask(std::string_view name, std::optional<FileCategory> selected,
     case FileCategory::Archive:
         return ListContains(masks.lstArchiveMask, extension);
     case FileCategory::UserDefined:
+        // Users write their own masks with the "." or without it.
         return ListContains(masks.lstFileMasks, "." + std::string(extension)) ||
                ListContains(masks.lstFileMasks, extension);
     }

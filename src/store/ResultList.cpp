@@ -7,6 +7,7 @@ namespace quillmark {
 
 ResultList::ResultList() : bytes_(std::make_shared<TextStore>()) {}
 
+// A copy has bytes of its own, so that it stays valid when the other list is cleared.
 ResultList::ResultList(const ResultList& other) : ResultList() {
     for (int i = 0; i < other.Count(); ++i) {
         Append(other.Line(i));
@@ -24,6 +25,7 @@ ResultList& ResultList::operator=(const ResultList& other) {
 }
 
 void ResultList::Append(std::string_view line) {
+    // A ...From list names one page many times in a row.
     const bool repeated = !lines_.empty() && lines_.back() == line;
     lines_.push_back(repeated ? lines_.back() : bytes_->keep(line));
 }
@@ -55,6 +57,7 @@ void ResultList::Clear() {
     gapStart_ = 0;
     gapLength_ = 0;
     borrowed_.clear();
+    // New bytes, since other lists may share the old ones.
     bytes_ = std::make_shared<TextStore>();
 }
 
@@ -70,6 +73,7 @@ std::size_t ResultList::place(int i) const {
     return index < gapStart_ ? index : index + gapLength_;
 }
 
+// Moves the lines between the old and the new place of the gap to its other side.
 void ResultList::moveGapTo(std::size_t index) {
     if (gapLength_ == 0) {
         gapStart_ = index;

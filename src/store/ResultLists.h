@@ -49,6 +49,7 @@ class ListPair {
 public:
     ListPair(ResultList& lines, ResultList& from) : lines_(lines), from_(from) {}
 
+    /// Appends a line to each list.
     void Append(std::string_view line, std::string_view from) {
         lines_.Append(line);
         from_.Append(from);
@@ -58,6 +59,7 @@ public:
         lines_.AppendFrom(other.lines_, i);
         from_.AppendFrom(other.from_, i);
     }
+    /// Removes line i of both lists.
     void Remove(int i) {
         lines_.Remove(i);
         from_.Remove(i);

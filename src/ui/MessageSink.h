@@ -11,6 +11,7 @@ public:
 
     /// One message, without a line end. Debug messages come only to a sink that wants them.
     virtual void posted(bool debug, std::string_view text) = 0;
+    /// Whether the sink shows debug messages.
     virtual bool wantsDebug() const = 0;
 };
 

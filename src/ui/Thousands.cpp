@@ -30,6 +30,7 @@ char userThousandsSeparator() {
         const auto& numbers = std::use_facet<std::numpunct<char>>(user);
         return numbers.grouping().empty() ? UsualSeparator : numbers.thousands_sep();
     } catch (const std::runtime_error&) {
+        // The environment names a locale that is not installed.
         return UsualSeparator;
     }
 }

@@ -98,6 +98,7 @@ void HostInventory::FtpXCtl1_DirItem(std::string_view line) {
     if (line.size() < 3 || line.front() == '.') {
         return;
     }
+    // Hosts differ in the columns before the name: it is what follows the last blank.
     const std::string_view fields = line.substr(2);
     const std::string_view name = fields.substr(fields.rfind(' ') + 1);
     if (name == "." || name == "..") {
@@ -145,6 +146,7 @@ void HostInventory::addFile(std::string_view name, std::int32_t size) {
 
 std::int32_t HostInventory::sizeInLine(std::string_view line) const {
     const Profile& profile = context_.settings.profile;
+    // Sizes are not known without a sound range of columns.
     if (profile.START_COL < 1 || profile.END_COL <= profile.START_COL) {
         return 0;
     }

@@ -22,6 +22,7 @@ BaseUrl computeBaseUrl(std::string_view hostName) {
     if (hostName.empty()) {
         return {address(hostName), false};
     }
+    // A numeric address has no "ftp" to replace.
     if (isDigit(hostName.front())) {
         return {address(hostName), true};
     }

@@ -37,6 +37,7 @@ std::int16_t PageRetrieval::RetrieveFile(bool skipCheck) {
 }
 
 std::int16_t PageRetrieval::retrieveFromHost(bool skipCheck) {
+    // If the host refuses this page, the page before must not be scanned in its place.
     context_.outside.disk.deleteIfThere(context_.workingCopy);
     const bool retrieved =
         context_.outside.ftp.retrieve(context_.state.currentFile, context_.workingCopy);

@@ -152,6 +152,7 @@ void Scanner::CheckCommand(std::string_view tag) {
         if (found == std::string::npos) {
             continue;
         }
+        // The first keyword of the list that the tag holds decides, wherever the tag holds it.
         if (keyword != "VALUE" || configuration.IGNORE_VALUE == 0) {
             ParseObject(found + 1, tag);
             return;

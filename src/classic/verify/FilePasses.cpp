@@ -39,6 +39,7 @@ void FilePasses::checkUnusedFiles() {
     const std::vector<bool> used = referredTo();
     for (int i = 0; i < files.Count() && !context_.state.abort; ++i) {
         context_.step(i, files.Count());
+        // Stop may have been pressed during the step.
         if (!context_.state.abort && !used[static_cast<std::size_t>(files_.find(files.Line(i)))]) {
             context_.lists.UnusedList.AppendFrom(files, i);
             limit_.apply(context_.lists.UnusedList, "Unused File List");

@@ -10,6 +10,7 @@ void PhraseSearch::begin() {
 }
 
 bool PhraseSearch::take(std::string_view bytes) {
+    // The phrase may lie across two pieces, so the end of the earlier one is kept.
     const std::size_t kept = phrase_.size() - 1;
     tail_ += bytes.substr(0, kept);
     found_ = found_ || tail_.find(phrase_) != std::string::npos ||

@@ -34,6 +34,7 @@ void ReferencePasses::checkReferences() {
     const ResultList& references = references_.lines();
     for (int i = 0; i < references.Count() && !context_.state.abort; ++i) {
         context_.step(i, references.Count());
+        // Stop may have been pressed during the step.
         if (!context_.state.abort && !files_.contains(references.Line(i))) {
             addInvalidReference(i);
         }
@@ -62,6 +63,7 @@ void ReferencePasses::checkDuplicateIgnoredReferences() {
 
 void ReferencePasses::removeEarlierDuplicates(ListPair list) {
     const ResultList& lines = list.lines();
+    // Counted beforehand: comparing each line with all others would take too long for long lists.
     std::unordered_map<std::string_view, int> occurrences;
     for (int i = 0; i < lines.Count(); ++i) {
         ++occurrences[lines.Line(i)];
@@ -134,6 +136,7 @@ void ReferencePasses::checkURLs() {
             requests.push_back(requestFor(ignored.Line(i)));
         }
     }
+    // Many are fetched at a time, but judged in the order of the list.
     context_.outside.inet.expect(requests, {});
     for (int i = 0; i < ignored.Count() && !context_.state.abort;) {
         const std::string_view url = ignored.Line(i);
@@ -143,6 +146,7 @@ void ReferencePasses::checkURLs() {
             ++i;
         }
     }
+    // After Stop, some may still be under way.
     context_.outside.inet.expect({}, {});
 }
 

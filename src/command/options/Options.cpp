@@ -263,6 +263,7 @@ ParsedOptions parseWith(int argc, const char* const* argv, const std::optional<C
 } // namespace
 
 ParsedOptions parseOptions(int argc, const char* const* argv) {
+    // Read once without the file, which lies beside the start page that the command line names.
     ParsedOptions parsed = parseWith(argc, argv, std::nullopt);
     if (!parsed.exitStatus && parsed.options.action == Action::Check) {
         if (const auto file = configFileFor(parsed.options)) {

@@ -77,6 +77,7 @@ bool TerminalMessages::timeToDraw() {
 
 void TerminalMessages::draw(std::string_view line) {
     write(EraseLine);
+    // One column stays free: in the last one the cursor would go to the next line.
     write(printable(line, terminalWidth(Stream::Error) - 1));
     drawn_ = true;
 }

@@ -139,6 +139,7 @@ void DiskAdapter::endRun() {
 
 void DiskAdapter::read(std::string_view file,
                        const std::function<bool(std::string_view block)>& take) {
+    // A page that was just copied is still in memory.
     if (kept_ > 0 && file == target_) {
         take({buffer_.data(), kept_});
         return;

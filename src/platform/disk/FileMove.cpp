@@ -155,6 +155,7 @@ void moveFile(const fs::path& source, const fs::path& target) {
     copyStatus(original.status(), copy.descriptor());
     copy.flush();
     expectEqual(original.descriptor(), copy.descriptor());
+    // Checked before the copy takes the target's name, and again before the original goes.
     original.expectUnchanged();
     copy.rename(target);
     original.expectUnchanged();

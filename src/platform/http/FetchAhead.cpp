@@ -28,6 +28,7 @@ bool provesNothing(const UrlAnswer& answer) {
 FetchAhead::FetchAhead(const FetchLimits& limits, const FetchManners& manners)
     : limits_(limits), manners_(manners), multi_(curl_multi_init()),
       waiting_(limits.toOneHost.value_or(manners.toOneHost)) {
+    // A connection is kept for each request that may run at once.
     curl_multi_setopt(multi_.get(), CURLMOPT_MAXCONNECTS, static_cast<long>(limits.inAll));
 }
 
@@ -37,6 +38,7 @@ const Fetch& FetchAhead::find(const UrlRequest& request) {
     if (isNew) {
         fetch.request = request;
         fetch.order = fetches_.size();
+        // A HEAD brings no body to read.
         fetch.head = manners_.headFirst && request.reader == nullptr;
         enqueue(fetch);
     }

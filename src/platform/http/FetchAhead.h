@@ -21,6 +21,7 @@ namespace quillmark {
 /// retries.
 class FetchAhead {
 public:
+    /// Copies both. Nothing is requested before find().
     FetchAhead(const FetchLimits& limits, const FetchManners& manners);
 
     /// The fetch of an address, added behind all others if it is new. It is valid as long as this

@@ -38,6 +38,7 @@ UrlAnswer Inet::OpenURL(const UrlRequest& request) {
         fetches_->wait(Slice);
         fetches_->drive();
     }
+    // Ends all requests.
     expect({}, {});
     return {UrlFailure::NotAsked, 0, {}};
 }

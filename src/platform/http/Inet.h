@@ -15,6 +15,7 @@ namespace quillmark {
 /// passwords are not used, the environment's proxies are. An abort ends all requests at once.
 class Inet : public UrlFetcher {
 public:
+    /// Refers to `events` and `state`, whose abort flag ends all requests.
     Inet(EventLoop& events, const RunState& state, const FetchLimits& limits = {});
 
     void expect(const std::vector<UrlRequest>& requests, const FetchManners& manners) override;

@@ -121,6 +121,7 @@ Reply Transfer::reply(CURLcode code) const {
     CURL* const easy = easy_.get();
     Reply reply;
     reply.status = answered_ ? status() : 0;
+    // A transfer that we cut ourselves brought as much as anybody wants.
     reply.failure = cut_ ? UrlFailure::None : failureOf(code);
     reply.redirect = textInfo(easy, CURLINFO_REDIRECT_URL);
     reply.contentType = textInfo(easy, CURLINFO_CONTENT_TYPE);

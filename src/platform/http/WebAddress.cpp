@@ -9,6 +9,7 @@ std::optional<WebAddress> WebAddress::parse(const std::string& text) {
     const CURLUcode code = curl_url_set(address.handle(), CURLUPART_URL, text.c_str(),
                                         CURLU_URLENCODE | CURLU_ALLOW_SPACE);
     const std::string scheme = address.part(CURLUPART_SCHEME);
+    // libcurl reads a text only up to a zero byte.
     if (code != CURLUE_OK || text.find('\0') != std::string::npos ||
         (scheme != "http" && scheme != "https")) {
         return std::nullopt;

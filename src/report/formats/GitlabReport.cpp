@@ -21,7 +21,9 @@ void writeGitlab(std::ostream& out, const CheckReport& report) {
             << ", \"check_name\": " << jsonText(nameOf(finding.kind))
             << ", \"fingerprint\": " << jsonText(names[i]) << ", \"severity\": "
             << (finding.level == FindingLevel::Error ? "\"major\"" : "\"info\"")
-            << ", \"location\": {\"path\": " << jsonText(report.shownPage(finding.at))
+            << ", \"location\": {\"path\": "
+            << jsonText(report.shownPage(finding.at))
+            // GitLab needs a line, and the classic rules know none.
             << ", \"lines\": {\"begin\": " << std::max(finding.at.line, 1U) << "}}}";
         separator = ",\n  ";
     }

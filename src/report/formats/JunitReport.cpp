@@ -75,6 +75,7 @@ PageFindings newFindings(const CheckReport& report) {
 
 Totals totalsOf(const std::vector<const Finding*>& findings) {
     Totals totals;
+    // A page without findings is one passed test.
     totals.tests = findings.empty() ? 1 : findings.size();
     for (const Finding* finding : findings) {
         ++(finding->level == FindingLevel::Error ? totals.failures : totals.skipped);

@@ -93,6 +93,7 @@ ProfileFields ClearFields() {
 }
 
 void StoreFields(const ProfileFields& fields, Settings& settings) {
+    // A copy: a number that does not fit must leave the current profile as it is.
     Profile profile = settings.profile;
     for (const TextField& text : Texts) {
         profile.*text.stored = fields.*text.shown;

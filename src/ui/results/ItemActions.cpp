@@ -8,6 +8,7 @@ namespace quillmark {
 namespace {
 
 ItemTarget targetOf(const RunState& run, std::string_view text) {
+    // Lists hold local paths in "/" form, too.
     if (run.localMode) {
         const std::string file = ToBackSlashes(text);
         return {file, file, file, 0};

@@ -70,6 +70,7 @@ std::string ResultsView::text(int row, int column) const {
     if (siteRows_ != nullptr) {
         return siteText(siteRow(row), column);
     }
+    // The next run may have cleared the list behind these rows.
     const ResultList& list = *columns_.at(static_cast<std::size_t>(column)).list;
     const int line = rows_[static_cast<std::size_t>(row)];
     return std::string(line < list.Count() ? list.Line(line) : std::string_view());
@@ -217,6 +218,7 @@ void ResultsView::addColumn(const ResultList& list, std::string_view header) {
 void ResultsView::addRows(const ResultList& source, bool masked, const ResultList* sortedIndexes) {
     const BuildingList building(progress_);
     rows_ = rowsOf(source, masked, sortedIndexes);
+    // The sort keys have served: they would only take memory.
     workspace_.lists.TempList.Clear();
     workspace_.lists.TempListCount.Clear();
     if (source.Count() >= ResultList::Maximum) {

@@ -42,6 +42,7 @@ public:
 
     int rowCount() const { return static_cast<int>(rows_.size()); }
     int columnCount() const { return columnCount_; }
+    /// The title of a column, with 0 <= column < columnCount().
     std::string_view header(int column) const;
     /// A cell, with 0 <= row < rowCount() and 0 <= column < columnCount(). Empty if the results
     /// were cleared in the meantime.

@@ -8,6 +8,7 @@ namespace quillmark {
 
 namespace {
 
+/// The page of a reference by its index: pages only know their first one.
 std::uint32_t pageOfReference(const SiteResults& results, std::size_t index) {
     const auto behind = std::upper_bound(results.pages.begin(), results.pages.end(), index,
                                          [](std::size_t reference, const SitePage& page) {
@@ -27,6 +28,7 @@ std::string_view reference(const SiteResults& results, std::size_t index) {
 SiteRow rowOfReference(const SiteResults& results, std::size_t index) {
     SiteRow row;
     row.reference = row.path = reference(results, index);
+    // No page refers to the start page, which has the first row.
     if (index == 0) {
         row.from = BaseFile;
     } else {
