@@ -32,7 +32,7 @@ void CheckRun::stop() {
 }
 
 RunOutcome CheckRun::HostHandler() {
-    // While the run lets events run, the user may change settings.
+    // Whatever changes the settings meanwhile, a run keeps to those it began with.
     const Settings snapshot = settings_;
     try {
         prepare();

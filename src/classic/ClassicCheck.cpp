@@ -8,6 +8,7 @@ void ClassicCheck::perform() {
     if (remote) {
         parts_.walk.testStartFile();
     }
+    // Each step looks at the abort flag itself.
     parts_.walk.listStartDirectory();
     parts_.walk.listDirectories();
     parts_.walk.scanStartFile();

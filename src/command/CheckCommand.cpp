@@ -148,6 +148,7 @@ int finish(const Options& options, RunOutcome outcome, Workspace& workspace,
         return NotFinished;
     }
     if (!options.writeBaseline.empty()) {
+        // From now on all of this is known.
         saveBaseline(options.writeBaseline, report.site());
         return NothingInvalid;
     }
@@ -165,6 +166,7 @@ int runCheck(const Options& options) {
         place.claim();
         Workspace workspace;
         readSettings(options, workspace.settings, place.files());
+        // Until here an error means that nothing was checked.
         started = true;
         TraceFile trace(options.trace);
         const RunOutcome outcome = performRun(options, workspace, place.folder(), trace);

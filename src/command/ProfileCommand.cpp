@@ -48,6 +48,8 @@ void requireStorable(const Profile& profile) {
     }
 }
 
+/// Warns if a user is left without a password, except with SFTP, where an agent or a key may log
+/// in.
 void updatePassword(const Options& options, Profile& profile) {
     auto password = givenPassword(options);
     if (!password && profile.USER_PASSWORD.empty() && !profile.USER_NAME.empty()) {
@@ -65,6 +67,7 @@ void updatePassword(const Options& options, Profile& profile) {
 void saveProfile(const Options& options, SettingsFiles& files) {
     requireProfileKeys(options);
     Settings settings{{}, newProfile()};
+    // A profile that is there keeps what the command line does not name.
     const std::vector<std::string> names = ListProfiles(files);
     if (std::find(names.begin(), names.end(), options.profile) != names.end()) {
         loadNamedProfile(options.profile, settings, files);

@@ -57,6 +57,7 @@ std::optional<std::filesystem::path> DesktopFileDialogs::saveFile(QWidget* owner
     beginIn(dialog, question.proposed.parent_path());
     dialog.selectFile(nameOf(question.proposed.filename()));
     auto chosen = asked(dialog);
+    // A No leads back to the dialog, where another name can be chosen.
     while (chosen && QFileInfo::exists(nameOf(*chosen)) && !mayReplace(owner, nameOf(*chosen))) {
         chosen = asked(dialog);
     }

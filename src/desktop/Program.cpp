@@ -42,6 +42,7 @@ Program::Program(std::filesystem::path folder, std::filesystem::path help,
     feed_.onPosted([this] { window_.messagesPosted(); });
     trace_.onTraced([this] { window_.conversationTraced(); });
     progress_.setOwner(&window_);
+    // What the file does not hold, or cannot be read of it, keeps these values.
     SetDefaultSettings(workspace_.settings);
     try {
         ReadConfigurations(workspace_.settings, files_, messageBox);

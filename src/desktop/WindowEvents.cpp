@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::chrono::milliseconds Interval{15};
 constexpr std::chrono::milliseconds Budget{10};
+// Some window systems never say that a window is on the screen.
 constexpr std::chrono::milliseconds LongestWait{300};
 
 } // namespace

@@ -33,6 +33,7 @@ std::optional<fs::path> executableFolder() {
 
 fs::path userDataFolder() {
     const auto data = environmentPath("XDG_DATA_HOME");
+    // A relative path does not count (XDG base directories).
     if (data && data->is_absolute()) {
         return *data / "quillmark";
     }

@@ -107,6 +107,7 @@ std::optional<std::string> promptForPassword(const std::string& question) {
     if (!terminal.isOpen()) {
         return std::nullopt;
     }
+    // Held first, so that no signal ends the program while its terminal is silent.
     const HeldSignals held;
     const FileDescriptor signals(signalfd(-1, &held.set(), SFD_CLOEXEC));
     const SilentTerminal silent(terminal.number());

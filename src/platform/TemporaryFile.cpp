@@ -17,6 +17,7 @@ namespace {
 constexpr std::string_view Prefix = ".quillmark-";
 constexpr std::string_view Extension = ".tmp";
 
+/// The process id tells the next program whether this one still runs.
 std::string nameFor(pid_t process, int attempt) {
     return std::string(Prefix) + std::to_string(process) + "-" + std::to_string(attempt) +
            std::string(Extension);
@@ -31,6 +32,7 @@ bool isAbandoned(const std::string& name) {
     const char* const end = name.data() + name.size();
     const auto read = std::from_chars(name.data() + Prefix.size(), end, process);
     const bool isOurs = read.ec == std::errc() && read.ptr != end && *read.ptr == '-';
+    // Signal 0 only asks whether there is such a process.
     return isOurs && process > 0 && ::kill(process, 0) != 0 && errno == ESRCH;
 }
 

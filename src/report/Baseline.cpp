@@ -13,6 +13,7 @@ using Json = nlohmann::json;
 
 constexpr int FileVersion = 1;
 
+/// The texts as the file has them: bytes that are not UTF-8 would never be found in it again.
 Baseline::Key keyOf(const SiteResults& site, const Finding& finding) {
     return {soundUtf8(site.fromTop(site.pagePath(finding.at.page))), soundUtf8(finding.reference),
             std::string(nameOf(finding.kind))};
@@ -25,6 +26,7 @@ Baseline readFindings(const Json& file) {
     Baseline baseline;
     for (const Json& finding : file.at("findings")) {
         const Baseline::Key key{finding.at("page"), finding.at("reference"), finding.at("kind")};
+        // A file that was edited or merged may have a finding twice.
         baseline.counts[key] += finding.at("count").get_ref<const Json::number_unsigned_t&>();
     }
     return baseline;

@@ -52,6 +52,7 @@ std::pair<std::uint32_t, std::size_t> characterAt(std::string_view text, std::si
 }
 
 std::string escapeSteering(std::string json) {
+    // Nearly all texts are ASCII, whose control characters are escaped by now.
     if (std::all_of(json.begin(), json.end(), [](char c) { return c >= 0 && c < 0x7F; })) {
         return json;
     }

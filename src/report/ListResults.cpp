@@ -129,6 +129,7 @@ private:
     Place placeOn(std::string_view page) {
         Place place;
         place.page = pageOf(page);
+        // The classic rules know no lines.
         place.line = place.column = 0;
         return place;
     }

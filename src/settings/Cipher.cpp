@@ -60,6 +60,7 @@ void Cipher::KeyString(std::string_view key) {
 void Cipher::SeedFromKey(std::string_view key) {
     generator_.mix(generator_.reseed(-1));
     for (const char c : key) {
+        // Each character moves the generator on, so that their order counts.
         const double product = double{generator_.next()} * byteCode(c);
         generator_.mix(generator_.reseed(static_cast<float>(-product)));
     }

@@ -14,6 +14,7 @@ namespace quillmark {
 namespace {
 
 constexpr std::string_view VersionPrefix = "#QUILLMARK=";
+// The same without the "#" and "=", which appendLine() adds.
 constexpr std::string_view VersionKey = VersionPrefix.substr(1, VersionPrefix.size() - 2);
 constexpr std::string_view OlderVersionMessage =
     "Your configuration file is from an older version of Quillmark\r\nSettings will be reset";
@@ -55,9 +56,8 @@ bool LoadConfigurations(Settings& settings, SettingsFiles& files,
             readSetting(reader, settings, setting);
         }
         return true;
-        // Whatever is wrong with the file, the program works with what was read and the values
-        // before.
     } catch (const Failure&) {
+        // Whatever is wrong with the file, a check can run with what was read of it.
         return false;
     }
 }

@@ -19,6 +19,7 @@ unsigned hexValue(char digit) {
     return at < HexDigits.size() ? at : at - 6;
 }
 
+/// Reads 64 hexadecimal digits, or 32 pairs of them with a ":" between two.
 std::optional<Sha256> hexIn(std::string_view text) {
     std::string digits(text);
     const bool pairs = text.size() == 95; // 32 pairs of digits and the 31 colons between them.
@@ -40,6 +41,7 @@ std::optional<Sha256> hexIn(std::string_view text) {
     return hash;
 }
 
+/// Reads 43 digits of base64, with or without the "=" that fills up their last group.
 std::optional<Sha256> base64In(std::string_view text) {
     if (text.ends_with('=')) {
         text.remove_suffix(1);
@@ -90,6 +92,7 @@ std::string keyFingerprint(const Sha256& hash) {
             text += Base64Digits[bits >> count & 63U];
         }
     }
+    // Four bits are left over: zeros fill up the last digit.
     text += Base64Digits[bits << (6 - count) & 63U];
     return text;
 }

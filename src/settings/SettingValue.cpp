@@ -15,6 +15,7 @@ std::string quoted(std::string_view text) {
     return std::string("\"").append(text).append("\"");
 }
 
+/// The setting with this key, of whichever file. Throws SettingError if there is none.
 const SettingKey& requireSetting(std::string_view key) {
     for (const std::span<const SettingKey> keys :
          {std::span<const SettingKey>(ConfigurationKeys), std::span<const SettingKey>(ProfileKeys),

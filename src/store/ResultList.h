@@ -37,7 +37,6 @@ public:
     void AppendFrom(const ResultList& other, int i);
     /// Line i, with 0 <= i < Count().
     std::string_view Line(int i) const;
-    /// How many lines the list has.
     int Count() const;
     /// Removes all lines and ends the life of their bytes, unless another list shares them.
     void Clear();

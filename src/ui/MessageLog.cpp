@@ -21,6 +21,7 @@ void MessageLog::MessageHandler(bool debug, std::string_view text) {
         keep(text);
         trace(text);
     }
+    // The log comes last: it alone can fail, and the message is everywhere else by then.
     show(debug, text);
     write(text);
 }

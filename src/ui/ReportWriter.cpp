@@ -63,6 +63,7 @@ void writePair(LineWriter& report, std::string_view title, const ResultList& fro
     report.line();
     report.line(title);
     report.line();
+    // The second column begins behind the longest line of the first.
     const std::size_t width = longestLine(from);
     for (int i = 0; i < references.Count(); ++i) {
         report.line(PadToColumn(from.Line(i), width), references.Line(i));

@@ -16,6 +16,7 @@ void TraceLog::Trace(std::string_view text) {
     if (lines_.Count() > FullCount) {
         lines_.RemoveFirst();
     }
+    // A trace may be shown or sent to others.
     if (text.starts_with(PasswordCommand)) {
         text = PasswordCommand;
     }

@@ -45,6 +45,8 @@ void ReferenceResolver::MakeAddition(std::string_view targetDirectory, std::stri
     std::string path = prefix ? std::string() : context_.state.currentDirectory;
     path.append(targetDirectory).append(target);
     const bool isNew = file(path);
+    // The built-in prefixes do not know "https:", which sites of today are full of: users are
+    // warned.
     if (isNew && !prefix && upperAscii(reference.substr(0, SecureScheme.size())) == SecureScheme) {
         ++context_.state.reading.secureAddresses;
     }

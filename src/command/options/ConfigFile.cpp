@@ -159,6 +159,7 @@ private:
         }
     }
 
+    /// Throws if a found file decides what it must not.
     void requireHarmless(const CLI::ConfigItem& item, const std::string& place) const {
         const bool harmful =
             isAmong(NotInFound, item.name) || options_.at(item.name)->get_group() == HostGroup ||
@@ -177,6 +178,7 @@ private:
         }
     }
 
+    /// A path in the file starts at the file's folder, wherever the program was started.
     void resolvePaths(CLI::ConfigItem& item) const {
         const std::string type = options_.at(item.name)->get_type_name();
         for (std::string& value : item.inputs) {

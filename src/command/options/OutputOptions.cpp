@@ -18,6 +18,7 @@ std::string namesOfFormats() {
     return names;
 }
 
+/// Takes FORMAT[:FILE] apart. The file "-" is standard output, as no file is.
 Output parseOutput(const std::string& text) {
     const std::size_t colon = text.find(':');
     Output output{text.substr(0, colon), ""};

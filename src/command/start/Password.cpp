@@ -13,9 +13,11 @@ namespace {
 std::string firstLineOf(const std::string& file) {
     std::ifstream stream(file, std::ios::binary);
     std::string line;
+    // An empty file holds an empty password.
     if (!stream || (!std::getline(stream, line) && !stream.eof())) {
         throw CannotStart("the password file \"" + file + "\" cannot be read");
     }
+    // Some editors end lines in CR LF.
     if (line.ends_with('\r')) {
         line.pop_back();
     }

@@ -90,6 +90,7 @@ void applyHost(const Options& options, Settings& settings) {
     if (!options.startPath.empty()) {
         setByKey(settings, "START_PATH", options.startPath);
     }
+    // Before --port, since the encryption moves the port.
     applyEncryption(options, settings);
     if (options.port) {
         setByKey(settings, "HOST_PORT", *options.port);

@@ -55,6 +55,7 @@ bool AlternatingFile::openSpare() {
         return true;
     }
     ::unlink(spareFile_.c_str());
+    // O_EXCL: a link put there by somebody else must not lead our writing to another file.
     spare_ = {FileDescriptor(
         ::open(spareFile_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, PageMode))};
     struct stat status {};

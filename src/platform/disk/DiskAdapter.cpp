@@ -33,6 +33,7 @@ bool isPlainFile(const FileDescriptor& file) {
     return fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+/// Leaves out hidden names, links, and what is neither a folder nor a plain file.
 void sortEntry(const fs::directory_entry& entry, FolderListing& listing) {
     std::string name = entry.path().filename().string();
     std::error_code error;

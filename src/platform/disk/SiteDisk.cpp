@@ -76,6 +76,7 @@ struct PlainFile {
 /// Reads to the end, even of a file that grows or shrinks meanwhile. The buffer never shrinks,
 /// since each growth would fill it with zeros first.
 std::size_t readAll(const FileDescriptor& file, std::size_t expected, std::string& buffer) {
+    // One byte more than expected: the end is then found without growing.
     buffer.resize(std::max(buffer.size(), expected + 1));
     std::size_t length = 0;
     for (;;) {

@@ -22,6 +22,7 @@ std::string quoted(const fs::path& file) {
     return "\"" + file.string() + "\"";
 }
 
+/// A start file to propose instead of its folder: one that is there, if any.
 fs::path exampleIn(const fs::path& folder) {
     for (const char* name : {"index.html", "index.htm", "default.htm"}) {
         if (fs::exists(folder / name)) {

@@ -98,6 +98,7 @@ void FetchAhead::harvest() {
 
 void FetchAhead::settle(const Transfer& transfer, CURLcode code) {
     Fetch& fetch = transfer.fetch();
+    // Copied first, since the transfer ends before its answer is followed.
     const std::string host = transfer.host();
     const Reply reply = transfer.reply(code);
     running_.erase(&transfer);
@@ -170,6 +171,7 @@ void FetchAhead::end(Fetch& fetch, UrlFailure failure) {
 void FetchAhead::endAll() {
     running_.clear();
     resting_.clear();
+    // With room for none, so that nothing starts any more.
     waiting_ = HostQueue(0);
     for (auto& each : fetches_) {
         if (!each.second.ended) {

@@ -38,7 +38,7 @@ UrlAnswer Inet::OpenURL(const UrlRequest& request) {
         fetches_->wait(Slice);
         fetches_->drive();
     }
-    // Ends all requests.
+    // The run is being aborted: nobody waits for the other requests.
     expect({}, {});
     return {UrlFailure::NotAsked, 0, {}};
 }

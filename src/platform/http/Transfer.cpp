@@ -40,6 +40,8 @@ std::vector<std::string> cookiesOf(CURL* easy) {
 CurlList headersFor(const WebAddress& address, const std::vector<HeaderRule>& rules) {
     CurlList list;
     for (const HeaderRule& rule : rules) {
+        // Hosts and ports are compared whole: a header may hold a secret that no other host may
+        // see.
         const auto prefix = WebAddress::parse(rule.prefix);
         if (prefix && address.comparable().starts_with(prefix->comparable())) {
             list.reset(curl_slist_append(list.release(), rule.line.c_str()));
@@ -174,6 +176,7 @@ std::size_t Transfer::receiveHeader(const char* bytes, std::size_t /*one*/, std:
 
 curl_socket_t Transfer::openSocket(void* transfer, curlsocktype /*purpose*/,
                                    curl_sockaddr* address) {
+    // This is the address that would be connected to: no name or redirect can hide it.
     if (isPrivate(address->addr)) {
         static_cast<Transfer*>(transfer)->private_ = true;
         return CURL_SOCKET_BAD;
@@ -197,6 +200,7 @@ bool Transfer::body(std::string_view bytes) {
 bool Transfer::header(std::string_view line) {
     constexpr std::size_t LineCost = 128;
     headerBytes_ += line.size() + LineCost;
+    // An answer of 1xx only announces the real one.
     const bool ends = line == "\r\n" || line == "\n";
     answered_ = answered_ || (ends && status() >= 200);
     return headerBytes_ <= limits_.header;

@@ -30,6 +30,7 @@ private:
                                                           : many + " not looked for";
     }
 
+    /// Green only if all references were compared with the inventory.
     std::string_view styleOfInvalid(std::size_t count) const {
         if (count > 0) {
             return Red;

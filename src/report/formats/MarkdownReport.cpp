@@ -28,6 +28,7 @@ std::size_t longestRunOfBackticks(std::string_view text) {
 /// A code span (CommonMark 0.30, section 6.1), in which no character has a meaning.
 std::string code(std::string_view bytes) {
     std::string text = printable(bytes, LongestName);
+    // A character has four bytes at most: more of the text need not be looked at to see a cut.
     text += text.size() < printable(bytes.substr(0, 4 * LongestName)).size() ? "..." : "";
     const std::string fence(longestRunOfBackticks(text) + 1, '`');
     return fence + (fence.size() > 1 ? " " + text + " " : text) + fence;
@@ -61,6 +62,7 @@ public:
     }
 
 private:
+    /// Counts the new findings of each defect.
     void countPlaces() {
         for (std::size_t i = 0; i < site_.findings.size(); ++i) {
             places_[Defect(site_.findings[i])] += report_.isKnown(i) ? 0U : 1U;

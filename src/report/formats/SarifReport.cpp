@@ -10,6 +10,7 @@ namespace {
 constexpr std::string_view Schema =
     "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json";
 
+/// SARIF wants sentences, with a capital letter and a full stop.
 std::string sentence(std::string_view explanation) {
     std::string text(explanation);
     if (text[0] >= 'a' && text[0] <= 'z') {

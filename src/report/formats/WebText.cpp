@@ -40,6 +40,7 @@ private:
     void writeFindings() {
         const bool sound = report_.errors() == 0 && report_.outcome == RunOutcome::Finished;
         out_ << in(sound ? Green : Red, findingCounts(report_)) << "\n";
+        // The findings come page by page.
         std::vector<const Finding*> page;
         for (std::size_t i = 0; i < results_.findings.size(); ++i) {
             if (report_.isKnown(i)) {

@@ -56,6 +56,7 @@ std::string shortText(std::string_view bytes) {
 }
 
 std::string sourceText(std::string line) {
+    // printable() would write a tab as "\x09".
     std::replace(line.begin(), line.end(), '\t', ' ');
     return pageText(line);
 }

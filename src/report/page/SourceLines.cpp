@@ -11,6 +11,7 @@ namespace quillmark {
 
 namespace {
 
+// In characters: what fits into a line or two of the page.
 constexpr std::size_t MostBefore = 60;
 constexpr std::size_t MostAfter = 160;
 constexpr std::string_view Ellipsis = "…";

@@ -16,11 +16,13 @@ ItemTarget targetOf(const RunState& run, std::string_view text) {
     return {run.baseUrl + std::string(text), std::string(text), {}, 0};
 }
 
+/// As the classic rules see it: anywhere in the text.
 bool isWebAddress(std::string_view text) {
     const std::string upper = upperAscii(text);
     return upper.find("HTTP:") != std::string::npos || upper.find("FTP:") != std::string::npos;
 }
 
+/// As browsers see it: at the beginning.
 bool leadsToWeb(std::string_view reference) {
     const std::string upper = upperAscii(reference.substr(0, 8));
     return upper.starts_with("HTTP://") || upper.starts_with("HTTPS://") ||

@@ -126,6 +126,7 @@ std::string ResultsView::findingsCaption() const {
            (notes == 1 ? " Note)" : " Notes)");
 }
 
+/// Fills the view after a check with the web rules, whose findings tell more than the lists.
 void ResultsView::showSite(const ResultDisplay& display) {
     const ResultList& source = workspace_.lists.*display.source;
     siteRows_ = display.site;
