@@ -16,7 +16,7 @@ using Kind = HostOutcome::Kind;
 constexpr std::size_t Portion = std::size_t{128} * 1024;
 
 HostTasks::Handle taskOf(HostOperation operation, bool asked = false) {
-    const auto task = std::make_shared<HostTask>();
+    auto task = std::make_shared<HostTask>();
     task->operation = std::move(operation);
     task->asked = asked;
     return task;
