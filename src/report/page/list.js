@@ -11,7 +11,9 @@ function isIn(path, folderOrFile) {
     return isFolder ? path.startsWith(folderOrFile) : path === folderOrFile;
 }
 
-/** Groups the items by what `groupOf` gives for each: [{name, items}], in the order of discovery. */
+/**
+ * Groups the items by what `groupOf` gives for each: [{name, items}], in the order of discovery.
+ */
 function grouped(items, groupOf) {
     const groups = new Map();
     for (const item of items) {
@@ -34,7 +36,9 @@ function sorted(groups, sort) {
     return groups;
 }
 
-/** The list of one view, in groups: the items that match the search and lie in the chosen folder. */
+/**
+ * The list of one view, in groups: the items that match the search and lie in the chosen folder.
+ */
 class FindingList {
     constructor() {
         this.search = document.getElementById('search');

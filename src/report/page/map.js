@@ -7,7 +7,8 @@ const paper = {
 const titleHeight = 20;
 const shortestName = 56; // Pixels: a narrower rectangle would show only the beginning of a name.
 const frameEdge = 2;
-const smallestArea = 80; // Square pixels: nobody could hit less, so smaller ones share one rectangle.
+const smallestArea =
+    80; // Square pixels: nobody could hit less, so smaller ones share one rectangle.
 const smallestInside = 12; // Pixels: a folder with less room is drawn as one rectangle.
 
 /** The children of a folder that get a rectangle, largest first; the smallest ones share one. */

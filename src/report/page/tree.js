@@ -1,8 +1,8 @@
 'use strict';
 
 // The site as a tree. A file has {name, path} and totals: {size, count, errors, unused, duplicates,
-// state}. A folder also has `children`, and its totals are their sums. Its path ends in "/"; that of
-// the site itself is empty.
+// state}. A folder also has `children`, and its totals are their sums. Its path ends in "/"; that
+// of the site itself is empty.
 
 function worseState(a, b) {
     const states = ['sound', 'duplicate', 'unused', 'errors'];
