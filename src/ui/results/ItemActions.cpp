@@ -2,6 +2,7 @@
 
 #include "base/Paths.h"
 #include "base/UpperCase.h"
+#include "store/ResultLists.h"
 
 namespace quillmark {
 
