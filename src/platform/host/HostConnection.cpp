@@ -66,11 +66,11 @@ HostOutcome HostConnection::perform() {
     HostOutcome outcome = attempt();
     if (tasks_.mayRetry(seat_, outcome, !sockets_.openedAnew())) {
         outcome = attempt();
-        // SFTP answers to the reading of a directory, say, with an error that libcurl takes for one
-        // of the connection.
-        const bool isNew = outcome.kind == Kind::Lost && outcome.loggedIn && !interrupted_;
-        outcome.kind = isSftp() && isNew ? Kind::Refused : outcome.kind;
     }
+    // SFTP answers to the reading of a directory, say, with an error that libcurl takes for one of
+    // the connection. After a login of its own it hardly is.
+    const bool isNew = outcome.kind == Kind::Lost && outcome.loggedIn && sockets_.openedAnew();
+    outcome.kind = isSftp() && isNew && !interrupted_ ? Kind::Refused : outcome.kind;
     return outcome;
 }
 

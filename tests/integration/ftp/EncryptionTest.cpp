@@ -62,8 +62,10 @@ TEST_P(Encrypted, ListsRetrievesAndDeletes) {
         EXPECT_EQ(client.page(), tree.read(name)) << name;
     }
     EXPECT_FALSE(client.retrieve(path("missing.html")));
-    EXPECT_FALSE(client.retrieve(path("sub/")));
-    EXPECT_FALSE(client.retrieve(path("sub")));
+    // One more than there are connections: one of them fails twice.
+    for (const char* const folder : {"sub/", "sub", "sub/", "sub"}) {
+        EXPECT_FALSE(client.retrieve(path(folder)));
+    }
     EXPECT_THROW(client.ftp.deleteFile(path("missing.html")), Failure);
     EXPECT_THROW(client.ftp.removeDirectory(path("sub/")), Failure);
     client.ftp.deleteFile(path("sub/deep page.html"));
