@@ -1,6 +1,14 @@
 #include "run/FtpLogin.h"
 
+#include <cstdlib>
+
 namespace quillmark {
+
+std::string keyFileOf(const Profile& profile) {
+    const char* const home = std::getenv("HOME");
+    const bool isInHome = profile.KEY_FILE.starts_with("~/") && home != nullptr;
+    return isInHome ? home + profile.KEY_FILE.substr(1) : profile.KEY_FILE;
+}
 
 FtpLogin loginOf(const Profile& profile) {
     FtpLogin login;
@@ -14,7 +22,7 @@ FtpLogin loginOf(const Profile& profile) {
     login.trusted = fingerprintIn(profile.TRUSTED);
     // The password opens the key file then, and must not reach the host.
     if (profile.logsInByKeyFile()) {
-        login.keyFile = profile.KEY_FILE;
+        login.keyFile = keyFileOf(profile);
         login.keyPassphrase = profile.USER_PASSWORD;
     } else {
         login.password = profile.USER_PASSWORD;

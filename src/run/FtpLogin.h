@@ -24,6 +24,9 @@ struct FtpLogin {
     std::string keyPassphrase = {};
 };
 
+/// Where the key file of a profile is; "~/" stands for the user's home folder.
+std::string keyFileOf(const Profile& profile);
+
 /// The login of a profile. With a key file the profile's password is the passphrase of that file,
 /// and is never sent.
 FtpLogin loginOf(const Profile& profile);

@@ -68,7 +68,8 @@ void applyEncryption(const Options& options, Settings& settings) {
         setByKey(settings, "TRUSTED", *options.trusted);
     }
     if (options.keyFile) {
-        profile.KEY_FILE = std::filesystem::absolute(*options.keyFile).string();
+        const std::string& file = *options.keyFile;
+        profile.KEY_FILE = file.starts_with("~/") ? file : std::filesystem::absolute(file).string();
     }
 }
 

@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "platform/NativePath.h"
 #include "platform/disk/Spelling.h"
+#include "run/FtpLogin.h"
 
 #include <fstream>
 
@@ -95,7 +96,7 @@ void requireStartFile(std::string_view startPath, Rules rules) {
 }
 
 void requireKeyFile(const Profile& profile) {
-    if (profile.logsInByKeyFile() && !std::ifstream(profile.KEY_FILE)) {
+    if (profile.logsInByKeyFile() && !std::ifstream(keyFileOf(profile))) {
         throw cannotStart("the key file " + quoted(fs::path(profile.KEY_FILE)) + " cannot be read");
     }
 }

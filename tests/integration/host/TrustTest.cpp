@@ -13,10 +13,16 @@ using ::testing::Not;
 /// A check of a small site on an encrypted host, by somebody who knows no host yet.
 class Trust : public testing::TestWithParam<std::string> {
 protected:
-    Trust() { bench.writeBrokenSite(); }
+    Trust() {
+        bench.writeBrokenSite();
+        if (!login.keyFile.empty()) {
+            std::filesystem::create_symlink(login.keyFile, home.path() / "key");
+            login.keyFile = "~/key";
+        }
+    }
 
     Command command(const Words& more) const {
-        Words words = wordsOf(server.login());
+        Words words = wordsOf(login);
         words.insert(words.end(), {"--start", bench.start()});
         words.insert(words.end(), more.begin(), more.end());
         Command command = bench.command(words);
@@ -25,10 +31,11 @@ protected:
         command.environment["QUILLMARK_PASSWORD"] = secret();
         return command;
     }
-    const std::string& secret() const { return secretOf(server.login()); }
-    bool sftp() const { return server.login().encryption == Encryption::Sftp; }
+    const std::string& secret() const { return secretOf(login); }
+    bool sftp() const { return login.encryption == Encryption::Sftp; }
 
     EncryptedServer server{GetParam()};
+    FtpLogin login = server.login();
     CommandBench bench;
     TempFolder home;
 };
