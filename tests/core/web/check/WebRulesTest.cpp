@@ -39,7 +39,7 @@ const std::vector<Row> Rows = {
      "<a href=a.html#x><a href=a.html#y><a href=a.html><a href=' a.html#x '><a href='a.html#z '>",
      "fragment-missing 1:26 a.html#y; fragment-missing 1:80 a.html#z "},
     {"NothingInFrontOfAFragment", "<p id=x><a href=#x><a href=''><a href=#y>",
-     "fragment-missing 1:40 #y"},
+     "fragment-missing 1:39 #y"},
     {"BaseForAll", "<base href=docs/><a href=c.html><a href=#x>", ""},
     {"BaseOfAnotherSite", "<base href=https://b.example/><a href=c.html>", "",
      "another site: c.html"},
