@@ -89,11 +89,13 @@ void CheckRun::prepare() {
     }
 }
 
+// What they hold would be taken for this run's if it wrote none of its own.
 void CheckRun::deleteEarlierFiles() {
     outside_.disk.deleteIfThere(programFolder_ + "Quillmark.log");
     outside_.disk.deleteIfThere("debug.txt");
 }
 
+// Paths on hosts are separated by "/", so that one backslash tells a local site.
 void CheckRun::announceMode() {
     state_.localMode = settings_.profile.START_PATH.find('\\') != std::string::npos;
     outside_.messages.post(state_.localMode ? "Quillmark running in Local Mode"
@@ -149,6 +151,7 @@ RunOutcome CheckRun::failedEnd(const Failure& failure) {
     return RunOutcome::Failed;
 }
 
+// A Stop that came too late for this run must not end the next one.
 void CheckRun::leaveRunState() {
     outside_.disk.endRun();
     outside_.listener.leaveRunState();

@@ -6,6 +6,7 @@ namespace quillmark {
 
 namespace {
 
+/// The lists write a directory with "/" at its end.
 void deletePath(FtpComponent& ftp, std::string_view path) {
     if (path.ends_with('/')) {
         ftp.removeDirectory(path);
@@ -20,7 +21,7 @@ void deleteOnHost(FtpComponent& ftp, Messages& messages, const Profile& profile,
                   std::string_view path) {
     messages.post("Attempting to delete file ", path);
     FtpLogin login = loginOf(profile);
-    login.connections = 1;
+    login.connections = 1; // One command; further logins would only cost the host.
     ftp.connect(login);
     if (!ftp.connected()) {
         messages.post("Unable to connect");

@@ -67,6 +67,7 @@ std::vector<int> sortedLines(int count, const LineOf& line, SortOrder order) {
     };
     std::vector<Keyed> keyed;
     keyed.reserve(static_cast<std::size_t>(count));
+    // In the same order as VeryQuickSort, equal keys in reverse.
     for (int i = count - 1; i >= 0; --i) {
         const PathParser parser(line(i));
         keyed.push_back({order == SortOrder::Name ? parser.FileName() : parser.Path(), i});
