@@ -64,13 +64,14 @@ HostOutcome HostConnection::perform() {
         return sockets_.isAlive() ? attempt() : HostOutcome{Kind::Lost};
     }
     HostOutcome outcome = attempt();
-    if (tasks_.mayRetry(seat_, outcome, !sockets_.openedAnew())) {
-        outcome = attempt();
-    }
     // SFTP answers to the reading of a directory, say, with an error that libcurl takes for one of
-    // the connection. After a login of its own it hardly is.
-    const bool isNew = outcome.kind == Kind::Lost && outcome.loggedIn && sockets_.openedAnew();
-    outcome.kind = isSftp() && isNew && !interrupted_ ? Kind::Refused : outcome.kind;
+    // the connection. Twice in a row, each time after a login, it hardly is.
+    const auto mayBeRefusal = [&] { return isSftp() && outcome.loggedIn && !interrupted_; };
+    if (tasks_.mayRetry(seat_, outcome, !sockets_.openedAnew() || mayBeRefusal())) {
+        outcome = attempt();
+        const bool isRefusal = outcome.kind == Kind::Lost && mayBeRefusal();
+        outcome.kind = isRefusal ? Kind::Refused : outcome.kind;
+    }
     return outcome;
 }
 
