@@ -103,6 +103,18 @@ bool Process::running() {
     return !ended_;
 }
 
+bool Process::waitForPort(int port, const std::string& address) {
+    using namespace std::chrono_literals;
+    const auto end = std::chrono::steady_clock::now() + 120s;
+    while (!works(connect, address, port)) {
+        if (!running() || std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::sleep_for(10ms);
+    }
+    return true;
+}
+
 Finished Process::wait() {
     if (!ended_) {
         reap(0);
@@ -184,18 +196,6 @@ int freePort() {
         }
     }
     throw std::runtime_error("no free port");
-}
-
-bool waitForPort(int port, const std::string& address) {
-    using namespace std::chrono_literals;
-    const auto end = std::chrono::steady_clock::now() + 120s;
-    while (!works(connect, address, port)) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
 }
 
 } // namespace quillmark::test

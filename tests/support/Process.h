@@ -38,6 +38,9 @@ public:
     bool running();
     /// Waits for its end and returns what it printed.
     Finished wait();
+    /// Waits until somebody listens on a port of 127.0.0.1, or of ::1; false if the process ends
+    /// before, and after two minutes.
+    bool waitForPort(int port, const std::string& address);
     /// What it has printed to standard output and standard error by now.
     std::string outSoFar() const { return output_.read("out"); }
     std::string errSoFar() const { return output_.read("err"); }
@@ -84,8 +87,5 @@ Finished run(const Command& command);
 /// A port of 127.0.0.1 that was free a moment ago; another at each call, and one that a profile
 /// can keep in its 16 bits with a sign.
 int freePort();
-
-/// Waits until somebody listens on the port of 127.0.0.1, or of ::1; false after two minutes.
-bool waitForPort(int port, const std::string& address = "127.0.0.1");
 
 } // namespace quillmark::test

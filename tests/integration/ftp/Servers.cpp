@@ -30,7 +30,7 @@ std::size_t countOf(const std::string& text, std::string_view part) {
 
 void Server::start(const Command& command) {
     process_.emplace(command);
-    if (!waitForPort(login_.port, login_.host)) {
+    if (!process_->waitForPort(login_.port, login_.host)) {
         throw std::runtime_error("no server: " + process_->errSoFar() + process_->outSoFar());
     }
 }

@@ -6,6 +6,15 @@
 #include "windows/shared/ThemedIcon.h"
 #include "windows/support/Controls.h"
 
+#include <QCheckBox>
+#include <QColor>
+#include <QGroupBox>
+#include <QIcon>
+#include <QImage>
+#include <QPalette>
+#include <QProgressBar>
+#include <QTreeView>
+
 #include <algorithm>
 #include <cmath>
 #include <vector>

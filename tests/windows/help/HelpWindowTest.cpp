@@ -2,6 +2,13 @@
 #include "windows/shared/Theme.h"
 #include "windows/support/TestContext.h"
 
+#include <QColor>
+#include <QDialog>
+#include <QListWidget>
+#include <QPalette>
+#include <QTextBrowser>
+#include <QTextCursor>
+
 namespace quillmark::test {
 
 class HelpWindowTest : public QObject {

@@ -1,5 +1,13 @@
 #include "windows/support/TestProgram.h"
 
+#include <QAccessible>
+#include <QAction>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTabBar>
+
 #include <map>
 
 namespace quillmark::test {

@@ -2,6 +2,15 @@
 #include "windows/shared/Text.h"
 #include "windows/support/TestProgram.h"
 
+#include <QAction>
+#include <QCheckBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QGroupBox>
+#include <QListView>
+#include <QMimeData>
+#include <QUrl>
+
 #include <tuple>
 
 namespace quillmark::test {

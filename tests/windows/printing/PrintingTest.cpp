@@ -4,7 +4,11 @@
 #include "windows/shared/Text.h"
 #include "windows/support/TestContext.h"
 
+#include <QPageLayout>
+#include <QPageSize>
 #include <QPdfWriter>
+#include <QProcess>
+#include <QRegularExpression>
 
 namespace quillmark::test {
 

@@ -3,6 +3,15 @@
 #include "windows/results/ResultsTree.h"
 #include "windows/support/TestContext.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGroupBox>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QToolTip>
+#include <QTreeView>
+
 #include <new>
 #include <stdexcept>
 

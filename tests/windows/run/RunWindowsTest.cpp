@@ -4,6 +4,11 @@
 #include "windows/shared/Text.h"
 #include "windows/support/TestContext.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QListView>
+#include <QProgressBar>
+
 namespace quillmark::test {
 
 namespace {

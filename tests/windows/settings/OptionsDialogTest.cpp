@@ -1,6 +1,10 @@
 #include "windows/settings/frmConfig2.h"
 #include "windows/support/TestContext.h"
 
+#include <QAction>
+#include <QCheckBox>
+#include <QSignalSpy>
+
 namespace quillmark::test {
 
 class OptionsDialogTest : public QObject {

@@ -1,5 +1,9 @@
 #include "windows/settings/OpenProfile.h"
 
+#include <QAction>
+#include <QCheckBox>
+#include <QSignalSpy>
+
 namespace quillmark::test {
 
 class ProfileDialogTest : public QObject {

@@ -1,5 +1,8 @@
 #include "windows/settings/OpenProfile.h"
 
+#include <QAction>
+#include <QSpinBox>
+
 namespace quillmark::test {
 
 /// The fields of the profile dialog, and what it says of them.
