@@ -3,10 +3,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace quillmark::test {
 
@@ -36,8 +37,9 @@ public:
         return file;
     }
     std::string read(const std::filesystem::path& name) const {
-        std::ifstream file(path_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        std::ostringstream bytes;
+        bytes << std::ifstream(path_ / name, std::ios::binary).rdbuf();
+        return std::move(bytes).str();
     }
 
 private:

@@ -47,7 +47,7 @@ def redirect(target, status="302 Found"):
 
 
 def zipped(body):
-    return answer(gzip.compress(body), "200 OK", "Content-Encoding: gzip")
+    return answer(gzip.compress(body, 1), "200 OK", "Content-Encoding: gzip")
 
 
 def page(path, _writer):

@@ -18,8 +18,8 @@ namespace quillmark::test {
 class WebServer {
 public:
     WebServer() {
-        run({{"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=localhost",
-              "-keyout", key_, "-out", certificate_}});
+        run({{"openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:P-256",
+              "-nodes", "-subj", "/CN=localhost", "-keyout", key_, "-out", certificate_}});
         process_.emplace(Command{{"python3", WEB_SERVER, "0", "0", certificate_, key_}});
         std::istringstream ports(firstLine());
         ports >> port_ >> tlsPort_;
