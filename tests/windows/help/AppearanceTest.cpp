@@ -6,9 +6,7 @@
 #include "windows/shared/ThemedIcon.h"
 #include "windows/support/Controls.h"
 
-#include <QCheckBox>
 #include <QColor>
-#include <QGroupBox>
 #include <QIcon>
 #include <QImage>
 #include <QPalette>

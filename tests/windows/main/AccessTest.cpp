@@ -1,8 +1,6 @@
 #include "windows/support/TestProgram.h"
 
 #include <QAccessible>
-#include <QAction>
-#include <QGroupBox>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>

@@ -2,11 +2,8 @@
 #include "windows/shared/Text.h"
 #include "windows/support/TestProgram.h"
 
-#include <QAction>
-#include <QCheckBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QGroupBox>
 #include <QListView>
 #include <QMimeData>
 #include <QUrl>

@@ -6,8 +6,6 @@
 #include "windows/shared/ElidedLabel.h"
 #include "windows/support/TestProgram.h"
 
-#include <QAction>
-#include <QGroupBox>
 #include <QSet>
 
 namespace quillmark::test {

@@ -3,9 +3,7 @@
 #include "windows/results/ResultsTree.h"
 #include "windows/support/TestContext.h"
 
-#include <QAction>
 #include <QClipboard>
-#include <QGroupBox>
 #include <QHelpEvent>
 #include <QMenu>
 #include <QRegularExpression>

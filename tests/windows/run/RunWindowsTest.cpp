@@ -4,7 +4,6 @@
 #include "windows/shared/Text.h"
 #include "windows/support/TestContext.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QListView>
 #include <QProgressBar>

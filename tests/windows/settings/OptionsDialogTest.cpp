@@ -1,8 +1,6 @@
 #include "windows/settings/frmConfig2.h"
 #include "windows/support/TestContext.h"
 
-#include <QAction>
-#include <QCheckBox>
 #include <QSignalSpy>
 
 namespace quillmark::test {

@@ -1,7 +1,5 @@
 #include "windows/settings/OpenProfile.h"
 
-#include <QAction>
-#include <QCheckBox>
 #include <QSignalSpy>
 
 namespace quillmark::test {

@@ -1,6 +1,5 @@
 #include "windows/settings/OpenProfile.h"
 
-#include <QAction>
 #include <QSpinBox>
 
 namespace quillmark::test {
